@@ -1,0 +1,80 @@
+#include "cli/info_command.h"
+
+#include <algorithm>
+#include <bit>
+#include <map>
+#include <set>
+
+#include "store/sch_record.h"
+
+namespace sched {
+namespace {
+
+struct Summary {
+  std::map<int, std::set<int>> monthsOfYear;  // months with live rows, years with a row
+  int series = 0;
+  int multiDay = 0;
+  int alarmRows = 0;
+  int privateRows = 0;
+  int holidayOn = 0;
+  int holidayOff = 0;
+};
+
+Summary Summarize(const SchDatCTL& t) {
+  Summary s;
+  for (int y = 0; y < t.YearCount; ++y) {
+    const AncYYRow& year = t.AncYY.At(y);
+    s.monthsOfYear[year.Year];
+    for (int m = 0; m < 12; ++m) {
+      s.holidayOn += std::popcount(static_cast<std::uint32_t>(year.HolidayOn[static_cast<std::size_t>(m)]));
+      s.holidayOff += std::popcount(static_cast<std::uint32_t>(year.HolidayOff[static_cast<std::size_t>(m)]));
+    }
+  }
+  std::set<std::pair<int, int>> repeatSeries;
+  std::set<std::pair<int, int>> multiDaySeries;
+  const auto& list = t.SchDatList;
+  for (int row = 0; !list.IsEmpty() && row < list.Rows(); ++row) {
+    const SchDatRow& r = list.At(row);
+    if (!r.IsLive()) continue;
+    s.monthsOfYear[r.Year].insert(r.Month);
+    if (r.RepeatKind == kMultiDayKind) {
+      multiDaySeries.emplace(r.ParentSubNo, r.ParentStamp);
+    } else if (r.RepeatKind != 0) {
+      repeatSeries.emplace(r.ParentSubNo, r.ParentStamp);
+    }
+    if (r.AlarmOn > 0) ++s.alarmRows;
+    if (r.Private != 0) ++s.privateRows;
+  }
+  s.series = static_cast<int>(repeatSeries.size());
+  s.multiDay = static_cast<int>(multiDaySeries.size());
+  return s;
+}
+
+}  // namespace
+
+void WriteInfo(const ScheduleDocument& doc, std::ostream& out) {
+  const Summary s = Summarize(doc.Tables);
+  out << "Weekly holidays:";
+  for (int w = 0; w < 7; ++w) {
+    if (doc.WeekHoliday[static_cast<std::size_t>(w)] != 0) out << ' ' << WeekdayName(w);
+  }
+  out << "\nYears:";
+  if (s.monthsOfYear.empty()) out << " none";
+  out << '\n';
+  for (const auto& [year, months] : s.monthsOfYear) {
+    out << "  " << year << ':';
+    if (months.empty()) out << " holiday settings only";
+    for (int month : months) out << ' ' << month;
+    out << '\n';
+  }
+  out << "Records in the file: " << doc.LoadedRecords << '\n'
+      << "Rows (one a day of each item): " << doc.Tables.RowCount << '\n'
+      << "Repeat series: " << s.series << '\n'
+      << "Items over multiple days: " << s.multiDay << '\n'
+      << "Rows with an alarm: " << s.alarmRows << '\n'
+      << "Private rows: " << s.privateRows << '\n'
+      << "Holiday days set: " << s.holidayOn + s.holidayOff << " (" << s.holidayOn
+      << " as holidays, " << s.holidayOff << " as workdays)\n";
+}
+
+}  // namespace sched

@@ -1,0 +1,69 @@
+// scltool: reads, checks and rewrites schedule files from the command line.
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "cli/cli_store.h"
+#include "cli/dump_command.h"
+#include "cli/info_command.h"
+#include "platform/std/system_clock.h"
+#include "shell/sample_schedule.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: scltool info FILE.scl\n"
+    "       scltool dump FILE.scl\n"
+    "       scltool resave IN.scl OUT.scl\n"
+    "       scltool sample OUT.scl [YYYY MM DD]\n";
+
+int Usage() {
+  std::cerr << kUsage;
+  return 2;
+}
+
+int Run(const std::vector<std::string>& args) {
+  if (args.empty()) return Usage();
+  const std::string& command = args[0];
+  if ((command == "info" || command == "dump") && args.size() == 2) {
+    sched::CliStore cli;
+    if (!cli.Load(args[1])) return 1;
+    if (command == "info") {
+      std::cout << "File: " << args[1] << '\n';
+      sched::WriteInfo(cli.Document(), std::cout);
+    } else {
+      sched::WriteDumpJson(cli.Document(), std::cout);
+    }
+    return 0;
+  }
+  if (command == "resave" && args.size() == 3) {
+    sched::CliStore cli;
+    if (!cli.Load(args[1])) return 1;
+    cli.Store().Document().ScheduleFile = args[2];
+    return cli.Store().SaveScheduleFile() ? 0 : 1;
+  }
+  if (command == "sample" && (args.size() == 2 || args.size() == 5)) {
+    const sched::DateTime now = sched::SystemClock().Now();
+    sched::CivilDate today{now.year, now.month, now.day};
+    if (args.size() == 5) {
+      today = {std::atoi(args[2].c_str()), std::atoi(args[3].c_str()), std::atoi(args[4].c_str())};
+      // The sample reaches a year on either side of its date.
+      if (!sched::IsValidDate(today.year, today.month, today.day) ||
+          today.year <= sched::kFirstYear || today.year + 5 > sched::kLastYear) {
+        return Usage();
+      }
+    }
+    sched::CliStore cli;
+    sched::BuildSampleSchedule(cli.Store(), today);
+    cli.Store().Document().ScheduleFile = args[1];
+    return cli.Store().SaveScheduleFile() ? 0 : 1;
+  }
+  return Usage();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return Run(std::vector<std::string>(argv + 1, argv + argc));
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "store/calendar.h"
+#include "store/schedule_store.h"
+
+namespace sched {
+
+// Fills an empty store with a realistic schedule around `today`: meetings, all-day items, a
+// trip over several days, a weekly and a monthly series, yearly birthdays, alarms, memos, a
+// private item and a few days set as holidays or workdays.
+void BuildSampleSchedule(ScheduleStore& store, const CivilDate& today);
+
+}  // namespace sched

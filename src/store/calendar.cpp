@@ -1,0 +1,45 @@
+#include "store/calendar.h"
+
+namespace sched {
+
+// Civil-from-days and days-from-civil over the proleptic Gregorian calendar.
+std::int32_t DaySerial(const CivilDate& date) {
+  const int y = date.year - (date.month <= 2 ? 1 : 0);
+  const int era = (y >= 0 ? y : y - 399) / 400;
+  const int yoe = y - era * 400;
+  const int mp = (date.month + 9) % 12;
+  const int doy = (153 * mp + 2) / 5 + date.day - 1;
+  const int doe = yoe * 365 + yoe / 4 - yoe / 100 + doy;
+  return era * 146097 + doe - 719468;
+}
+
+CivilDate FromDaySerial(std::int32_t serial) {
+  const std::int32_t z = serial + 719468;
+  const std::int32_t era = (z >= 0 ? z : z - 146096) / 146097;
+  const std::int32_t doe = z - era * 146097;
+  const std::int32_t yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;
+  const std::int32_t doy = doe - (365 * yoe + yoe / 4 - yoe / 100);
+  const std::int32_t mp = (5 * doy + 2) / 153;
+  const int day = static_cast<int>(doy - (153 * mp + 2) / 5 + 1);
+  const int month = static_cast<int>(mp < 10 ? mp + 3 : mp - 9);
+  const int year = static_cast<int>(yoe + era * 400) + (month <= 2 ? 1 : 0);
+  return {year, month, day};
+}
+
+std::int32_t MakeDate(int year, int month, int day) {
+  const int monthIndex = year * 12 + (month - 1);
+  const int normYear = monthIndex / 12;
+  const int normMonth = monthIndex % 12 + 1;
+  return DaySerial({normYear, normMonth, 1}) + (day - 1);
+}
+
+CivilDate AddDays(const CivilDate& date, int days) {
+  return FromDaySerial(DaySerial(date) + days);
+}
+
+int WeekdayOf(const CivilDate& date) {
+  const std::int32_t serial = DaySerial(date);  // 1970/01/01 was a Thursday
+  return static_cast<int>(((serial % 7) + 7 + 4) % 7);
+}
+
+}  // namespace sched

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+
+namespace sched {
+
+// The calendar this program knows: 1901/01/01 to 2099/12/31, Gregorian.
+inline constexpr int kFirstYear = 1901;
+inline constexpr int kLastYear = 2099;
+
+struct CivilDate {
+  int year = kFirstYear;
+  int month = 1;
+  int day = 1;
+  friend bool operator==(const CivilDate&, const CivilDate&) = default;
+};
+
+constexpr bool IsLeapYear(int year) {
+  return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
+
+constexpr int DaysInMonth(int year, int month) {
+  constexpr int kDays[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  if (month < 1 || month > 12) return 0;
+  return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
+}
+
+// True for a real date of the program's calendar range.
+constexpr bool IsValidDate(int year, int month, int day) {
+  return year >= kFirstYear && year <= kLastYear && month >= 1 && month <= 12 && day >= 1 &&
+         day <= DaysInMonth(year, month);
+}
+
+// Days since 1970/01/01 (negative before): the date value used for arithmetic in days,
+// weeks, months and years.
+std::int32_t DaySerial(const CivilDate& date);
+CivilDate FromDaySerial(std::int32_t serial);
+
+// The date value of a year, month and day; months and days past their end roll over
+// (2001/13/1 is 2002/1/1, 2001/2/30 is 2001/3/2), as date arithmetic on the parts does.
+std::int32_t MakeDate(int year, int month, int day);
+
+CivilDate AddDays(const CivilDate& date, int days);
+
+// 0 Sunday to 6 Saturday.
+int WeekdayOf(const CivilDate& date);
+
+}  // namespace sched

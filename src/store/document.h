@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "store/sch_tables.h"
+#include "store/scl_format.h"
+
+namespace sched {
+
+// The holiday masks of one year as the views hold them, month 1 first.
+struct YearMasks {
+  std::array<std::int32_t, 12> HolidayOn{};
+  std::array<std::int32_t, 12> HolidayOff{};
+};
+
+// The open schedule: its tables, its header and weekly holidays, and the state that the
+// commands share.
+struct ScheduleDocument {
+  SchDatCTL Tables;
+  SclHeader Header;
+  // 1 for each weekday (0 Sunday to 6 Saturday) that is a weekly holiday.
+  std::array<std::int16_t, 7> WeekHoliday{1, 0, 0, 0, 0, 0, 0};
+  // The masks of the shown year and of the years before and after it, as the views use them.
+  YearMasks ShownYear;
+  YearMasks PrevYear;
+  YearMasks NextYear;
+
+  std::int16_t PrivateLevel = 1;
+  int LoadedRecords = 0;  // records the last load read from the file
+  bool Dirty = false;
+  std::string ScheduleFile;  // path of the open file, "" when untitled
+  int ScheduleOnPc = 1;      // 1 a file on the PC, 0 the cached copy of a device file
+  bool SaveToDevice = false;
+  std::string DevicePath;  // the file's name on the device, for a save to the device
+
+  int CurYear = 1901;
+  int CurMonth = 1;
+  int CurDay = 1;
+};
+
+}  // namespace sched

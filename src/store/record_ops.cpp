@@ -1,0 +1,226 @@
+#include "store/schedule_store.h"
+
+#include "store/stamp.h"
+
+namespace sched {
+
+SchDatRow BuildRecordLine(const SchRecord& record) {
+  SchDatRow row;
+  row.Day = record.Day;
+  row.Month = record.Month;
+  row.Year = record.Year;
+  row.EndDay = record.EndDay;
+  row.EndMonth = record.EndMonth;
+  row.EndYear = record.EndYear;
+  row.StartTime = record.StartTime;
+  row.EndTime = record.EndTime;
+  row.SubNo = record.SubNo;
+  row.Stamp = record.Stamp;
+  row.ParentSubNo = record.ParentSubNo;
+  row.ParentStamp = record.ParentStamp;
+  row.RepeatKind = record.RepeatKind;
+  row.Private = record.Private != 0 ? 1 : 0;
+  row.VarLen = record.VarLen;
+  row.Title = TabToBlank(record.Title);
+  row.Place = TabToBlank(record.Place);
+  row.Memo = TabToBlank(record.Memo);
+  row.AlarmOn = record.AlarmOn;
+  row.AlarmSound = record.AlarmSound;
+  row.AlarmLead = record.AlarmLead;
+  return row;
+}
+
+SchRecord ScheduleStore::ReadRowToRecord(int row) const {
+  return RowToRecord(doc_.Tables.SchDatList.At(row));
+}
+
+SchRecord RowToRecord(const SchDatRow& r) {
+  SchRecord rec;
+  rec.Day = static_cast<std::uint8_t>(r.Day);
+  rec.Month = static_cast<std::uint8_t>(r.Month);
+  rec.Year = static_cast<std::uint16_t>(r.Year);
+  rec.EndDay = static_cast<std::uint8_t>(r.EndDay);
+  rec.EndMonth = static_cast<std::uint8_t>(r.EndMonth);
+  rec.EndYear = static_cast<std::uint16_t>(r.EndYear);
+  rec.StartTime = static_cast<std::int16_t>(r.StartTime);
+  rec.EndTime = static_cast<std::int16_t>(r.EndTime);
+  rec.SubNo = static_cast<std::int16_t>(r.SubNo);
+  rec.Stamp = r.Stamp;
+  rec.ParentSubNo = static_cast<std::int16_t>(r.ParentSubNo);
+  rec.ParentStamp = r.ParentStamp;
+  rec.RepeatKind = static_cast<std::int16_t>(r.RepeatKind);
+  rec.Private = static_cast<std::int16_t>(r.Private != 0 ? 1 : 0);
+  rec.VarLen = static_cast<std::int16_t>(r.VarLen);
+  rec.Title = r.Title;
+  rec.Place = r.Place;
+  rec.Memo = r.Memo;
+  rec.AlarmOn = static_cast<std::int16_t>(r.AlarmOn);
+  rec.AlarmSound = r.AlarmSound;
+  rec.AlarmLead = static_cast<std::int16_t>(r.AlarmLead);
+  return rec;
+}
+
+void ScheduleStore::InsertRecord(const SchRecord& record) {
+  const int yearRow = FindOrAddYear(record.Year);
+  const int monthRow = FindOrAddMonth(record.Month, yearRow);
+  const int head = GetDayHead(doc_.Tables, monthRow, record.Day);
+  InsertRow(head, monthRow, record.Day, record);
+}
+
+int ScheduleStore::FindOrAddYear(int year) {
+  SchDatCTL& t = doc_.Tables;
+  AncYYRow row;
+  row.Year = year;
+  if (t.YearCount == 0) {
+    t.YearCount = 1;
+    t.AncYY.PutFirst(row);
+    return 0;
+  }
+  if (const int found = FindYearRow(t, year); found >= 0) {
+    const AncYYRow& existing = t.AncYY.At(found);
+    doc_.ShownYear.HolidayOn = existing.HolidayOn;
+    doc_.ShownYear.HolidayOff = existing.HolidayOff;
+    return found;
+  }
+  ++t.YearCount;
+  t.AncYY.At(t.YearCount - 2).NextYear = t.YearCount - 1;
+  return t.AncYY.Append(row);
+}
+
+int ScheduleStore::FindOrAddMonth(int month, int yearRow) {
+  SchDatCTL& t = doc_.Tables;
+  AncMMRow row;
+  row.Month = month;
+  AncYYRow& year = t.AncYY.At(yearRow);
+  if (year.FirstMonth == -1) {
+    const int added = t.MonthCount == 0 ? t.AncMM.Put(row) : t.AncMM.Append(row);
+    ++t.MonthCount;
+    year.FirstMonth = added;
+    return added;
+  }
+  int last = year.FirstMonth;
+  for (int at = last, steps = 0; at != -1 && steps < t.AncMM.Rows(); ++steps) {
+    if (t.AncMM.At(at).Month == month) return at;
+    last = at;
+    at = t.AncMM.At(at).NextMonth;
+  }
+  ++t.MonthCount;
+  const int added = t.AncMM.Append(row);
+  t.AncMM.At(last).NextMonth = added;
+  return added;
+}
+
+int ScheduleStore::InsertRow(int head, int monthRow, int day, const SchRecord& record) {
+  SchDatCTL& t = doc_.Tables;
+  auto& list = t.SchDatList;
+  SchDatRow line = BuildRecordLine(record);
+  int newRow = 0;
+  if (t.RowCount == 0 && list.IsEmpty()) {
+    list.PutFirst(std::move(line));
+  } else {
+    newRow = list.Append(std::move(line));
+  }
+  ++t.RowCount;
+  std::int32_t& dayHead = t.AncMM.At(monthRow).DayHead[static_cast<std::size_t>(day - 1)];
+  if (head == -1) {
+    dayHead = newRow;
+  } else {
+    // Behind every row that starts no later: equal times keep their order of entry.
+    const std::int32_t start = list.At(newRow).StartTime;
+    int prev = -1;
+    int at = head;
+    for (int steps = 0; at != -1 && steps < list.Rows(); ++steps) {
+      if (list.At(at).StartTime > start) break;
+      prev = at;
+      at = list.At(at).Next;
+    }
+    if (prev == -1) {
+      list.At(newRow).Next = head;
+      dayHead = newRow;
+    } else {
+      list.At(prev).Next = newRow;
+      list.At(newRow).Next = at;
+    }
+  }
+  if (AlarmDueToday(list.At(newRow))) svc_.host.AddAlarmOfRecord(newRow);
+  return newRow;
+}
+
+void ScheduleStore::DeleteItem(const SchRecord& record) {
+  SchDatCTL& t = doc_.Tables;
+  const auto remove = [&](int row) {
+    SchDatRow& r = t.SchDatList.At(row);
+    if (r.Deleted != kDeleted) --t.RowCount;
+    r.Deleted = kDeleted;
+    svc_.host.RemoveAlarmOfRecord(row);
+  };
+  if (t.SchDatList.IsEmpty()) return;
+  if (record.RepeatKind != 0) {
+    t.Series.Sync(t.SchDatList, [](const SchDatRow& row) { return row.Series(); });
+    for (int row : t.Series.RowsOf({record.ParentSubNo, record.ParentStamp})) {
+      if (t.SchDatList.At(row).Stamp == record.Stamp) remove(row);
+    }
+    return;
+  }
+  for (int row = 0; row < t.SchDatList.Rows(); ++row) {
+    const SchDatRow& r = t.SchDatList.At(row);
+    if (r.SubNo == record.SubNo && r.Stamp == record.Stamp) remove(row);
+  }
+}
+
+std::int32_t ScheduleStore::NewUniqueStamp() {
+  std::int32_t candidate = MakeStamp(svc_.clock);
+  if (doc_.Tables.RowCount < 1) return candidate;
+  const auto& list = doc_.Tables.SchDatList;
+  const auto taken = [&](std::int32_t stamp) {
+    for (int row = 0; row < list.Rows(); ++row) {
+      if (!list.At(row).blank && list.At(row).Stamp == stamp) return true;
+    }
+    return false;
+  };
+  while (taken(candidate)) {
+    // The stamp's grain is two seconds: wait for the clock to give another one.
+    svc_.progress.SetWaitPointer(true);
+    const std::int32_t old = candidate;
+    while (candidate == old) {
+      PauseTick(svc_.clock);
+      candidate = MakeStamp(svc_.clock);
+    }
+    svc_.progress.SetWaitPointer(false);
+  }
+  return candidate;
+}
+
+MonthData ScheduleStore::MonthHasData(int year, int month) const {
+  const SchDatCTL& t = doc_.Tables;
+  MonthData data;
+  const int yearRow = FindYearRow(t, year);
+  if (yearRow < 0) return data;
+  const AncYYRow& y = t.AncYY.At(yearRow);
+  const auto index = static_cast<std::size_t>(month - 1);
+  data.hasData = y.HolidayOn[index] > 0 || y.HolidayOff[index] > 0;
+  data.monthRow = FindMonthRow(t, yearRow, month);
+  if (data.monthRow < 0 || data.hasData) return data;
+  const auto& list = t.SchDatList;
+  for (std::int32_t head : t.AncMM.At(data.monthRow).DayHead) {
+    for (int row = head, steps = 0; row != -1 && steps < list.Rows(); ++steps) {
+      if (list.At(row).IsLive()) {
+        data.hasData = true;
+        return data;
+      }
+      row = list.At(row).Next;
+    }
+  }
+  return data;
+}
+
+bool ScheduleStore::AlarmDueToday(const SchDatRow& row) const {
+  if (row.AlarmOn <= 0) return false;
+  const DateTime now = svc_.clock.Now();
+  const AlarmMoment alarm =
+      AlarmDateCodeOfStart(row.Year, row.Month, row.Day, row.StartTime, row.AlarmLead);
+  return alarm.dateCode == DateCode(now.year, now.month, now.day) &&
+         alarm.minute > now.hour * 60 + now.minute;
+}
+
+}  // namespace sched

@@ -1,0 +1,35 @@
+#include "store/row_order.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace sched {
+
+std::vector<int> LiveRowsInDateOrder(const SchDatCTL& ctl) {
+  // (year, month, month row), sorted by date; the tables keep years and months in order of use.
+  std::vector<std::tuple<int, int, int>> months;
+  for (int y = 0; y < ctl.YearCount; ++y) {
+    const AncYYRow& year = ctl.AncYY.At(y);
+    int row = year.FirstMonth;
+    for (int steps = 0; row >= 0 && row < ctl.AncMM.Rows() && steps < ctl.AncMM.Rows(); ++steps) {
+      months.emplace_back(year.Year, ctl.AncMM.At(row).Month, row);
+      row = ctl.AncMM.At(row).NextMonth;
+    }
+  }
+  std::stable_sort(months.begin(), months.end(), [](const auto& a, const auto& b) {
+    return std::tie(std::get<0>(a), std::get<1>(a)) < std::tie(std::get<0>(b), std::get<1>(b));
+  });
+  std::vector<int> rows;
+  const auto& list = ctl.SchDatList;
+  for (const auto& month : months) {
+    for (std::int32_t head : ctl.AncMM.At(std::get<2>(month)).DayHead) {
+      for (int row = head, steps = 0; row >= 0 && row < list.Rows() && steps < list.Rows(); ++steps) {
+        if (list.At(row).IsLive()) rows.push_back(row);
+        row = list.At(row).Next;
+      }
+    }
+  }
+  return rows;
+}
+
+}  // namespace sched

@@ -1,0 +1,63 @@
+#include "store/sch_record.h"
+
+#include <array>
+#include <cmath>
+
+#include "store/calendar.h"
+
+namespace sched {
+
+AlarmMoment AlarmDateCode(int year, int month, int day, int startHour, int startMinute, int lead) {
+  auto minute = static_cast<std::int16_t>(startHour * 60 - lead + startMinute);
+  if (minute >= 0) return {DateCode(year, month, day), minute};
+  minute = static_cast<std::int16_t>(minute + 1440);
+  const CivilDate before = FromDaySerial(MakeDate(year, month, day) - 1);
+  return {DateCode(before.year, before.month, before.day), minute};
+}
+
+AlarmMoment AlarmDateCodeOfStart(int year, int month, int day, int startTime, int lead) {
+  const int hour = static_cast<int>(std::floor(startTime / 60.0));
+  return AlarmDateCode(year, month, day, hour, startTime % 60, lead);
+}
+
+std::string WeekdayName(int weekday) {
+  static constexpr std::array<const char*, 7> kNames = {"Sun", "Mon", "Tue", "Wed",
+                                                        "Thu", "Fri", "Sat"};
+  return weekday >= 0 && weekday < 7 ? kNames[static_cast<std::size_t>(weekday)] : "";
+}
+
+std::string TabToBlank(std::string text) {
+  for (char& c : text) {
+    if (c == '\t') c = ' ';
+  }
+  return text;
+}
+
+std::string StripCR(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (char c : text) {
+    if (c != '\r') out += c;
+  }
+  return out;
+}
+
+std::string LfToCrLf(std::string_view text) {
+  std::string out;
+  out.reserve(text.size() + text.size() / 8);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == '\n') {
+      if (i == 0 || text[i - 1] != '\r') out += '\r';
+      out += '\n';
+    } else if (c == '\r') {
+      out += '\r';
+      if (i + 1 >= text.size() || text[i + 1] != '\n') out += '\n';
+    } else {
+      out += c;
+    }
+  }
+  return out;
+}
+
+}  // namespace sched

@@ -1,0 +1,172 @@
+#include "store/sch_tables.h"
+
+#include <algorithm>
+
+#include "store/sch_record.h"
+
+namespace sched {
+namespace {
+
+std::string Num(std::int32_t value) { return std::to_string(value); }
+
+}  // namespace
+
+std::string AncYYRow::Cell(int col) const {
+  switch (col) {
+    case 0: return Num(Year);
+    case 1: return Num(NextYear);
+    case 2: return Num(FirstMonth);
+    default:
+      if (col >= 3 && col <= 14) return Num(HolidayOn[static_cast<std::size_t>(col - 3)]);
+      if (col >= 15 && col <= 26) return Num(HolidayOff[static_cast<std::size_t>(col - 15)]);
+      return {};
+  }
+}
+
+void AncYYRow::SetCell(int col, std::string_view text) {
+  const std::int32_t value = CellNumber(text);
+  switch (col) {
+    case 0: Year = value; break;
+    case 1: NextYear = value; break;
+    case 2: FirstMonth = value; break;
+    default:
+      if (col >= 3 && col <= 14) HolidayOn[static_cast<std::size_t>(col - 3)] = value;
+      if (col >= 15 && col <= 26) HolidayOff[static_cast<std::size_t>(col - 15)] = value;
+  }
+}
+
+bool AncYYRow::HasHolidayMask() const {
+  const auto nonZero = [](std::int32_t mask) { return mask != 0; };
+  return std::any_of(HolidayOn.begin(), HolidayOn.end(), nonZero) ||
+         std::any_of(HolidayOff.begin(), HolidayOff.end(), nonZero);
+}
+
+std::string AncMMRow::Cell(int col) const {
+  if (col == 0) return Num(Month);
+  if (col == 1) return Num(NextMonth);
+  if (col >= 2 && col <= 32) return Num(DayHead[static_cast<std::size_t>(col - 2)]);
+  return {};
+}
+
+void AncMMRow::SetCell(int col, std::string_view text) {
+  const std::int32_t value = CellNumber(text);
+  if (col == 0) Month = value;
+  if (col == 1) NextMonth = value;
+  if (col >= 2 && col <= 32) DayHead[static_cast<std::size_t>(col - 2)] = value;
+}
+
+std::string SchDatRow::Cell(int col) const {
+  switch (col) {
+    case kColPrev: return Num(Prev);
+    case kColNext: return Num(Next);
+    case kColDay: return Num(Day);
+    case kColMonth: return Num(Month);
+    case kColYear: return Num(Year);
+    case kColEndDay: return Num(EndDay);
+    case kColEndMonth: return Num(EndMonth);
+    case kColEndYear: return Num(EndYear);
+    case kColStartTime: return Num(StartTime);
+    case kColEndTime: return Num(EndTime);
+    case kColSubNo: return Num(SubNo);
+    case kColStamp: return Num(Stamp);
+    case kColParentSubNo: return Num(ParentSubNo);
+    case kColParentStamp: return Num(ParentStamp);
+    case kColRepeatKind: return Num(RepeatKind);
+    case kColPrivate: return Num(Private);
+    case kColVarLen: return Num(VarLen);
+    case kColTitle: return Title;
+    case kColPlace: return Place;
+    case kColMemo: return Memo;
+    case kColAlarmOn: return Num(AlarmOn);
+    case kColAlarmSound: return AlarmSound;
+    case kColAlarmLead: return Num(AlarmLead);
+    case kColDeleted: return Num(Deleted);
+    default: return {};
+  }
+}
+
+void SchDatRow::SetCell(int col, std::string_view text) {
+  std::int32_t* const numbers[] = {&Prev,      &Next,        &Day,         &Month,
+                                   &Year,      &EndDay,      &EndMonth,    &EndYear,
+                                   &StartTime, &EndTime,     &SubNo,       &Stamp,
+                                   &ParentSubNo, &ParentStamp, &RepeatKind, &Private,
+                                   &VarLen};
+  switch (col) {
+    case kColTitle: Title = text; return;
+    case kColPlace: Place = text; return;
+    case kColMemo: Memo = text; return;
+    case kColAlarmOn: AlarmOn = CellNumber(text); return;
+    case kColAlarmSound: AlarmSound = text; return;
+    case kColAlarmLead: AlarmLead = CellNumber(text); return;
+    case kColDeleted: Deleted = CellNumber(text); return;
+    default:
+      if (col >= 0 && col <= kColVarLen) *numbers[col] = CellNumber(text);
+  }
+}
+
+std::int32_t SchDatRow::StartCode() const { return DateCode(Year, Month, Day); }
+std::int32_t SchDatRow::EndCode() const { return DateCode(EndYear, EndMonth, EndDay); }
+
+void ClearTables(SchDatCTL& ctl) {
+  ctl.AncYY.Clear();
+  ctl.AncMM.Clear();
+  ctl.SchDatList.Clear();
+  ctl.SchHlist.Clear();
+  ctl.YearCount = 0;
+  ctl.MonthCount = 0;
+  ctl.RowCount = 0;
+}
+
+int GetDayHead(const SchDatCTL& ctl, int monthRow, int day) {
+  return ctl.AncMM.At(monthRow).DayHead[static_cast<std::size_t>(day - 1)];
+}
+
+int FindYearRow(const SchDatCTL& ctl, int year) {
+  for (int row = 0; row < ctl.YearCount; ++row) {
+    if (ctl.AncYY.At(row).Year == year) return row;
+  }
+  return -1;
+}
+
+int FindMonthRow(const SchDatCTL& ctl, int yearRow, int month) {
+  // A month chain never holds more rows than the table; the bound keeps a bad link from looping.
+  int row = ctl.AncYY.At(yearRow).FirstMonth;
+  for (int steps = 0; row >= 0 && row < ctl.AncMM.Rows() && steps < ctl.AncMM.Rows(); ++steps) {
+    const AncMMRow& m = ctl.AncMM.At(row);
+    if (m.Month == month) return row;
+    row = m.NextMonth;
+  }
+  return -1;
+}
+
+void SeriesRange::Add(const SchDatRow& row) {
+  const std::int32_t start = row.StartCode();
+  const std::int32_t end = row.EndCode();
+  if (!found || row.SubNo < lowestSubNo || (row.SubNo == lowestSubNo && start < firstCode)) {
+    firstCode = start;
+    lowestSubNo = row.SubNo;
+  }
+  if (!found || row.SubNo > highestSubNo || (row.SubNo == highestSubNo && end > lastCode)) {
+    lastCode = end;
+    highestSubNo = row.SubNo;
+  }
+  found = true;
+}
+
+SeriesRange GetSeriesRange(const SchDatCTL& ctl, std::int32_t parentSubNo,
+                           std::int32_t parentStamp) {
+  ctl.Series.Sync(ctl.SchDatList, [](const SchDatRow& row) { return row.Series(); });
+  SeriesRange range;
+  for (int row : ctl.Series.RowsOf({parentSubNo, parentStamp})) {
+    const SchDatRow& r = ctl.SchDatList.At(row);
+    if (r.IsLive()) range.Add(r);
+  }
+  return range;
+}
+
+std::int32_t GetSeriesLowestSubNo(const SchDatCTL& ctl, std::int32_t parentSubNo,
+                                  std::int32_t parentStamp) {
+  return GetSeriesRange(ctl, parentSubNo, parentStamp).lowestSubNo;
+}
+
+}  // namespace sched

@@ -1,0 +1,143 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/series_index.h"
+#include "store/table.h"
+
+namespace sched {
+
+// AncYY: one row a year.
+struct AncYYRow {
+  static constexpr int kColumns = 27;
+  bool blank = false;
+  std::int32_t Year = 0;
+  std::int32_t NextYear = -1;   // not walked by any code: years are found by scanning rows
+  std::int32_t FirstMonth = -1;  // row in AncMM of the year's first month, -1 for none
+  std::array<std::int32_t, 12> HolidayOn{};
+  std::array<std::int32_t, 12> HolidayOff{};
+
+  std::string Cell(int col) const;
+  void SetCell(int col, std::string_view text);
+  bool HasHolidayMask() const;
+};
+
+// AncMM: one row a month of a year.
+struct AncMMRow {
+  static constexpr int kColumns = 33;
+  bool blank = false;
+  std::int32_t Month = 0;
+  std::int32_t NextMonth = -1;  // row of the year's next month, -1 at the last
+  std::array<std::int32_t, 31> DayHead;  // first SchDatList row of day 1 to 31, -1 for none
+
+  AncMMRow() { DayHead.fill(-1); }
+  std::string Cell(int col) const;
+  void SetCell(int col, std::string_view text);
+};
+
+// Columns of SchDatList.
+enum SchDatColumn : int {
+  kColPrev, kColNext, kColDay, kColMonth, kColYear, kColEndDay, kColEndMonth, kColEndYear,
+  kColStartTime, kColEndTime, kColSubNo, kColStamp, kColParentSubNo, kColParentStamp,
+  kColRepeatKind, kColPrivate, kColVarLen, kColTitle, kColPlace, kColMemo, kColAlarmOn,
+  kColAlarmSound, kColAlarmLead, kColDeleted
+};
+
+// Values of the Deleted column.
+inline constexpr std::int32_t kLive = 0;
+inline constexpr std::int32_t kDeleted = 1;
+inline constexpr std::int32_t kSeriesMark = 2;  // a passing mark while series are checked
+
+// SchDatList: one row for each occurrence on one day.
+struct SchDatRow {
+  static constexpr int kColumns = 24;
+  bool blank = false;
+  std::int32_t Prev = -1;
+  std::int32_t Next = -1;
+  std::int32_t Day = 0;
+  std::int32_t Month = 0;
+  std::int32_t Year = 0;
+  std::int32_t EndDay = 0;
+  std::int32_t EndMonth = 0;
+  std::int32_t EndYear = 0;
+  std::int32_t StartTime = -1;
+  std::int32_t EndTime = -1;
+  std::int32_t SubNo = 0;
+  std::int32_t Stamp = 0;
+  std::int32_t ParentSubNo = 0;
+  std::int32_t ParentStamp = 0;
+  std::int32_t RepeatKind = 0;
+  std::int32_t Private = 0;  // the private flag, 0 or 1
+  std::int32_t VarLen = 0;
+  std::string Title;
+  std::string Place;
+  std::string Memo;
+  std::int32_t AlarmOn = 0;
+  std::string AlarmSound;
+  std::int32_t AlarmLead = 0;
+  std::int32_t Deleted = kLive;
+
+  std::string Cell(int col) const;
+  void SetCell(int col, std::string_view text);
+  bool IsLive() const { return !blank && Deleted == kLive; }
+  std::int32_t StartCode() const;
+  std::int32_t EndCode() const;
+  SeriesKey Series() const { return {ParentSubNo, ParentStamp}; }
+};
+
+// SchHlist: cleared with the others, holds nothing.
+struct TextRow {
+  static constexpr int kColumns = 1;
+  bool blank = false;
+  std::string text;
+  std::string Cell(int) const { return text; }
+  void SetCell(int, std::string_view value) { text = value; }
+};
+
+// The four tables of the open schedule and their counters.
+struct SchDatCTL {
+  Table<AncYYRow> AncYY;
+  Table<AncMMRow> AncMM;
+  Table<SchDatRow> SchDatList;
+  Table<TextRow> SchHlist;
+  int YearCount = 0;   // data rows of AncYY
+  int MonthCount = 0;  // data rows of AncMM
+  int RowCount = 0;    // live rows of SchDatList
+  mutable SeriesIndex Series;  // rows of each series, kept in step with SchDatList
+};
+
+// Empties the four tables and sets the counters to 0.
+void ClearTables(SchDatCTL& ctl);
+
+// The first row of a day's chain, -1 for none.
+int GetDayHead(const SchDatCTL& ctl, int monthRow, int day);
+
+// The row of a year in AncYY, -1 when absent.
+int FindYearRow(const SchDatCTL& ctl, int year);
+// The row of a month in the year's chain, -1 when absent.
+int FindMonthRow(const SchDatCTL& ctl, int yearRow, int month);
+
+// The first and last date of a series: the start of its lowest-SubNo live row and the end of
+// its highest-SubNo live row. Rows of equal SubNo (the days of an item over several dates,
+// loaded from a file) give the earliest start and the latest end. Nothing when no live row
+// belongs to the series.
+struct SeriesRange {
+  std::int32_t firstCode = 0;  // DateCode of the first date
+  std::int32_t lastCode = 0;   // DateCode of the last date
+  std::int32_t lowestSubNo = 0;
+  std::int32_t highestSubNo = 0;
+  bool found = false;
+
+  void Add(const SchDatRow& row);
+};
+SeriesRange GetSeriesRange(const SchDatCTL& ctl, std::int32_t parentSubNo,
+                           std::int32_t parentStamp);
+// The lowest SubNo among the series' live rows, 0 when it has none.
+std::int32_t GetSeriesLowestSubNo(const SchDatCTL& ctl, std::int32_t parentSubNo,
+                                  std::int32_t parentStamp);
+
+}  // namespace sched

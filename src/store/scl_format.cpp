@@ -1,0 +1,205 @@
+#include "store/scl_format.h"
+
+#include <algorithm>
+#include <fstream>
+#include <limits>
+
+namespace sched {
+
+void ByteReader::Need(std::size_t count) const {
+  if (pos_ < 0 || static_cast<std::uint64_t>(pos_) + count > bytes_.size()) {
+    throw SclFormatError("read past the end of the file");
+  }
+}
+
+void ByteReader::Seek(std::int64_t offset) {
+  if (offset < 0 || offset > Size()) throw SclFormatError("offset outside the file");
+  pos_ = offset;
+}
+
+std::uint8_t ByteReader::U8() {
+  Need(1);
+  return bytes_[static_cast<std::size_t>(pos_++)];
+}
+
+std::uint16_t ByteReader::U16() {
+  Need(2);
+  const auto at = static_cast<std::size_t>(pos_);
+  pos_ += 2;
+  return static_cast<std::uint16_t>(bytes_[at] | bytes_[at + 1] << 8);
+}
+
+std::int32_t ByteReader::I32() {
+  Need(4);
+  const auto at = static_cast<std::size_t>(pos_);
+  pos_ += 4;
+  const std::uint32_t value = static_cast<std::uint32_t>(bytes_[at]) |
+                              static_cast<std::uint32_t>(bytes_[at + 1]) << 8 |
+                              static_cast<std::uint32_t>(bytes_[at + 2]) << 16 |
+                              static_cast<std::uint32_t>(bytes_[at + 3]) << 24;
+  return static_cast<std::int32_t>(value);
+}
+
+std::string ByteReader::Bytes(std::size_t count) {
+  Need(count);
+  const auto at = bytes_.begin() + pos_;
+  pos_ += static_cast<std::int64_t>(count);
+  return std::string(at, at + static_cast<std::ptrdiff_t>(count));
+}
+
+void ByteWriter::U16(std::uint16_t value) {
+  bytes_.push_back(static_cast<std::uint8_t>(value & 0xFF));
+  bytes_.push_back(static_cast<std::uint8_t>(value >> 8));
+}
+
+void ByteWriter::I32(std::int32_t value) {
+  const auto bits = static_cast<std::uint32_t>(value);
+  for (int shift = 0; shift < 32; shift += 8) {
+    bytes_.push_back(static_cast<std::uint8_t>((bits >> shift) & 0xFF));
+  }
+}
+
+void ByteWriter::PatchI32(std::int32_t offset, std::int32_t value) {
+  ByteWriter bytes;
+  bytes.I32(value);
+  Patch(offset, bytes.Data());
+}
+
+void ByteWriter::Patch(std::int32_t offset, const std::vector<std::uint8_t>& bytes) {
+  std::copy(bytes.begin(), bytes.end(), bytes_.begin() + offset);
+}
+
+SclHeader ReadHeader(ByteReader& in) {
+  SclHeader header;
+  for (char& c : header.Magic) c = static_cast<char>(in.U8());
+  header.PrivateCount = in.U16();
+  header.WeekHolidayMask = in.U16();
+  header.FirstYear = in.I32();
+  return header;
+}
+
+SclYear ReadYear(ByteReader& in) {
+  SclYear year;
+  year.Year = in.U16();
+  year.Next = in.I32();
+  year.FirstMonth = in.I32();
+  for (auto& mask : year.HolidayOn) mask = in.I32();
+  for (auto& mask : year.HolidayOff) mask = in.I32();
+  return year;
+}
+
+SclMonth ReadMonth(ByteReader& in) {
+  SclMonth month;
+  month.Month = in.U16();
+  month.Next = in.I32();
+  for (auto& head : month.DayHead) head = in.I32();
+  month.MultiDayHead = in.I32();
+  return month;
+}
+
+void ReadRecordFixed(ByteReader& in, SchRecord& record) {
+  record.Prev = in.I32();
+  record.Next = in.I32();
+  record.Day = in.U8();
+  record.Month = in.U8();
+  record.Year = in.U16();
+  record.EndDay = in.U8();
+  record.EndMonth = in.U8();
+  record.EndYear = in.U16();
+  record.StartTime = in.I16();
+  record.EndTime = in.I16();
+  record.SubNo = in.I16();
+  record.Stamp = in.I32();
+  record.ParentSubNo = in.I16();
+  record.ParentStamp = in.I32();
+  record.RepeatKind = in.I16();
+  record.Private = in.I16();
+  record.VarLen = in.I16();
+}
+
+void WriteHeader(ByteWriter& out, const SclHeader& header) {
+  for (char c : header.Magic) out.U8(static_cast<std::uint8_t>(c));
+  out.U16(header.PrivateCount);
+  out.U16(header.WeekHolidayMask);
+  out.I32(header.FirstYear);
+}
+
+void PatchHeader(ByteWriter& out, const SclHeader& header) {
+  ByteWriter head;
+  WriteHeader(head, header);
+  out.Patch(0, head.Data());
+}
+
+void WriteYear(ByteWriter& out, const SclYear& year) {
+  out.U16(year.Year);
+  out.I32(year.Next);
+  out.I32(year.FirstMonth);
+  for (auto mask : year.HolidayOn) out.I32(mask);
+  for (auto mask : year.HolidayOff) out.I32(mask);
+}
+
+void WriteMonth(ByteWriter& out, const SclMonth& month) {
+  out.U16(month.Month);
+  out.I32(month.Next);
+  for (auto head : month.DayHead) out.I32(head);
+  out.I32(month.MultiDayHead);
+}
+
+namespace {
+void WriteText(ByteWriter& out, const std::string& bytes) {
+  out.U16(static_cast<std::uint16_t>(bytes.size()));
+  out.Bytes(bytes);
+}
+}  // namespace
+
+void WriteRecord(ByteWriter& out, const SchRecord& record) {
+  out.I32(record.Prev);
+  out.I32(record.Next);
+  out.U8(record.Day);
+  out.U8(record.Month);
+  out.U16(record.Year);
+  out.U8(record.EndDay);
+  out.U8(record.EndMonth);
+  out.U16(record.EndYear);
+  out.I16(record.StartTime);
+  out.I16(record.EndTime);
+  out.I16(record.SubNo);
+  out.I32(record.Stamp);
+  out.I16(record.ParentSubNo);
+  out.I32(record.ParentStamp);
+  out.I16(record.RepeatKind);
+  out.I16(record.Private);
+  out.I16(record.VarLen);
+  WriteText(out, record.Title);
+  WriteText(out, record.Place);
+  WriteText(out, record.Memo);
+  out.U16(static_cast<std::uint16_t>(record.AlarmOn));
+  if (record.AlarmOn == 1) {
+    std::string sound = record.AlarmSound.substr(0, kAlarmSoundBytes);
+    sound.resize(kAlarmSoundBytes, '\0');
+    out.Bytes(sound);
+    out.U16(static_cast<std::uint16_t>(record.AlarmLead));
+  }
+}
+
+std::optional<std::int16_t> ReadPrivateLevel(const std::string& systemIniPath) {
+  std::ifstream in(systemIniPath, std::ios::binary);
+  if (!in) return std::nullopt;
+  // A shorter file reads as zeros where its bytes end.
+  std::array<unsigned char, 8> block{};
+  in.read(reinterpret_cast<char*>(block.data()), static_cast<std::streamsize>(block.size()));
+  return static_cast<std::int16_t>(block[6] | block[7] << 8);
+}
+
+std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary | std::ios::ate);
+  if (!in) return std::nullopt;
+  const std::streamoff size = in.tellg();
+  if (size < 0 || size > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
+  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
+  in.seekg(0);
+  if (!in.read(reinterpret_cast<char*>(bytes.data()), size)) return std::nullopt;
+  return bytes;
+}
+
+}  // namespace sched

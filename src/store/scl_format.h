@@ -1,0 +1,115 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "store/sch_record.h"
+
+namespace sched {
+
+// The bytes of a schedule file: little-endian, packed, offsets from the start of the file,
+// -1 for none, 8-bit text behind a 16-bit byte count.
+inline constexpr std::array<char, 4> kSclMagic = {'Q', '3', '9', 'E'};
+inline constexpr std::int32_t kHeaderSize = 12;
+inline constexpr std::int32_t kYearSize = 106;
+inline constexpr std::int32_t kMonthSize = 134;
+inline constexpr std::int32_t kRecordFixedSize = 38;
+inline constexpr std::size_t kAlarmSoundBytes = 8;
+
+struct SclHeader {
+  std::array<char, 4> Magic = kSclMagic;
+  std::uint16_t PrivateCount = 0;
+  std::uint16_t WeekHolidayMask = 1;
+  std::int32_t FirstYear = -1;
+};
+
+struct SclYear {
+  std::uint16_t Year = 0;
+  std::int32_t Next = -1;
+  std::int32_t FirstMonth = -1;
+  std::array<std::int32_t, 12> HolidayOn{};
+  std::array<std::int32_t, 12> HolidayOff{};
+};
+
+struct SclMonth {
+  std::uint16_t Month = 0;
+  std::int32_t Next = -1;
+  std::array<std::int32_t, 31> DayHead{};
+  std::int32_t MultiDayHead = -1;
+};
+
+// Thrown by the reader at anything a schedule file cannot hold; the loader turns it into its
+// one failure path.
+class SclFormatError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Reads little-endian values from a file held in memory; every read is checked against the end.
+class ByteReader {
+ public:
+  explicit ByteReader(const std::vector<std::uint8_t>& bytes) : bytes_(bytes) {}
+  void Seek(std::int64_t offset);
+  std::int64_t Position() const { return pos_; }
+  std::int64_t Size() const { return static_cast<std::int64_t>(bytes_.size()); }
+  std::uint8_t U8();
+  std::uint16_t U16();
+  std::int16_t I16() { return static_cast<std::int16_t>(U16()); }
+  std::int32_t I32();
+  std::string Bytes(std::size_t count);
+
+ private:
+  void Need(std::size_t count) const;
+  const std::vector<std::uint8_t>& bytes_;
+  std::int64_t pos_ = 0;
+};
+
+// Builds a file in memory; links are patched in place once their target is known.
+class ByteWriter {
+ public:
+  std::int32_t Position() const { return static_cast<std::int32_t>(bytes_.size()); }
+  void U8(std::uint8_t value) { bytes_.push_back(value); }
+  void U16(std::uint16_t value);
+  void I16(std::int16_t value) { U16(static_cast<std::uint16_t>(value)); }
+  void I32(std::int32_t value);
+  void Bytes(const std::string& bytes) { bytes_.insert(bytes_.end(), bytes.begin(), bytes.end()); }
+  void PatchI32(std::int32_t offset, std::int32_t value);
+  void Patch(std::int32_t offset, const std::vector<std::uint8_t>& bytes);
+  const std::vector<std::uint8_t>& Data() const { return bytes_; }
+
+ private:
+  std::vector<std::uint8_t> bytes_;
+};
+
+SclHeader ReadHeader(ByteReader& in);
+SclYear ReadYear(ByteReader& in);
+SclMonth ReadMonth(ByteReader& in);
+// The 38-byte fixed part into the fixed fields of `record`.
+void ReadRecordFixed(ByteReader& in, SchRecord& record);
+
+void WriteHeader(ByteWriter& out, const SclHeader& header);
+// Writes the header over the first 12 bytes.
+void PatchHeader(ByteWriter& out, const SclHeader& header);
+void WriteYear(ByteWriter& out, const SclYear& year);
+void WriteMonth(ByteWriter& out, const SclMonth& month);
+// The fixed part and the variable part; the texts of `record` are already 8-bit and their
+// line ends LF alone.
+void WriteRecord(ByteWriter& out, const SchRecord& record);
+
+// Offsets of the links inside the parts, for patching.
+inline constexpr std::int32_t kYearNextOffset = 2;
+inline constexpr std::int32_t kMonthNextOffset = 2;
+inline constexpr std::int32_t kRecordNextOffset = 4;
+
+// The private level kept in the device's System.ini (a 16-bit value at byte 6); nothing when
+// the file cannot be read.
+std::optional<std::int16_t> ReadPrivateLevel(const std::string& systemIniPath);
+
+// Reads a whole file; nothing when it cannot be opened or read.
+std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& path);
+
+}  // namespace sched

@@ -1,0 +1,329 @@
+#include <algorithm>
+#include <numeric>
+
+#include "store/calendar.h"
+#include "store/codepage.h"
+#include "store/schedule_store.h"
+#include "store/stamp.h"
+
+namespace sched {
+
+// Reads a schedule file held in memory into the tables. A file is a tree of offsets; the
+// loader follows them, and gives up with SclFormatError at anything a well-formed file cannot
+// hold: an offset outside the file, a part reached twice (a loop or a shared chain), text
+// running past the end, a month, day or time out of range. Each part being read once bounds
+// the work and the rows by the size of the file.
+class SclLoader {
+ public:
+  SclLoader(ScheduleStore& store, const std::vector<std::uint8_t>& bytes)
+      : store_(store), doc_(store.doc_), t_(store.doc_.Tables), in_(bytes),
+        visited_(bytes.size(), false) {}
+
+  void Run() {
+    doc_.Header = ReadHeader(in_);
+    std::vector<std::int32_t> years;
+    for (std::int32_t at = doc_.Header.FirstYear; at != -1;) {
+      Enter(at, kYearSize);
+      years.push_back(at);
+      at = ReadYear(in_).Next;
+    }
+    for (int i = 0; i < 7; ++i) {
+      doc_.WeekHoliday[static_cast<std::size_t>(i)] = (doc_.Header.WeekHolidayMask >> i) & 1;
+    }
+    for (std::size_t i = 0; i < years.size(); ++i) {
+      in_.Seek(years[i]);
+      LoadYear(ReadYear(in_));
+      ++t_.YearCount;
+      store_.svc_.progress.SetValue(static_cast<int>((i + 1) * 100 / years.size()));
+    }
+  }
+
+ private:
+  // Marks the start of a part as read; a second visit means a loop or a shared chain.
+  void Enter(std::int32_t offset, std::int32_t size) {
+    if (offset < 0 || static_cast<std::int64_t>(offset) + size > in_.Size()) {
+      throw SclFormatError("offset outside the file");
+    }
+    if (visited_[static_cast<std::size_t>(offset)]) throw SclFormatError("a part is reached twice");
+    visited_[static_cast<std::size_t>(offset)] = true;
+    in_.Seek(offset);
+  }
+
+  void LoadYear(const SclYear& year) {
+    if (year.Year < kFirstYear || year.Year > kLastYear) throw SclFormatError("year out of range");
+    AncYYRow row;
+    row.Year = year.Year;
+    // As the file's tree has no use in memory, this link only records the table's size.
+    row.NextYear = year.Next == -1 ? -1 : t_.AncYY.Rows();
+    row.FirstMonth = -1;
+    if (year.FirstMonth != -1) {
+      const int firstRow = t_.AncMM.IsEmpty() ? 0 : t_.AncMM.Rows();
+      row.FirstMonth = firstRow;
+      int index = 0;
+      for (std::int32_t at = year.FirstMonth; at != -1; ++index) {
+        Enter(at, kMonthSize);
+        const SclMonth month = ReadMonth(in_);
+        LoadMonth(firstRow, index, month, year.Year);
+        ++t_.MonthCount;
+        at = month.Next;
+      }
+    }
+    row.HolidayOn = year.HolidayOn;
+    row.HolidayOff = year.HolidayOff;
+    if (t_.YearCount == 0) {
+      t_.AncYY.PutFirst(row);
+    } else {
+      t_.AncYY.Append(row);
+    }
+  }
+
+  struct MultiDayRecord {
+    SchRecord fixed;
+    std::int64_t varPos;
+  };
+
+  void LoadMonth(int firstRow, int index, const SclMonth& month, int year) {
+    if (month.Month < 1 || month.Month > 12) throw SclFormatError("month out of range");
+    AncMMRow row;
+    row.Month = month.Month;
+    row.NextMonth = month.Next == -1 ? -1 : firstRow + index + 1;
+
+    std::vector<MultiDayRecord> multiDay;
+    for (std::int32_t at = month.MultiDayHead; at != -1;) {
+      MultiDayRecord rec{{}, static_cast<std::int64_t>(at) + kRecordFixedSize};
+      ReadFixedAt(at, rec.fixed);
+      at = rec.fixed.Next;
+      multiDay.push_back(rec);
+    }
+
+    const int daysInMonth = DaysInMonth(year, month.Month);
+    for (int d = 0; d < 31; ++d) {
+      const std::int32_t head = month.DayHead[static_cast<std::size_t>(d)];
+      if (head != -1 && d >= daysInMonth) throw SclFormatError("day out of range");
+      if (head == -1 && multiDay.empty()) continue;  // the row's head stays -1
+
+      auto& list = t_.SchDatList;
+      const int first = list.Rows() - (list.IsEmpty() && t_.RowCount == 0 ? 1 : 0);
+      int added = 0;
+      for (std::int32_t at = head; at != -1;) {
+        SchRecord fixed;
+        ReadFixedAt(at, fixed);
+        at = fixed.Next;
+        // A repeat occurrence is dated by the day through which it is reached.
+        if (fixed.RepeatKind != 0 && fixed.RepeatKind != kMultiDayKind) {
+          fixed.Day = static_cast<std::uint8_t>(d + 1);
+          fixed.Month = static_cast<std::uint8_t>(month.Month);
+          fixed.Year = static_cast<std::uint16_t>(year);
+        }
+        if (LoadRecord(fixed)) ++added;
+      }
+      // An item over several dates has one row on each of its days of this month.
+      const std::int32_t dayCode = DateCode(year, month.Month, d + 1);
+      for (const MultiDayRecord& rec : multiDay) {
+        if (d >= daysInMonth) break;
+        const SchRecord& f = rec.fixed;
+        if (dayCode < DateCode(f.Year, f.Month, f.Day) ||
+            dayCode > DateCode(f.EndYear, f.EndMonth, f.EndDay)) {
+          continue;
+        }
+        SchRecord fixed = f;
+        fixed.Day = static_cast<std::uint8_t>(d + 1);
+        fixed.Month = static_cast<std::uint8_t>(month.Month);
+        fixed.Year = static_cast<std::uint16_t>(year);
+        in_.Seek(rec.varPos);
+        if (LoadRecord(fixed)) ++added;
+      }
+      if (added > 0) row.DayHead[static_cast<std::size_t>(d)] = SortDayChain(t_, first, added);
+    }
+    if (t_.MonthCount == 0) {
+      t_.AncMM.PutFirst(row);
+    } else {
+      t_.AncMM.Append(row);
+    }
+  }
+
+  void ReadFixedAt(std::int32_t offset, SchRecord& fixed) {
+    Enter(offset, kRecordFixedSize);
+    ReadRecordFixed(in_, fixed);
+    ++doc_.LoadedRecords;
+  }
+
+  std::string ReadText() {
+    const std::uint16_t length = in_.U16();
+    if (length == 0) return {};
+    return TabToBlank(LfToCrLf(Cp1252ToUtf8(in_.Bytes(length))));
+  }
+
+  static void CheckRecord(const SchRecord& f) {
+    if (!IsValidDate(f.Year, f.Month, f.Day) || !IsValidDate(f.EndYear, f.EndMonth, f.EndDay)) {
+      throw SclFormatError("date out of range");
+    }
+    const auto timeOk = [](std::int16_t minutes) { return minutes >= -1 && minutes < 1440; };
+    if (!timeOk(f.StartTime) || !timeOk(f.EndTime)) throw SclFormatError("time out of range");
+  }
+
+  // Adds the record's row unless it is a private record of the device above the user's level;
+  // the file position is at the record's variable part.
+  bool LoadRecord(const SchRecord& f) {
+    CheckRecord(f);
+    SchDatRow row;
+    row.Day = f.Day;
+    row.Month = f.Month;
+    row.Year = f.Year;
+    row.EndDay = f.EndDay;
+    row.EndMonth = f.EndMonth;
+    row.EndYear = f.EndYear;
+    row.StartTime = f.StartTime;
+    row.EndTime = f.EndTime;
+    row.SubNo = f.SubNo;
+    row.Stamp = f.Stamp;
+    row.ParentSubNo = f.ParentSubNo;
+    row.ParentStamp = f.ParentStamp;
+    row.RepeatKind = f.RepeatKind;
+    const bool dropped = f.Private != 0 && doc_.ScheduleOnPc == 0 && f.Private < doc_.PrivateLevel;
+    row.Private = f.Private != 0 ? 1 : 0;
+    row.VarLen = f.VarLen;
+    row.Title = ReadText();
+    row.Place = ReadText();
+    row.Memo = ReadText();
+    row.AlarmOn = in_.I16();
+    if (row.AlarmOn == 1) {
+      std::string sound = Cp1252ToUtf8(in_.Bytes(kAlarmSoundBytes));
+      row.AlarmSound = sound.substr(0, sound.find('\0'));
+      row.AlarmLead = in_.I16();
+    }
+    if (dropped) return false;
+    auto& list = t_.SchDatList;
+    const int at = list.Put(std::move(row));
+    ++t_.RowCount;
+    if (store_.AlarmDueToday(list.At(at))) store_.svc_.host.AddAlarmOfRecord(at);
+    return true;
+  }
+
+  ScheduleStore& store_;
+  ScheduleDocument& doc_;
+  SchDatCTL& t_;
+  ByteReader in_;
+  std::vector<bool> visited_;
+};
+
+int SortDayChain(SchDatCTL& ctl, int first, int count) {
+  auto& list = ctl.SchDatList;
+  std::vector<int> order(static_cast<std::size_t>(count));
+  std::iota(order.begin(), order.end(), first);
+  std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+    return list.At(a).StartTime < list.At(b).StartTime;
+  });
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    list.At(order[i]).Next = i + 1 < order.size() ? order[i + 1] : -1;
+  }
+  return order.front();
+}
+
+void CheckSeries(SchDatCTL& ctl) {
+  if (ctl.RowCount <= 0) return;
+  auto& list = ctl.SchDatList;
+  ctl.Series.Sync(list, [](const SchDatRow& row) { return row.Series(); });
+  for (int i = 0; i < list.Rows(); ++i) {
+    SchDatRow& row = list.At(i);
+    if (row.RepeatKind == 0 || row.Deleted != kLive) {
+      if (row.Deleted == kSeriesMark) row.Deleted = kLive;
+      continue;
+    }
+    bool found = false;
+    for (int j : ctl.Series.RowsOf(row.Series())) {
+      SchDatRow& other = list.At(j);
+      if (j > i && other.Deleted == kLive && other.RepeatKind != 0) {
+        other.Deleted = kSeriesMark;
+        found = true;
+      }
+    }
+    // A series of one is a plain item.
+    if (!found) row.RepeatKind = 0;
+  }
+}
+
+std::string FormatLocation(const std::string& path, int onPc) {
+  const std::size_t slash = path.find_last_of("/\\");
+  const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
+  return (onPc == 1 ? "PC:" : "Tarvex:") + name;
+}
+
+void ScheduleStore::ClearIndex() {
+  ClearTables(doc_.Tables);
+  svc_.host.ClearDayLists();
+}
+
+void ScheduleStore::ResetHeader() {
+  doc_.Header = SclHeader{};
+  doc_.WeekHoliday = {1, 0, 0, 0, 0, 0, 0};
+  svc_.host.ShowWeekHolidayHeads();
+  svc_.host.ClearTodayAlarms();
+  doc_.Tables.YearCount = 0;
+  doc_.Tables.MonthCount = 0;
+  doc_.Tables.RowCount = 0;
+  doc_.Dirty = false;
+  doc_.ShownYear = doc_.PrevYear = doc_.NextYear = YearMasks{};
+}
+
+void ScheduleStore::LoadScheduleFile() {
+  ProgressDisplay& progress = svc_.progress;
+  progress.SetCaption("Now reading...");
+  progress.SetValue(0);
+  progress.SetVisible(true);
+  progress.Refresh();
+  ClearIndex();
+  ResetHeader();
+  doc_.LoadedRecords = 0;
+  if (doc_.ScheduleOnPc == 0) doc_.PrivateLevel = ReadPrivateLevel(svc_.systemIniPath).value_or(1);
+
+  const auto bytes = ReadWholeFile(doc_.ScheduleFile);
+  try {
+    if (!bytes) throw SclFormatError("the file cannot be read");
+    SclLoader(*this, *bytes).Run();
+  } catch (const SclFormatError&) {
+    ReportReadError();
+    return;
+  }
+  progress.SetValue(100);
+  CheckSeries(doc_.Tables);
+  svc_.host.UpdateMenus();
+  svc_.host.EnableMonthCommands();
+  progress.SetValue(115);
+  svc_.host.RedrawShownTab();
+  if (MonthHasData(doc_.CurYear, doc_.CurMonth).monthRow == -1) svc_.host.DisableSclDel();
+  svc_.host.RefreshScheduleList();
+  svc_.host.SetCaption(std::string(kAppTitle) + " - " +
+                       FormatLocation(doc_.ScheduleFile, doc_.ScheduleOnPc));
+  svc_.host.StoreLastFile();
+  svc_.host.SortTodayAlarms();
+  svc_.host.ArmNextAlarm();
+  FinishProgress();
+}
+
+// A damaged file leaves an empty untitled document.
+void ScheduleStore::ReportReadError() {
+  svc_.messages.Show({"Read error!", kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+  doc_.Dirty = false;
+  svc_.host.ShowFirstTab();
+  doc_.ScheduleFile.clear();
+  doc_.Header.PrivateCount = 0;
+  doc_.Tables.RowCount = 0;
+  svc_.host.ResetToToday();
+  ClearIndex();
+  ResetHeader();
+  svc_.host.SetCaption(kUntitledCaption);
+  svc_.progress.SetVisible(false);
+}
+
+void ScheduleStore::FinishProgress() {
+  ProgressDisplay& progress = svc_.progress;
+  progress.SetValue(130);
+  PauseTick(svc_.clock);
+  progress.SetValue(0);
+  progress.SetVisible(false);
+  progress.SetCaption("");
+  progress.Refresh();
+}
+
+}  // namespace sched

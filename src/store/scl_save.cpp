@@ -1,0 +1,279 @@
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "store/codepage.h"
+#include "store/schedule_store.h"
+#include "store/stamp.h"
+
+namespace sched {
+namespace {
+
+constexpr std::size_t kMaxTextBytes = 0xFFFF;
+
+// The 8-bit form of a text for the file, cut to what its 16-bit length can count.
+std::string FileText(const std::string& text) {
+  std::string bytes = Utf8ToCp1252(text);
+  if (bytes.size() > kMaxTextBytes) bytes.resize(kMaxTextBytes);
+  return bytes;
+}
+
+void SetDate(std::int32_t code, std::uint8_t& day, std::uint8_t& month, std::uint16_t& year) {
+  day = static_cast<std::uint8_t>(code % 100);
+  month = static_cast<std::uint8_t>(code / 100 % 100);
+  year = static_cast<std::uint16_t>(code / 10000);
+}
+
+}  // namespace
+
+// Builds the bytes of a schedule file from the tables, leaves first: each month's records,
+// then the month, and behind a year's last month the year; links to parts written later are
+// patched in when those parts are placed.
+class SclWriter {
+ public:
+  SclWriter(ScheduleStore& store) : store_(store), doc_(store.doc_), t_(store.doc_.Tables) {
+    CollectSeriesRanges();
+  }
+
+  std::vector<std::uint8_t> Build() {
+    SclHeader header = doc_.Header;
+    header.Magic = kSclMagic;
+    header.WeekHolidayMask = 0;
+    for (int i = 0; i < 7; ++i) {
+      if (doc_.WeekHoliday[static_cast<std::size_t>(i)] != 0) header.WeekHolidayMask |= 1 << i;
+    }
+    header.FirstYear = -1;
+    WriteHeader(out_, header);
+    std::int32_t previousYear = -1;
+    for (int i = 0; i < t_.YearCount; ++i) {
+      store_.svc_.progress.SetValue(i * 100 / t_.YearCount);
+      const AncYYRow& row = t_.AncYY.At(i);
+      SclYear year;
+      year.Year = static_cast<std::uint16_t>(row.Year);
+      year.FirstMonth = WriteMonths(row.FirstMonth);
+      year.HolidayOn = row.HolidayOn;
+      year.HolidayOff = row.HolidayOff;
+      if (!row.HasHolidayMask() && year.FirstMonth == -1) continue;  // nothing left in the year
+      const std::int32_t at = out_.Position();
+      WriteYear(out_, year);
+      if (previousYear == -1) {
+        header.FirstYear = at;
+      } else {
+        out_.PatchI32(previousYear + kYearNextOffset, at);
+      }
+      previousYear = at;
+    }
+    header.PrivateCount = privateCount_;
+    PatchHeader(out_, header);
+    doc_.Header = header;
+    return out_.Data();
+  }
+
+ private:
+  // The first and last date and the lowest SubNo of every series, from one pass over the rows.
+  void CollectSeriesRanges() {
+    const auto& list = t_.SchDatList;
+    if (list.IsEmpty()) return;
+    for (int row = 0; row < list.Rows(); ++row) {
+      const SchDatRow& r = list.At(row);
+      if (r.IsLive()) ranges_[r.Series()].Add(r);
+    }
+  }
+
+  std::int32_t WriteMonths(int row) {
+    std::int32_t first = -1;
+    std::int32_t previousMonth = -1;
+    for (int steps = 0; row != -1 && steps < t_.AncMM.Rows(); ++steps) {
+      const AncMMRow& m = t_.AncMM.At(row);
+      const std::int32_t start = out_.Position();
+      SclMonth month;
+      month.Month = static_cast<std::uint16_t>(m.Month);
+      month.DayHead = m.DayHead;
+      writtenSeries_.clear();
+      lastMultiDay_ = -1;
+      for (std::int32_t& head : month.DayHead) {
+        if (head != -1) head = WriteDay(head, month);
+      }
+      row = m.NextMonth;
+      if (out_.Position() == start && month.MultiDayHead == -1) continue;  // an empty month
+      const std::int32_t at = out_.Position();
+      WriteMonth(out_, month);
+      if (previousMonth == -1) {
+        first = at;
+      } else {
+        out_.PatchI32(previousMonth + kMonthNextOffset, at);
+      }
+      previousMonth = at;
+    }
+    return first;
+  }
+
+  // Writes the live rows of a day's chain and gives the offset of the first, -1 for none. An
+  // item over several dates goes once into the month's multi-day chain instead.
+  std::int32_t WriteDay(int row, SclMonth& month) {
+    std::int32_t first = -1;
+    std::int32_t previous = -1;
+    const auto& list = t_.SchDatList;
+    for (int steps = 0; row != -1 && steps < list.Rows(); ++steps) {
+      const SchDatRow& r = list.At(row);
+      const int next = r.Next;
+      if (r.Deleted == kDeleted) {
+        row = next;
+        continue;
+      }
+      const SeriesRange& range = ranges_[r.Series()];
+      if (r.RepeatKind == kMultiDayKind && range.firstCode != range.lastCode) {
+        WriteMultiDay(r, range, month);
+        row = next;
+        continue;
+      }
+      SchRecord rec = BuildDiskRecord(r);
+      if (r.RepeatKind != 0 && r.RepeatKind != kMultiDayKind) {
+        SetDate(range.firstCode, rec.Day, rec.Month, rec.Year);
+        SetDate(range.lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
+      }
+      const std::int32_t at = out_.Position();
+      rec.Prev = previous;
+      rec.Next = -1;
+      if (previous == -1) {
+        first = at;
+      } else {
+        out_.PatchI32(previous + kRecordNextOffset, at);
+      }
+      WriteRecord(out_, rec);
+      previous = at;
+      row = next;
+    }
+    return first;
+  }
+
+  void WriteMultiDay(const SchDatRow& r, const SeriesRange& range, SclMonth& month) {
+    if (!writtenSeries_.insert(r.Series()).second) return;  // already written in this month
+    SchRecord rec = BuildDiskRecord(r);
+    SetDate(range.firstCode, rec.Day, rec.Month, rec.Year);
+    SetDate(range.lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
+    rec.SubNo = static_cast<std::int16_t>(range.lowestSubNo);
+    const std::int32_t at = out_.Position();
+    rec.Prev = lastMultiDay_;
+    rec.Next = -1;
+    if (lastMultiDay_ == -1) {
+      month.MultiDayHead = at;
+    } else {
+      out_.PatchI32(lastMultiDay_ + kRecordNextOffset, at);
+    }
+    WriteRecord(out_, rec);
+    lastMultiDay_ = at;
+  }
+
+  // The record of a row as the file holds it: 8-bit text, memo lines ending in LF alone, the
+  // private flag replaced by the device's private level.
+  SchRecord BuildDiskRecord(const SchDatRow& r) {
+    SchRecord rec = RowToRecord(r);
+    if (r.Private != 0) {
+      rec.Private = doc_.PrivateLevel;
+      ++privateCount_;
+    } else {
+      rec.Private = 0;
+    }
+    rec.Title = FileText(rec.Title);
+    rec.Place = FileText(rec.Place);
+    rec.Memo = FileText(StripCR(rec.Memo));
+    rec.AlarmSound = FileText(rec.AlarmSound).substr(0, kAlarmSoundBytes);
+    const std::size_t length = rec.Title.size() + rec.Place.size() + rec.Memo.size() + 8 +
+                               (rec.AlarmOn == 1 ? 10 : 0);
+    rec.VarLen = static_cast<std::int16_t>(length);
+    return rec;
+  }
+
+  ScheduleStore& store_;
+  ScheduleDocument& doc_;
+  const SchDatCTL& t_;
+  ByteWriter out_;
+  std::unordered_map<SeriesKey, SeriesRange, SeriesKeyHash> ranges_;
+  std::unordered_set<SeriesKey, SeriesKeyHash> writtenSeries_;
+  std::int32_t lastMultiDay_ = -1;
+  std::uint16_t privateCount_ = 0;
+};
+
+namespace {
+
+bool WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  if (!out) return false;
+  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  out.close();
+  return static_cast<bool>(out);
+}
+
+// Writes the file beside the target and puts it in the target's place once it is whole, so
+// that a failed save leaves the old file as it was.
+bool ReplaceFile(const std::string& target, const std::vector<std::uint8_t>& bytes) {
+  namespace fs = std::filesystem;
+  const fs::path path(target);
+  const fs::path temp = path.parent_path() / ("." + path.filename().string() + ".saving");
+  std::error_code error;
+  if (!WriteFile(temp.string(), bytes)) {
+    fs::remove(temp, error);
+    return false;
+  }
+  fs::rename(temp, path, error);
+  if (error) fs::remove(temp, error);
+  return !error;
+}
+
+// A new file in the system's temporary folder, named "Sch" and a number.
+std::string NewTempFile() {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  for (unsigned n = 1; n < 0x10000; ++n) {
+    char name[16];
+    std::snprintf(name, sizeof name, "Sch%04X.tmp", n);
+    const fs::path candidate = folder / name;
+    if (!fs::exists(candidate, error)) return candidate.string();
+  }
+  return {};
+}
+
+}  // namespace
+
+bool ScheduleStore::SaveScheduleFile() {
+  ProgressDisplay& progress = svc_.progress;
+  progress.SetCaption("Now writing...");
+  progress.SetValue(0);
+  progress.SetVisible(true);
+  progress.Refresh();
+  doc_.PrivateLevel = ReadPrivateLevel(svc_.systemIniPath).value_or(1);
+
+  const std::vector<std::uint8_t> bytes = SclWriter(*this).Build();
+  const std::string target = doc_.SaveToDevice ? NewTempFile() : doc_.ScheduleFile;
+  const bool written = !target.empty() && (doc_.SaveToDevice ? WriteFile(target, bytes)
+                                                             : ReplaceFile(target, bytes));
+  if (!written) {
+    if (doc_.SaveToDevice && !target.empty()) std::filesystem::remove(target);
+    doc_.SaveToDevice = false;
+    svc_.messages.Show({"Write error!", kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+    progress.SetVisible(false);
+    return false;
+  }
+  bool sent = true;
+  if (doc_.SaveToDevice) {
+    if (svc_.device.Sor_PutFile(doc_.DevicePath, target) == 0) {
+      svc_.device.Sor_UpdateSchAlarmInfo(doc_.DevicePath);
+    } else {
+      sent = false;
+      svc_.messages.Show({"File translate error when upload to Tarvex!", kAppTitle,
+                          MsgIcon::Exclamation, MsgButtons::Ok});
+    }
+    std::error_code error;
+    std::filesystem::remove(target, error);
+    doc_.SaveToDevice = false;
+  }
+  svc_.host.StoreLastFile();
+  FinishProgress();
+  return sent;
+}
+
+}  // namespace sched

@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <sys/wait.h>
+
+#include "tests/support/test_store.h"
+
+namespace sched {
+namespace {
+
+struct Result {
+  int status;
+  std::string out;
+};
+
+// Runs scltool with the arguments, standard error joined to standard output.
+Result Scltool(const std::string& args) {
+  const std::string command = std::string(SCLTOOL_PATH) + " " + args + " 2>&1";
+  FILE* pipe = popen(command.c_str(), "r");
+  Result result{-1, ""};
+  std::array<char, 4096> buffer;
+  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe)) result.out.append(buffer.data(), n);
+  const int status = pclose(pipe);
+  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return result;
+}
+
+std::string Quoted(const std::string& path) { return "'" + path + "'"; }
+
+TEST(Scltool, DumpGivesTheLoadedScheduleAsJson) {
+  TestStore s;
+  s.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
+  SchRecord later = MakeItem(1999, 1, 2, 540, 600, "Say \"hi\"\\");
+  later.Stamp = -1073741823;
+  later.Memo = "one\r\ntwo";
+  SchRecord first = MakeItem(1998, 12, 31, -1, -1, "Caf\u00E9");
+  first.Stamp = -1073741822;
+  first.Private = 1;
+  first.AlarmOn = 1;
+  first.AlarmSound = "SCHALARM";
+  first.AlarmLead = 15;
+  s.store.InsertRecord(later);  // 1999 comes first in the tables, last in the dump
+  s.store.InsertRecord(first);
+  s.doc.Tables.AncYY.At(0).HolidayOn[0] = 2;
+  s.SaveTo("dump.scl");
+
+  const Result r = Scltool("dump " + Quoted(s.dir.File("dump.scl")));
+  EXPECT_EQ(r.status, 0);
+  EXPECT_EQ(r.out,
+            "{\"weekHoliday\":[1,0,0,0,0,0,1],\"years\":["
+            "{\"year\":1999,\"holidayOn\":[2,0,0,0,0,0,0,0,0,0,0,0],\"holidayOff\":[0,0,0,0,0,0,0,0,0,0,0,0]},"
+            "{\"year\":1998,\"holidayOn\":[0,0,0,0,0,0,0,0,0,0,0,0],\"holidayOff\":[0,0,0,0,0,0,0,0,0,0,0,0]}],"
+            "\"rows\":["
+            "{\"Day\":31,\"Month\":12,\"Year\":1998,\"EndDay\":31,\"EndMonth\":12,\"EndYear\":1998,"
+            "\"StartTime\":-1,\"EndTime\":-1,\"SubNo\":0,\"Stamp\":-1073741822,\"ParentSubNo\":0,"
+            "\"ParentStamp\":0,\"RepeatKind\":0,\"Private\":1,\"Title\":\"Caf\u00E9\",\"Place\":\"\","
+            "\"Memo\":\"\",\"AlarmOn\":1,\"AlarmSound\":\"SCHALARM\",\"AlarmLead\":15},"
+            "{\"Day\":2,\"Month\":1,\"Year\":1999,\"EndDay\":2,\"EndMonth\":1,\"EndYear\":1999,"
+            "\"StartTime\":540,\"EndTime\":600,\"SubNo\":0,\"Stamp\":-1073741823,\"ParentSubNo\":0,"
+            "\"ParentStamp\":0,\"RepeatKind\":0,\"Private\":0,\"Title\":\"Say \\\"hi\\\"\\\\\","
+            "\"Place\":\"\",\"Memo\":\"one\\r\\ntwo\",\"AlarmOn\":0,\"AlarmSound\":\"\",\"AlarmLead\":0}"
+            "]}\n");
+}
+
+TEST(Scltool, InfoSampleAndResave) {
+  TempDir dir;
+  const std::string sample = Quoted(dir.File("sample.scl"));
+  ASSERT_EQ(Scltool("sample " + sample + " 2026 11 21").status, 0);
+  const Result info = Scltool("info " + sample);
+  EXPECT_EQ(info.status, 0);
+  EXPECT_NE(info.out.find("Weekly holidays: Sun Sat\n"), std::string::npos) << info.out;
+  EXPECT_NE(info.out.find("Items over multiple days: 1\n"), std::string::npos) << info.out;
+  EXPECT_NE(info.out.find("Private rows: 1\n"), std::string::npos) << info.out;
+  EXPECT_NE(info.out.find("Holiday days set: 2 (1 as holidays, 1 as workdays)\n"), std::string::npos)
+      << info.out;
+
+  const std::string copy = Quoted(dir.File("copy.scl"));
+  EXPECT_EQ(Scltool("resave " + sample + " " + copy).status, 0);
+  EXPECT_EQ(Scltool("dump " + copy).out, Scltool("dump " + sample).out);
+}
+
+TEST(Scltool, ExitStatusForBadFilesAndBadUsage) {
+  TempDir dir;
+  WriteBytes(dir.File("bad.scl"), {'Q', '3', '9', 'E', 0, 0, 1, 0, 100, 0, 0, 0});
+  struct Case {
+    std::string args;
+    int status;
+    std::string out;
+  };
+  const Case cases[] = {
+      {"info " + Quoted(dir.File("bad.scl")), 1, "Read error!\n"},
+      {"dump " + Quoted(dir.File("missing.scl")), 1, "Read error!\n"},
+      {"resave " + Quoted(dir.File("bad.scl")) + " " + Quoted(dir.File("out.scl")), 1,
+       "Read error!\n"},
+      {"", 2, ""},
+      {"info", 2, ""},
+      {"frobnicate x.scl", 2, ""},
+      {"sample x.scl 2026 2 30", 2, ""},
+  };
+  for (const Case& c : cases) {
+    const Result r = Scltool(c.args);
+    EXPECT_EQ(r.status, c.status) << c.args;
+    if (c.status == 2) {
+      EXPECT_EQ(r.out.rfind("usage: scltool", 0), 0u) << c.args;
+    } else {
+      EXPECT_EQ(r.out, c.out) << c.args;
+    }
+  }
+  EXPECT_FALSE(std::filesystem::exists(dir.File("out.scl")));
+}
+
+}  // namespace
+}  // namespace sched

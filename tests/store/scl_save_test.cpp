@@ -1,0 +1,191 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/support/test_store.h"
+
+namespace sched {
+namespace {
+
+// Little-endian bytes written out by hand, to check the saver against an independent encoding.
+struct Expected {
+  std::vector<std::uint8_t> bytes;
+  Expected& u8(unsigned v) {
+    bytes.push_back(static_cast<std::uint8_t>(v));
+    return *this;
+  }
+  Expected& u16(unsigned v) { return u8(v & 0xFF).u8((v >> 8) & 0xFF); }
+  Expected& i32(std::int64_t v) {
+    const auto bits = static_cast<std::uint32_t>(v);
+    return u16(bits & 0xFFFF).u16(bits >> 16);
+  }
+  Expected& text(const std::string& s) {
+    u16(static_cast<unsigned>(s.size()));
+    for (char c : s) u8(static_cast<unsigned char>(c));
+    return *this;
+  }
+  // Fixed part: links, dates, times, identity, kind, private, VarLen.
+  Expected& record(std::int64_t prev, std::int64_t next, unsigned d, unsigned m, unsigned y,
+                   unsigned ed, unsigned em, unsigned ey, int start, int end, int subNo,
+                   std::int64_t stamp, int parentSubNo, std::int64_t parentStamp, int kind,
+                   int priv, int varLen) {
+    i32(prev).i32(next).u8(d).u8(m).u16(y).u8(ed).u8(em).u16(ey);
+    u16(static_cast<unsigned>(start) & 0xFFFF).u16(static_cast<unsigned>(end) & 0xFFFF);
+    u16(static_cast<unsigned>(subNo) & 0xFFFF).i32(stamp).u16(static_cast<unsigned>(parentSubNo));
+    i32(parentStamp).u16(static_cast<unsigned>(kind) & 0xFFFF).u16(static_cast<unsigned>(priv));
+    return u16(static_cast<unsigned>(varLen));
+  }
+  Expected& month(unsigned m, std::int64_t next, const std::vector<std::pair<int, std::int64_t>>& heads,
+                  std::int64_t multiDay) {
+    u16(m).i32(next);
+    for (int d = 1; d <= 31; ++d) {
+      std::int64_t head = -1;
+      for (const auto& [day, offset] : heads) {
+        if (day == d) head = offset;
+      }
+      i32(head);
+    }
+    return i32(multiDay);
+  }
+};
+
+TEST(SclSave, WritesTheFileLeavesFirstByteForByte) {
+  TestStore s;
+  s.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
+  SchRecord a = MakeItem(1998, 7, 9, 540, 600, "A");
+  a.Stamp = 0x11;
+  a.Memo = "x\r\ny";
+  a.AlarmOn = 1;
+  a.AlarmSound = "SCHALARM";
+  a.AlarmLead = 15;
+  SchRecord b = MakeItem(1998, 7, 9, -1, -1, "B");
+  b.Stamp = 0x22;
+  b.Private = 1;
+  s.store.InsertRecord(a);
+  s.store.InsertRecord(b);
+  InsertSpan(s.store, {1998, 7, 30}, 4, "Trip", 0x33);
+  s.doc.Tables.AncYY.At(0).HolidayOn[6] = 1 << 3;  // 1998/7/4
+  s.doc.Tables.AncYY.At(s.store.FindOrAddYear(1999)).HolidayOff[0] = 1;
+  SchRecord gone = MakeItem(2000, 1, 1, -1, -1, "gone");
+  s.store.InsertRecord(gone);
+  s.store.DeleteItem(gone);  // leaves a year and month with nothing to write
+
+  Expected e;
+  e.u8('Q').u8('3').u8('9').u8('E').u16(1).u16(0x41).i32(487);
+  // 12: B, all day, first in the chain of July 9; private with the default level 1.
+  e.record(-1, 59, 9, 7, 1998, 9, 7, 1998, -1, -1, 0, 0x22, 0, 0, 0, 1, 9)
+      .text("B").text("").text("").u16(0);
+  // 59: A with memo (LF alone) and alarm.
+  e.record(12, -1, 9, 7, 1998, 9, 7, 1998, 540, 600, 0, 0x11, 0, 0, 0, 0, 22)
+      .text("A").text("").text("x\ny").u16(1);
+  for (char c : std::string("SCHALARM")) e.u8(static_cast<unsigned char>(c));
+  e.u16(15);
+  // 119: the trip, once in July's multi-day chain, with its whole span and its lowest SubNo.
+  e.record(-1, -1, 30, 7, 1998, 2, 8, 1998, -1, -1, 1, 0x33, 1, 0x33, 0x8000, 0, 12)
+      .text("Trip").text("").text("").u16(0);
+  e.month(7, 353, {{9, 12}}, 119);  // 169
+  e.record(-1, -1, 30, 7, 1998, 2, 8, 1998, -1, -1, 1, 0x33, 1, 0x33, 0x8000, 0, 12)
+      .text("Trip").text("").text("").u16(0);  // 303
+  e.month(8, -1, {}, 303);                     // 353
+  e.u16(1998).i32(593).i32(169);               // 487
+  for (int m = 0; m < 12; ++m) e.i32(m == 6 ? 8 : 0);
+  for (int m = 0; m < 12; ++m) e.i32(0);
+  e.u16(1999).i32(-1).i32(-1);  // 593: holiday settings only
+  for (int m = 0; m < 12; ++m) e.i32(0);
+  for (int m = 0; m < 12; ++m) e.i32(m == 0 ? 1 : 0);
+
+  EXPECT_EQ(s.SaveTo("exact.scl"), e.bytes);
+  EXPECT_EQ(s.doc.Header.PrivateCount, 1);
+}
+
+TEST(SclSave, AnEmptyScheduleIsTheHeaderAlone) {
+  TestStore s;
+  const std::vector<std::uint8_t> expected = {'Q', '3', '9', 'E', 0, 0, 1, 0, 0xFF, 0xFF, 0xFF, 0xFF};
+  EXPECT_EQ(s.SaveTo("empty.scl"), expected);
+  s.LoadFrom(s.dir.File("empty.scl"));
+  EXPECT_TRUE(s.messages.Shown().empty());
+  EXPECT_EQ(s.doc.Tables.YearCount, 0);
+}
+
+TEST(SclSave, PrivateRecordsTakeTheDevicesLevelAndAreCountedOnceAMonth) {
+  TestStore s;
+  WriteBytes(s.dir.File("System.ini"), {'S', 'Y', 'S', 'T', 'E', 'M', 4, 0});
+  SchRecord secret = MakeItem(1998, 7, 9, 540, 600, "secret");
+  secret.Private = 1;
+  s.store.InsertRecord(secret);
+  InsertSpan(s.store, {1998, 7, 31}, 2, "private trip", 0x44);
+  for (int row = 1; row <= 2; ++row) s.doc.Tables.SchDatList.At(row).Private = 1;
+  const auto bytes = s.SaveTo("private.scl");
+  EXPECT_EQ(bytes[4], 3);  // one plain record and the trip in July and in August
+  EXPECT_EQ(bytes[12 + 34], 4);  // the first record's Private is the level
+}
+
+TEST(SclSave, AMultiDayItemOfOneDateIsWrittenAsADayRecord) {
+  TestStore s;
+  InsertSpan(s.store, {1998, 7, 9}, 1, "one day", 0x55);
+  const auto bytes = s.SaveTo("oneday.scl");
+  ASSERT_GT(bytes.size(), 12u + 38u + 134u);
+  const std::size_t monthAt = bytes.size() - 106 - 134;
+  // July 9's head points at the record; the month's multi-day chain is empty.
+  EXPECT_EQ(bytes[monthAt + 6 + 8 * 4], 12);
+  EXPECT_EQ(bytes[monthAt + 130], 0xFF);
+}
+
+TEST(SclSave, AFailedSaveLeavesTheOldFileAsItWas) {
+  TestStore s;
+  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "first"));
+  const auto before = s.SaveTo("keep.scl");
+  s.store.InsertRecord(MakeItem(1998, 7, 10, 540, 600, "second"));
+  // Something in the way of the file written beside the target.
+  std::filesystem::create_directory(s.dir.File(".keep.scl.saving"));
+  EXPECT_FALSE(s.store.SaveScheduleFile());
+  ASSERT_EQ(s.messages.Shown().size(), 1u);
+  EXPECT_EQ(s.messages.Shown()[0].text, "Write error!");
+  EXPECT_EQ(s.messages.Shown()[0].title, "Scheduler");
+  EXPECT_EQ(s.messages.Shown()[0].icon, MsgIcon::Exclamation);
+  EXPECT_EQ(ReadBytes(s.dir.File("keep.scl")), before);
+  EXPECT_FALSE(s.progress.visible);
+
+  s.doc.ScheduleFile = s.dir.File("no such folder/x.scl");
+  EXPECT_FALSE(s.store.SaveScheduleFile());
+  EXPECT_EQ(s.messages.Shown().size(), 2u);
+}
+
+TEST(SclSave, ASaveReplacesTheWholeFileAndShowsItsProgress) {
+  TestStore s;
+  WriteBytes(s.dir.File("old.scl"), std::vector<std::uint8_t>(5000, 0xAB));
+  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "new"));
+  const auto bytes = s.SaveTo("old.scl");
+  EXPECT_LT(bytes.size(), 5000u);
+  EXPECT_TRUE(s.messages.Shown().empty());
+  EXPECT_EQ(s.progress.events.front(), "caption Now writing...");
+  EXPECT_EQ(s.progress.values, (std::vector<int>{0, 0, 130, 0}));
+  EXPECT_TRUE(s.host.Called("StoreLastFile"));
+  EXPECT_FALSE(std::filesystem::exists(s.dir.File(".old.scl.saving")));
+}
+
+TEST(SclSave, ToTheDeviceThroughATemporaryFile) {
+  TestStore s;
+  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "device"));
+  s.doc.ScheduleFile = s.dir.File("cache.scl");
+  s.doc.SaveToDevice = true;
+  s.doc.DevicePath = "\\PIM\\Schedule.scl";
+  EXPECT_TRUE(s.store.SaveScheduleFile());
+  ASSERT_EQ(s.device.files.count("\\PIM\\Schedule.scl"), 1u);
+  EXPECT_EQ(s.device.files["\\PIM\\Schedule.scl"].substr(0, 4), "Q39E");
+  EXPECT_EQ(s.device.alarmInfoUpdates, (std::vector<std::string>{"\\PIM\\Schedule.scl"}));
+  EXPECT_FALSE(s.doc.SaveToDevice);
+  EXPECT_EQ(s.doc.ScheduleFile, s.dir.File("cache.scl"));
+  EXPECT_TRUE(s.messages.Shown().empty());
+
+  s.doc.SaveToDevice = true;
+  s.device.putResult = 7;
+  EXPECT_FALSE(s.store.SaveScheduleFile());
+  ASSERT_EQ(s.messages.Shown().size(), 1u);
+  EXPECT_EQ(s.messages.Shown()[0].text, "File translate error when upload to Tarvex!");
+  EXPECT_EQ(s.messages.Shown()[0].title, "Scheduler");
+  EXPECT_EQ(s.device.alarmInfoUpdates.size(), 1u);
+}
+
+}  // namespace
+}  // namespace sched

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <string>
+
+#include "platform/fake/fake_clock.h"
+#include "platform/fake/fake_device_files.h"
+#include "platform/fake/fake_messages.h"
+#include "platform/fake/fake_progress.h"
+#include "store/schedule_store.h"
+#include "tests/support/recording_store_host.h"
+#include "tests/support/temp_dir.h"
+
+namespace sched {
+
+// A schedule store over fakes and a temporary folder, for tests.
+struct TestStore {
+  TempDir dir;
+  ScheduleDocument doc;
+  RecordingStoreHost host;
+  FakeMessages messages;
+  FakeProgress progress;
+  FakeClock clock;
+  FakeDeviceFiles device;
+  ScheduleStore store{doc, StoreServices{host, messages, progress, clock, device,
+                                         dir.File("System.ini")}};
+
+  TestStore() {
+    store.ClearIndex();
+    store.ResetHeader();
+  }
+
+  // Saves to a file of the temporary folder and gives its bytes.
+  std::vector<std::uint8_t> SaveTo(const std::string& name) {
+    doc.ScheduleFile = dir.File(name);
+    store.SaveScheduleFile();
+    return ReadBytes(doc.ScheduleFile);
+  }
+
+  // Loads a file as a PC file.
+  void LoadFrom(const std::string& path, int onPc = 1) {
+    doc.ScheduleFile = path;
+    doc.ScheduleOnPc = onPc;
+    store.LoadScheduleFile();
+  }
+
+  // Saves and loads back into this same store.
+  void RoundTrip(const std::string& name = "roundtrip.scl") {
+    SaveTo(name);
+    LoadFrom(dir.File(name));
+  }
+};
+
+// A plain timed item on one day.
+inline SchRecord MakeItem(int year, int month, int day, int start, int end,
+                          const std::string& title) {
+  SchRecord r;
+  r.Day = static_cast<std::uint8_t>(day);
+  r.Month = static_cast<std::uint8_t>(month);
+  r.Year = static_cast<std::uint16_t>(year);
+  r.EndDay = r.Day;
+  r.EndMonth = r.Month;
+  r.EndYear = r.Year;
+  r.StartTime = static_cast<std::int16_t>(start);
+  r.EndTime = static_cast<std::int16_t>(end);
+  r.Title = title;
+  static std::uint32_t made = 0;
+  r.Stamp = static_cast<std::int32_t>(0xC0000000u | ++made);  // distinct for every item
+  return r;
+}
+
+// A multi-day item as entered: a row for each day, SubNo rising, the span's end in every row.
+inline void InsertSpan(ScheduleStore& store, CivilDate first, int days, const std::string& title,
+                std::int32_t stamp) {
+  const CivilDate last = AddDays(first, days - 1);
+  for (int i = 0; i < days; ++i) {
+    const CivilDate date = AddDays(first, i);
+    SchRecord r = MakeItem(date.year, date.month, date.day, -1, -1, title);
+    r.EndDay = static_cast<std::uint8_t>(last.day);
+    r.EndMonth = static_cast<std::uint8_t>(last.month);
+    r.EndYear = static_cast<std::uint16_t>(last.year);
+    r.SubNo = static_cast<std::int16_t>(i + 1);
+    r.ParentSubNo = 1;
+    r.Stamp = r.ParentStamp = stamp;
+    r.RepeatKind = kMultiDayKind;
+    store.InsertRecord(r);
+  }
+}
+
+}  // namespace sched
