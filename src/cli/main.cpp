@@ -6,6 +6,7 @@
 
 #include "cli/cli_store.h"
 #include "cli/dump_command.h"
+#include "cli/holidays_command.h"
 #include "cli/info_command.h"
 #include "platform/std/system_clock.h"
 #include "shell/sample_schedule.h"
@@ -16,7 +17,8 @@ constexpr const char* kUsage =
     "usage: scltool info FILE.scl\n"
     "       scltool dump FILE.scl\n"
     "       scltool resave IN.scl OUT.scl\n"
-    "       scltool sample OUT.scl [YYYY MM DD]\n";
+    "       scltool sample OUT.scl [YYYY MM DD]\n"
+    "       scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n";
 
 int Usage() {
   std::cerr << kUsage;
@@ -42,6 +44,9 @@ int Run(const std::vector<std::string>& args) {
     if (!cli.Load(args[1])) return 1;
     cli.Store().Document().ScheduleFile = args[2];
     return cli.Store().SaveScheduleFile() ? 0 : 1;
+  }
+  if (command == "holidays") {
+    return sched::RunHolidaysCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }
   if (command == "sample" && (args.size() == 2 || args.size() == 5)) {
     const sched::DateTime now = sched::SystemClock().Now();

@@ -1,0 +1,35 @@
+#include "holidays/holiday_table.h"
+
+#include <utility>
+
+#include "holidays/holiday_rules.h"
+#include "store/codepage.h"
+
+namespace sched {
+
+HolidayTable::HolidayTable(CountryFile file) : file_(std::move(file)) {}
+
+const std::string* HolidayTable::Find(int year, int month, int day) {
+  if (year < kFirstYear || year > kLastYear || month < 1 || month > 12 || day < 1 || day > 31) {
+    return nullptr;
+  }
+  const Year& table = YearOf(year);
+  const int slot = table.slot[static_cast<std::size_t>((month - 1) * 31 + day - 1)];
+  return slot == 0 ? nullptr : &table.names[static_cast<std::size_t>(slot - 1)];
+}
+
+const HolidayTable::Year& HolidayTable::YearOf(int year) {
+  std::unique_ptr<Year>& cached = years_[static_cast<std::size_t>(year - kFirstYear)];
+  if (!cached) {
+    auto table = std::make_unique<Year>();
+    for (const NamedDay& named : EvaluateYear(file_, year)) {
+      table->names.push_back(Cp1252ToUtf8(named.name));
+      table->slot[static_cast<std::size_t>((named.month - 1) * 31 + named.day - 1)] =
+          static_cast<std::int16_t>(table->names.size());
+    }
+    cached = std::move(table);
+  }
+  return *cached;
+}
+
+}  // namespace sched
