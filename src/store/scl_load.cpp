@@ -10,16 +10,21 @@ namespace sched {
 
 // Reads a schedule file held in memory into the tables. A file is a tree of offsets; the
 // loader follows them, and gives up with SclFormatError at anything a well-formed file cannot
-// hold: an offset outside the file, a part reached twice (a loop or a shared chain), text
-// running past the end, a month, day or time out of range. Each part being read once bounds
-// the work and the rows by the size of the file.
+// hold: an offset outside the file, a byte read for two parts (a loop, a shared chain, or parts
+// laid over each other), text running past the end, a month, day or time out of range. Each
+// byte being read for one part only bounds the work, the rows and their text by the size of
+// the file.
 class SclLoader {
  public:
   SclLoader(ScheduleStore& store, const std::vector<std::uint8_t>& bytes)
-      : store_(store), doc_(store.doc_), t_(store.doc_.Tables), in_(bytes),
-        visited_(bytes.size(), false) {}
+      : store_(store),
+        doc_(store.doc_),
+        t_(store.doc_.Tables),
+        in_(bytes),
+        claimed_(bytes.size(), 0) {}
 
   void Run() {
+    Claim(0, kHeaderSize);
     doc_.Header = ReadHeader(in_);
     std::vector<std::int32_t> years;
     for (std::int32_t at = doc_.Header.FirstYear; at != -1;) {
@@ -39,14 +44,26 @@ class SclLoader {
   }
 
  private:
-  // Marks the start of a part as read; a second visit means a loop or a shared chain.
+  // Marks the bytes of a part as read. A byte read for a second part means a loop, a shared
+  // chain or parts laid over each other; without this, records laid over each other could
+  // each hold a long text made of the same bytes.
+  void Claim(std::int64_t offset, std::int64_t size) {
+    if (offset < 0 || offset + size > in_.Size()) throw SclFormatError("offset outside the file");
+    const auto first = claimed_.begin() + offset;
+    const auto last = first + size;
+    if (std::find(first, last, 1) != last) throw SclFormatError("a byte is read for two parts");
+    std::fill(first, last, 1);
+  }
+
   void Enter(std::int32_t offset, std::int32_t size) {
-    if (offset < 0 || static_cast<std::int64_t>(offset) + size > in_.Size()) {
-      throw SclFormatError("offset outside the file");
-    }
-    if (visited_[static_cast<std::size_t>(offset)]) throw SclFormatError("a part is reached twice");
-    visited_[static_cast<std::size_t>(offset)] = true;
+    Claim(offset, size);
     in_.Seek(offset);
+  }
+
+  // Claims the next `count` bytes of a record's variable part, unless they were claimed by an
+  // earlier reading of the same record.
+  void ClaimNext(std::int64_t count) {
+    if (claimVarPart_) Claim(in_.Position(), count);
   }
 
   void LoadYear(const SclYear& year) {
@@ -80,6 +97,7 @@ class SclLoader {
   struct MultiDayRecord {
     SchRecord fixed;
     std::int64_t varPos;
+    bool varPartClaimed = false;  // the variable part is read again for each day
   };
 
   void LoadMonth(int firstRow, int index, const SclMonth& month, int year) {
@@ -90,7 +108,7 @@ class SclLoader {
 
     std::vector<MultiDayRecord> multiDay;
     for (std::int32_t at = month.MultiDayHead; at != -1;) {
-      MultiDayRecord rec{{}, static_cast<std::int64_t>(at) + kRecordFixedSize};
+      MultiDayRecord rec{{}, static_cast<std::int64_t>(at) + kRecordFixedSize, false};
       ReadFixedAt(at, rec.fixed);
       at = rec.fixed.Next;
       multiDay.push_back(rec);
@@ -119,7 +137,7 @@ class SclLoader {
       }
       // An item over several dates has one row on each of its days of this month.
       const std::int32_t dayCode = DateCode(year, month.Month, d + 1);
-      for (const MultiDayRecord& rec : multiDay) {
+      for (MultiDayRecord& rec : multiDay) {
         if (d >= daysInMonth) break;
         const SchRecord& f = rec.fixed;
         if (dayCode < DateCode(f.Year, f.Month, f.Day) ||
@@ -131,7 +149,11 @@ class SclLoader {
         fixed.Month = static_cast<std::uint8_t>(month.Month);
         fixed.Year = static_cast<std::uint16_t>(year);
         in_.Seek(rec.varPos);
-        if (LoadRecord(fixed)) ++added;
+        claimVarPart_ = !rec.varPartClaimed;
+        rec.varPartClaimed = true;
+        const bool loaded = LoadRecord(fixed);
+        claimVarPart_ = true;
+        if (loaded) ++added;
       }
       if (added > 0) row.DayHead[static_cast<std::size_t>(d)] = SortDayChain(t_, first, added);
     }
@@ -149,8 +171,10 @@ class SclLoader {
   }
 
   std::string ReadText() {
+    ClaimNext(2);
     const std::uint16_t length = in_.U16();
     if (length == 0) return {};
+    ClaimNext(length);
     return TabToBlank(LfToCrLf(Cp1252ToUtf8(in_.Bytes(length))));
   }
 
@@ -186,8 +210,10 @@ class SclLoader {
     row.Title = ReadText();
     row.Place = ReadText();
     row.Memo = ReadText();
+    ClaimNext(2);
     row.AlarmOn = in_.I16();
     if (row.AlarmOn == 1) {
+      ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes) + 2);
       std::string sound = Cp1252ToUtf8(in_.Bytes(kAlarmSoundBytes));
       row.AlarmSound = sound.substr(0, sound.find('\0'));
       row.AlarmLead = in_.I16();
@@ -204,16 +230,16 @@ class SclLoader {
   ScheduleDocument& doc_;
   SchDatCTL& t_;
   ByteReader in_;
-  std::vector<bool> visited_;
+  std::vector<std::uint8_t> claimed_;  // 1 for each byte read for a part
+  bool claimVarPart_ = true;
 };
 
 int SortDayChain(SchDatCTL& ctl, int first, int count) {
   auto& list = ctl.SchDatList;
   std::vector<int> order(static_cast<std::size_t>(count));
   std::iota(order.begin(), order.end(), first);
-  std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
-    return list.At(a).StartTime < list.At(b).StartTime;
-  });
+  std::stable_sort(order.begin(), order.end(),
+                   [&](int a, int b) { return list.At(a).StartTime < list.At(b).StartTime; });
   for (std::size_t i = 0; i < order.size(); ++i) {
     list.At(order[i]).Next = i + 1 < order.size() ? order[i + 1] : -1;
   }
@@ -293,8 +319,8 @@ void ScheduleStore::LoadScheduleFile() {
   svc_.host.RedrawShownTab();
   if (MonthHasData(doc_.CurYear, doc_.CurMonth).monthRow == -1) svc_.host.DisableSclDel();
   svc_.host.RefreshScheduleList();
-  svc_.host.SetCaption(std::string(kAppTitle) + " - " +
-                       FormatLocation(doc_.ScheduleFile, doc_.ScheduleOnPc));
+  svc_.host.SetTitle(std::string(kAppTitle) + " - " +
+                     FormatLocation(doc_.ScheduleFile, doc_.ScheduleOnPc));
   svc_.host.StoreLastFile();
   svc_.host.SortTodayAlarms();
   svc_.host.ArmNextAlarm();
@@ -312,7 +338,7 @@ void ScheduleStore::ReportReadError() {
   svc_.host.ResetToToday();
   ClearIndex();
   ResetHeader();
-  svc_.host.SetCaption(kUntitledCaption);
+  svc_.host.SetTitle(kUntitledCaption);
   svc_.progress.SetVisible(false);
 }
 

@@ -28,6 +28,14 @@ void SetDate(std::int32_t code, std::uint8_t& day, std::uint8_t& month, std::uin
 
 }  // namespace
 
+std::uint16_t WeekHolidayMask(const std::array<std::int16_t, 7>& weekHoliday) {
+  unsigned mask = 0;
+  for (unsigned i = 0; i < 7; ++i) {
+    if (weekHoliday[i] != 0) mask |= 1u << i;
+  }
+  return static_cast<std::uint16_t>(mask);
+}
+
 // Builds the bytes of a schedule file from the tables, leaves first: each month's records,
 // then the month, and behind a year's last month the year; links to parts written later are
 // patched in when those parts are placed.
@@ -40,10 +48,7 @@ class SclWriter {
   std::vector<std::uint8_t> Build() {
     SclHeader header = doc_.Header;
     header.Magic = kSclMagic;
-    header.WeekHolidayMask = 0;
-    for (int i = 0; i < 7; ++i) {
-      if (doc_.WeekHoliday[static_cast<std::size_t>(i)] != 0) header.WeekHolidayMask |= 1 << i;
-    }
+    header.WeekHolidayMask = WeekHolidayMask(doc_.WeekHoliday);
     header.FirstYear = -1;
     WriteHeader(out_, header);
     std::int32_t previousYear = -1;

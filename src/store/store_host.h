@@ -20,7 +20,7 @@ class StoreHost {
   virtual void DisableSclDel() {}
   virtual void RefreshScheduleList() {}
   virtual void ShowFirstTab() {}
-  virtual void SetCaption(const std::string& /*caption*/) {}
+  virtual void SetTitle(const std::string& /*title*/) {}
   virtual void ResetToToday() {}
 
   // Settings: remember the open file as the last one.

@@ -184,13 +184,13 @@ TEST(SclLoad, ASuccessfulLoadReportsItsProgressAndRefreshesTheProgram) {
             (std::vector<std::string>{
                 "ClearDayLists", "ShowWeekHolidayHeads", "ClearTodayAlarms", "UpdateMenus",
                 "EnableMonthCommands", "RedrawShownTab", "DisableSclDel", "RefreshScheduleList",
-                "SetCaption Scheduler - PC:two years.scl", "StoreLastFile", "SortTodayAlarms",
+                "SetTitle Scheduler - PC:two years.scl", "StoreLastFile", "SortTodayAlarms",
                 "ArmNextAlarm"}));
   EXPECT_EQ(s.doc.LoadedRecords, 2);
 
   s.host.calls.clear();
   s.LoadFrom(s.dir.File("two years.scl"), 0);
-  EXPECT_TRUE(s.host.Called("SetCaption Scheduler - Tarvex:two years.scl"));
+  EXPECT_TRUE(s.host.Called("SetTitle Scheduler - Tarvex:two years.scl"));
 }
 
 TEST(SclLoad, AlarmsStillAheadTodayEnterTodaysList) {
@@ -231,7 +231,7 @@ TEST(SclLoad, AFileThatCannotBeReadLeavesAnEmptyUntitledDocument) {
   EXPECT_TRUE(s.doc.Tables.SchDatList.IsEmpty());
   EXPECT_TRUE(s.host.Called("ShowFirstTab"));
   EXPECT_TRUE(s.host.Called("ResetToToday"));
-  EXPECT_EQ(s.host.calls.back(), "SetCaption Scheduler - Untitled");
+  EXPECT_EQ(s.host.calls.back(), "SetTitle Scheduler - Untitled");
   EXPECT_FALSE(s.progress.visible);
 }
 

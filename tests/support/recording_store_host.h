@@ -7,8 +7,10 @@
 
 namespace sched {
 
-// Records each call the store makes on its host, one text a call ("SetCaption Scheduler - ...").
-class RecordingStoreHost : public StoreHost {
+// Records each call the store makes on its host, one text a call ("SetTitle Scheduler - ...").
+// `Host` is the interface recorded: the store's host or an interface that extends it.
+template <typename Host = StoreHost>
+class RecordingHost : public Host {
  public:
   std::vector<std::string> calls;
   std::vector<int> alarmRows;
@@ -28,7 +30,7 @@ class RecordingStoreHost : public StoreHost {
   void DisableSclDel() override { calls.push_back("DisableSclDel"); }
   void RefreshScheduleList() override { calls.push_back("RefreshScheduleList"); }
   void ShowFirstTab() override { calls.push_back("ShowFirstTab"); }
-  void SetCaption(const std::string& caption) override { calls.push_back("SetCaption " + caption); }
+  void SetTitle(const std::string& title) override { calls.push_back("SetTitle " + title); }
   void ResetToToday() override { calls.push_back("ResetToToday"); }
   void StoreLastFile() override { calls.push_back("StoreLastFile"); }
   void ClearTodayAlarms() override { calls.push_back("ClearTodayAlarms"); }
@@ -42,5 +44,7 @@ class RecordingStoreHost : public StoreHost {
   void SortTodayAlarms() override { calls.push_back("SortTodayAlarms"); }
   void ArmNextAlarm() override { calls.push_back("ArmNextAlarm"); }
 };
+
+using RecordingStoreHost = RecordingHost<>;
 
 }  // namespace sched

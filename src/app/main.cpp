@@ -1,0 +1,44 @@
+// scheduler: the desktop companion of the Tarvex organiser.
+#include <QApplication>
+#include <QTimer>
+
+#include "app/scheduler_app.h"
+#include "holidays/country_calendar.h"
+#include "platform/qt/qt_date_formatter.h"
+#include "platform/qt/qt_file_dialogs.h"
+#include "platform/qt/qt_messages.h"
+#include "platform/qt/qt_registry.h"
+#include "platform/qt/qt_settings_store.h"
+#include "platform/std/system_clock.h"
+#include "ui/device_file_dialog.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("Scheduler");
+  QApplication::setOrganizationName("Sorvane");
+
+  sched::QtRegistry registry;
+  sched::QtSettingsStore settings;
+  sched::QtMessages messages;
+  sched::QtFileDialogs dialogs;
+  sched::QtDateFormatter dates;
+  sched::SystemClock clock;
+  sched::CountryCalendar holidays;
+  sched::DeviceFileDialog chooser;
+  sched::SchedulerApp scheduler(
+      {registry, settings, messages, dialogs, dates, clock, holidays, chooser});
+  if (const auto ended = scheduler.Start(QApplication::arguments())) return *ended;
+  messages.SetParent(scheduler.Window());
+  dialogs.SetParent(scheduler.Window());
+  chooser.SetParent(scheduler.Window());
+
+  // For a look at the window without a screen: save a picture of it and end.
+  const QString screenshot = qEnvironmentVariable("SCHEDULER_SCREENSHOT");
+  if (!screenshot.isEmpty()) {
+    QTimer::singleShot(1500, [&] {
+      scheduler.Window()->grab().save(screenshot);
+      QApplication::exit(0);
+    });
+  }
+  return QApplication::exec();
+}

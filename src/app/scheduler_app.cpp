@@ -1,0 +1,63 @@
+#include "app/scheduler_app.h"
+
+#include "shell/device_service.h"
+#include "shell/settings.h"
+#include "shell/startup.h"
+#include "store/calendar.h"
+
+namespace sched {
+
+std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
+  const auto installDir = ReadInstallDir(p_.registry);
+  if (!installDir) return 0;  // not installed: nothing to say
+  if (instance_.ActivateRunningInstance()) {
+    state_.ExitNoSave = true;
+    return 0;
+  }
+  paths_ = MakeInstallPaths(*installDir);
+  if (!OpenCountryFile(p_.registry, p_.holidays, p_.messages, paths_, state_)) return 1;
+  CheckPimDataDir(paths_, p_.messages);
+  state_.LastPcDir = paths_.PimDataDir;
+
+  device_ = std::make_unique<CacheDeviceFiles>(paths_.DeviceCacheDir, &p_.chooser);
+  window_ = std::make_unique<SchMain>(
+      SchMainServices{state_, p_.clock, p_.dates, *device_, p_.settings});
+  store_ = std::make_unique<ScheduleStore>(
+      doc_, StoreServices{*window_, p_.messages, *window_, p_.clock, *device_, paths_.SystemIniPath});
+  commands_ = std::make_unique<DocumentCommands>(DocumentServices{
+      *store_, *window_, p_.messages, p_.dialogs, *device_, p_.clock, state_, paths_.CacheDir});
+  window_->Attach(commands_.get(), &doc_);
+  QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),
+                   [this](const QString& path) { commands_->OpenFileByName(path.toStdString()); });
+
+  const DateTime now = p_.clock.Now();
+  state_.TodayCode = DateCode(now.year, now.month, now.day);
+  commands_->ResetToToday(true);
+  window_->SetTitle(kUntitledCaption);
+  window_->RestoreWindowPlacement();
+  OpenStartFile(arguments.size() > 1 ? arguments.at(1) : QString());
+  if (doc_.ScheduleFile.empty()) window_->DisableDeleteMonthYear();
+
+  window_->ShowLinkMenu(IsPimLinkInstalled(p_.registry));
+  window_->StartTimer2();
+  window_->show();
+  window_->RefreshViews();
+  instance_.Listen([this] { window_->BringToFront(); });
+  return std::nullopt;
+}
+
+// The file named on the command line, else the last file of the previous run.
+void SchedulerApp::OpenStartFile(const QString& commandLineFile) {
+  std::string path = commandLineFile.toStdString();
+  int onPc = 1;
+  if (path.empty()) {
+    const LastFile last = RestoreLastFile(p_.settings, *device_, kDayviewSection);
+    if (!last.ok) return;
+    path = last.path;
+  }
+  const ResolvedFile file = ResolveFileName(*device_, path);
+  onPc = file.ScheduleOnPc;
+  commands_->OpenAtStart(file.path, onPc);
+}
+
+}  // namespace sched

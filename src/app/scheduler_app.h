@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+#include "app/single_instance.h"
+#include "platform/holiday_calendar.h"
+#include "platform/registry.h"
+#include "shell/app_state.h"
+#include "shell/cache_device_files.h"
+#include "shell/device_file_chooser.h"
+#include "shell/document_commands.h"
+#include "shell/paths.h"
+#include "ui/schmain.h"
+
+namespace sched {
+
+// The outside world as the program meets it: the system's own in the program, fakes in tests.
+struct AppPorts {
+  Registry& registry;
+  SettingsStore& settings;
+  Messages& messages;
+  FileDialogs& dialogs;
+  const DateFormatter& dates;
+  const Clock& clock;
+  HolidayCalendar& holidays;
+  DeviceFileChooser& chooser;
+};
+
+// The whole program: the document, the main window and its commands, brought up in their
+// order and ended by the main window.
+class SchedulerApp {
+ public:
+  explicit SchedulerApp(AppPorts ports) : p_(ports) {}
+
+  // Brings the program up. Nothing when it runs; else the exit status of a start that ended
+  // at once (no installation, another instance running, a broken installation).
+  std::optional<int> Start(const QStringList& arguments);
+
+  SchMain* Window() const { return window_.get(); }
+  DocumentCommands* Commands() const { return commands_.get(); }
+  const ScheduleDocument& Document() const { return doc_; }
+  const AppState& State() const { return state_; }
+
+ private:
+  void OpenStartFile(const QString& commandLineFile);
+
+  AppPorts p_;
+  SingleInstance instance_;
+  AppState state_;
+  InstallPaths paths_;
+  ScheduleDocument doc_;
+  std::unique_ptr<CacheDeviceFiles> device_;
+  std::unique_ptr<SchMain> window_;
+  std::unique_ptr<ScheduleStore> store_;
+  std::unique_ptr<DocumentCommands> commands_;
+};
+
+}  // namespace sched

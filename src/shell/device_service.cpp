@@ -1,0 +1,35 @@
+#include "shell/device_service.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace sched {
+
+ResolvedFile ResolveFileName(DeviceFiles& device, const std::string& name) {
+  ResolvedFile file;
+  file.path = name;
+  if (!file.path.empty() && file.path.back() == '"') file.path.pop_back();
+  if (!file.path.empty() && file.path.front() == '"') file.path.erase(0, 1);
+
+  const std::size_t separator = file.path.find_last_of("/\\");
+  std::string folder = separator == std::string::npos ? "" : file.path.substr(0, separator);
+  while (folder.size() > 1 && (folder.back() == '/' || folder.back() == '\\')) folder.pop_back();
+
+  file.ScheduleOnPc = device.Sor_IsOnPcFile(file.path) ? 1 : 0;
+  std::error_code error;
+  if (file.ScheduleOnPc == 0 && !folder.empty() && std::filesystem::is_directory(folder, error)) {
+    file.cacheFolder = folder;
+  }
+  return file;
+}
+
+std::vector<std::string> ReadDeviceSounds(DeviceFiles& device) {
+  std::vector<std::string> sounds;
+  if (!device.Sor_IsExist(kDeviceSoundFolder)) return sounds;
+  for (const std::string& name : device.Sor_DirByExt(kDeviceSoundFolder, "snd")) {
+    sounds.push_back(std::string(kDeviceSoundFolder) + "\\" + name);
+  }
+  return sounds;
+}
+
+}  // namespace sched

@@ -1,0 +1,314 @@
+#include "shell/document_commands.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+
+#include "shell/device_service.h"
+#include "shell/texts.h"
+
+namespace sched {
+namespace {
+
+std::string UpperTail(const std::string& path) {
+  std::string tail = path.size() >= 4 ? path.substr(path.size() - 4) : path;
+  std::transform(tail.begin(), tail.end(), tail.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  return tail;
+}
+
+bool IsScl(const std::string& path) {
+  return UpperTail(path) == ".SCL";
+}
+bool IsCsv(const std::string& path) {
+  return UpperTail(path) == ".CSV";
+}
+
+std::string FolderOf(const std::string& path) {
+  return std::filesystem::path(path).parent_path().string();
+}
+
+std::string NameOf(const std::string& path) {
+  return std::filesystem::path(path).filename().string();
+}
+
+// The file's name without its folder and without its last four characters (".scl", ".csv").
+std::string StemOf(const std::string& path) {
+  const std::string name = NameOf(path);
+  return name.size() > 4 ? name.substr(0, name.size() - 4) : name;
+}
+
+}  // namespace
+
+bool CheckFileMagic(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  char magic[4] = {};
+  if (!in.read(magic, sizeof magic)) return false;
+  return std::equal(std::begin(magic), std::end(magic), kSclMagic.begin());
+}
+
+bool DocumentCommands::Ask(const std::string& text, MsgButtons buttons, MsgIcon icon,
+                           MsgAnswer yes) {
+  return s_.messages.Show({text, kAppTitle, icon, buttons}) == yes;
+}
+
+bool DocumentCommands::CheckInputFnameSCL(const std::string& path) {
+  if (IsScl(path) ? CheckFileMagic(path) : IsCsv(path)) return true;
+  s_.messages.Show({texts::kNotSchedulerFile, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+  return false;
+}
+
+bool DocumentCommands::CsvAvailable() {
+  if (s_.csv != nullptr) return true;
+  s_.messages.Show({texts::kCsvNotAvailable, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+  return false;
+}
+
+std::optional<std::string> DocumentCommands::PcDialog(bool save, const std::string& filter,
+                                                      const std::string& proposal) {
+  s_.state.NoticesHeld = true;
+  const FileDialogRequest request{s_.state.LastPcDir, filter, proposal};
+  auto chosen = save ? s_.dialogs.SaveFile(request) : s_.dialogs.OpenFile(request);
+  s_.state.NoticesHeld = false;
+  s_.window.FlushPendingNotices();
+  return chosen;
+}
+
+bool DocumentCommands::SaveTo(const std::string& path) {
+  Doc().ScheduleFile = path;
+  return s_.store.SaveScheduleFile();
+}
+
+void DocumentCommands::ShowTitle() {
+  const ScheduleDocument& doc = Doc();
+  s_.window.SetTitle(doc.ScheduleFile.empty()
+                         ? std::string(kUntitledCaption)
+                         : std::string(kAppTitle) + " - " +
+                               FormatLocation(doc.ScheduleFile, doc.ScheduleOnPc));
+}
+
+bool DocumentCommands::AskSaveChanges() {
+  ScheduleDocument& doc = Doc();
+  if (!doc.Dirty) return true;
+  const MsgAnswer answer = s_.messages.Show(
+      {texts::kAskSaveChanges, kAppTitle, MsgIcon::Exclamation, MsgButtons::YesNoCancel});
+  if (answer == MsgAnswer::No) return true;
+  if (answer != MsgAnswer::Yes) return false;
+
+  if (IsScl(doc.ScheduleFile) && doc.ScheduleOnPc != 0) {
+    // A failed save keeps the changes and the program where they are.
+    if (!SaveTo(doc.ScheduleFile)) return false;
+    doc.Dirty = false;
+    return true;
+  }
+  if (IsScl(doc.ScheduleFile)) {
+    SaveToTarvex();
+    doc.Dirty = false;
+    return true;
+  }
+  std::string target;
+  if (doc.ScheduleFile.empty()) {
+    const auto chosen = PcDialog(true, texts::kSaveFilter, texts::kUntitledName);
+    if (!chosen) return false;
+    target = *chosen;
+  } else {
+    target = doc.ScheduleFile;  // a CSV document
+    if (Ask(texts::kAskConversion, MsgButtons::YesNo, MsgIcon::Information, MsgAnswer::Yes)) {
+      const auto chosen = PcDialog(true, texts::kSaveFilter, StemOf(doc.ScheduleFile));
+      if (!chosen) return false;
+      target = *chosen;
+    }
+  }
+  if (IsCsv(target)) {
+    if (!CsvAvailable() || !s_.csv->ExportCsv(target)) return false;
+    doc.ScheduleFile = target;
+    doc.Dirty = false;
+    return true;
+  }
+  doc.ScheduleOnPc = 1;
+  doc.SaveToDevice = false;
+  if (!SaveTo(target)) return false;
+  ShowTitle();
+  doc.Dirty = false;
+  return true;
+}
+
+void DocumentCommands::ResetToToday(bool noRedraw) {
+  const DateTime now = s_.clock.Now();
+  ScheduleDocument& doc = Doc();
+  doc.CurYear = now.year;
+  doc.CurMonth = now.month;
+  doc.CurDay = now.day;
+  s_.window.ShowDate(now.year, now.month, now.day);
+  s_.store.ResetHeader();
+  s_.store.ClearIndex();
+  if (!noRedraw) s_.window.RefreshViews();
+}
+
+void DocumentCommands::New() {
+  s_.window.HideScheduleList();
+  if (!AskSaveChanges()) return;
+  ScheduleDocument& doc = Doc();
+  doc.Dirty = false;
+  s_.window.ShowFirstTab();
+  doc.ScheduleFile.clear();
+  doc.DevicePath.clear();
+  doc.Header.PrivateCount = 0;
+  doc.Tables.RowCount = 0;
+  ResetToToday(true);
+  s_.window.EnableSaveButton();
+  s_.window.DisableDeleteMonthYear();
+  s_.window.RefreshViews();
+  s_.window.ClearMonthBar();
+  s_.window.SetTitle(kUntitledCaption);
+}
+
+bool DocumentCommands::LoadDocument(const std::string& path, int onPc) {
+  // Checked first, so that the open document stays when the file cannot be taken.
+  if (IsCsv(path) && !CsvAvailable()) return false;
+  ScheduleDocument& doc = Doc();
+  doc.ScheduleOnPc = onPc;
+  ResetToToday(true);
+  if (IsCsv(path)) {
+    s_.csv->ImportCsv(path);
+  } else {
+    doc.ScheduleFile = path;
+    s_.store.LoadScheduleFile();
+  }
+  s_.window.RefreshViews();
+  doc.Dirty = false;
+  return true;
+}
+
+void DocumentCommands::OpenOnPc() {
+  s_.window.HideScheduleList();
+  if (!AskSaveChanges()) return;
+  const auto chosen = PcDialog(false, texts::kOpenFilter, "");
+  if (!chosen || !CheckInputFnameSCL(*chosen)) return;
+  s_.state.LastPcDir = FolderOf(*chosen);
+  if (LoadDocument(*chosen, 1)) s_.window.EnableSaveButton();
+}
+
+void DocumentCommands::SaveToPc() {
+  ScheduleDocument& doc = Doc();
+  if (doc.ScheduleFile.empty() || doc.ScheduleOnPc != 1) {
+    SaveAsOnPc();
+    return;
+  }
+  if (!IsCsv(doc.ScheduleFile)) {
+    doc.SaveToDevice = false;
+    if (!SaveTo(doc.ScheduleFile)) return;
+  } else if (Ask(texts::kAskConversion, MsgButtons::YesNo, MsgIcon::Information, MsgAnswer::Yes)) {
+    const auto chosen = PcDialog(true, texts::kSaveFilter, StemOf(doc.ScheduleFile));
+    if (!chosen) return;
+    doc.ScheduleOnPc = 1;
+    doc.SaveToDevice = false;
+    if (!SaveTo(*chosen)) return;
+    ShowTitle();
+  } else if (!CsvAvailable() || !s_.csv->ExportCsv(doc.ScheduleFile)) {
+    return;
+  }
+  doc.Dirty = false;
+  doc.ScheduleOnPc = 1;
+}
+
+void DocumentCommands::SaveAsOnPc() {
+  s_.window.HideScheduleList();
+  ScheduleDocument& doc = Doc();
+  const std::string proposal =
+      doc.ScheduleFile.empty() ? texts::kUntitledName : StemOf(doc.ScheduleFile);
+  auto chosen = PcDialog(true, texts::kSaveFilter, proposal);
+  if (!chosen) return;
+  if (!IsScl(*chosen)) *chosen += ".scl";
+  s_.state.LastPcDir = FolderOf(*chosen);
+  doc.ScheduleOnPc = 1;
+  doc.SaveToDevice = false;
+  if (!SaveTo(*chosen)) return;
+  ShowTitle();
+  doc.Dirty = false;
+}
+
+// The device's name of its PIM folder, with one backslash in front.
+std::string DocumentCommands::DeviceFolder() {
+  std::string folder = s_.device.Sor_ConvPathCacheToSorvane(s_.cacheDir).value_or("");
+  if (folder.empty() || folder.front() != '\\') folder.insert(folder.begin(), '\\');
+  return folder;
+}
+
+void DocumentCommands::OpenOnTarvex() {
+  s_.window.HideScheduleList();
+  if (!AskSaveChanges()) return;
+  s_.window.FlushPendingNotices();
+  const auto chosen = s_.device.Sor_PIMOpenFileDialog("scl", DeviceFolder());
+  if (!chosen) return;
+  s_.window.RefreshSoundList();
+  const auto local = s_.device.Sor_ConvPathSorvaneToCache(*chosen);
+  if (!local || !CheckInputFnameSCL(*local)) return;
+  LoadDocument(*local, 0);
+}
+
+void DocumentCommands::SaveToTarvex() {
+  ScheduleDocument& doc = Doc();
+  if (doc.ScheduleFile.empty() || doc.ScheduleOnPc != 0) {
+    SaveAsOnTarvex();
+    doc.Dirty = false;
+    return;
+  }
+  const auto devicePath = s_.device.Sor_ConvPathCacheToSorvane(doc.ScheduleFile);
+  if (!devicePath || devicePath->empty()) return;
+  doc.DevicePath = *devicePath;
+  doc.SaveToDevice = true;
+  s_.store.SaveScheduleFile();
+  doc.Dirty = false;
+}
+
+void DocumentCommands::SaveAsOnTarvex() {
+  s_.window.HideScheduleList();
+  ScheduleDocument& doc = Doc();
+  std::string proposal;
+  if (IsCsv(doc.ScheduleFile)) {
+    if (!Ask(texts::kAskConversion, MsgButtons::YesNo, MsgIcon::Information, MsgAnswer::Yes)) {
+      s_.messages.Show({texts::kCsvNotSaved, kAppTitle, MsgIcon::Information, MsgButtons::Ok});
+      return;
+    }
+    proposal = StemOf(doc.ScheduleFile) + ".scl";
+  } else if (!doc.ScheduleFile.empty()) {
+    proposal = NameOf(doc.ScheduleFile);
+  }
+  const auto chosen = s_.device.Sor_PIMSaveFileDialog("scl", DeviceFolder() + "\\" + proposal);
+  if (!chosen) return;
+  const auto local = s_.device.Sor_ConvPathSorvaneToCache(*chosen);
+  if (!local) return;
+  doc.DevicePath = *chosen;
+  doc.ScheduleFile = *local;
+  s_.window.FlushPendingNotices();
+  doc.SaveToDevice = true;
+  doc.ScheduleOnPc = 0;
+  s_.store.SaveScheduleFile();
+  s_.window.RefreshSoundList();
+  ShowTitle();
+  doc.Dirty = false;
+}
+
+void DocumentCommands::OpenAtStart(const std::string& path, int onPc) {
+  if (CheckInputFnameSCL(path) && LoadDocument(path, onPc)) s_.window.EnableSaveButton();
+}
+
+int DocumentCommands::OpenFileByName(const std::string& path) {
+  s_.window.BringToFront();
+  if (!AskSaveChanges()) return 0;
+  if (!CheckInputFnameSCL(path)) return 0;
+  const ResolvedFile file = ResolveFileName(s_.device, path);
+  if (!file.cacheFolder.empty()) s_.cacheDir = file.cacheFolder;
+  if (file.ScheduleOnPc == 1) {
+    s_.state.LastPcDir = FolderOf(file.path);
+  } else {
+    s_.window.RefreshSoundList();
+  }
+  if (!LoadDocument(file.path, file.ScheduleOnPc)) return 0;
+  s_.window.EnableSaveButton();
+  return 1;
+}
+
+}  // namespace sched

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/device_files.h"
+#include "platform/file_dialogs.h"
+#include "platform/messages.h"
+#include "shell/app_state.h"
+#include "shell/shell_window.h"
+#include "store/schedule_store.h"
+
+namespace sched {
+
+// Reads and writes CSV documents; absent until the program can exchange CSV files.
+class CsvExchange {
+ public:
+  virtual ~CsvExchange() = default;
+  virtual void ImportCsv(const std::string& path) = 0;
+  virtual bool ExportCsv(const std::string& path) = 0;
+};
+
+struct DocumentServices {
+  ScheduleStore& store;
+  ShellWindow& window;
+  Messages& messages;
+  FileDialogs& dialogs;
+  DeviceFiles& device;
+  const Clock& clock;
+  AppState& state;
+  std::string cacheDir;        // the cached copy of the device's PIM folder
+  CsvExchange* csv = nullptr;  // nothing while CSV files cannot be exchanged
+};
+
+// The file commands of the main window: new, open and save on the PC and on the device, the
+// dropped file, and the question for unsaved changes.
+class DocumentCommands {
+ public:
+  explicit DocumentCommands(DocumentServices services) : s_(services) {}
+
+  void New();
+  void OpenOnPc();
+  void SaveToPc();
+  void SaveAsOnPc();
+  void OpenOnTarvex();
+  void SaveToTarvex();
+  void SaveAsOnTarvex();
+  // Opens the file given at start-up, from the command line or as the last file; a file that
+  // fails its check is dropped and the program stays untitled.
+  void OpenAtStart(const std::string& path, int onPc);
+  // Opens a dropped or named file; 1 when it was opened, 0 else.
+  int OpenFileByName(const std::string& path);
+
+  // True to go on, false to stay: unsaved changes are saved, dropped or kept.
+  bool AskSaveChanges();
+  // True when the file may be opened; else says why.
+  bool CheckInputFnameSCL(const std::string& path);
+
+  // Empties the document and shows today; redraws unless told not to.
+  void ResetToToday(bool noRedraw);
+
+ private:
+  ScheduleDocument& Doc() { return s_.store.Document(); }
+  bool Ask(const std::string& text, MsgButtons buttons, MsgIcon icon, MsgAnswer yes);
+  std::optional<std::string> PcDialog(bool save, const std::string& filter,
+                                      const std::string& proposal);
+  bool SaveTo(const std::string& path);
+  void ShowTitle();
+  bool CsvAvailable();
+  std::string DeviceFolder();
+  // Puts the file in the place of the open document; false when it cannot be taken.
+  bool LoadDocument(const std::string& path, int onPc);
+
+  DocumentServices s_;
+};
+
+// True when the file begins with the schedule file's magic.
+bool CheckFileMagic(const std::string& path);
+
+}  // namespace sched

@@ -1,0 +1,256 @@
+#include "shell/install.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "platform/clock.h"
+#include "platform/messages.h"
+#include "platform/std/console.h"
+#include "shell/folder_case.h"
+#include "shell/paths.h"
+#include "shell/registry_keys.h"
+#include "shell/sample_schedule.h"
+#include "shell/stock_sounds.h"
+#include "store/schedule_store.h"
+
+namespace sched {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kSampleName = "Sample.scl";
+constexpr const char* kPreferredHolidayFile = "holidayUS.ini";
+
+// The folders of the layout, parents first. The device's "System" folder comes before
+// "system\sound", which then goes into it: the device does not tell the two apart.
+constexpr const char* kLayoutFolders[] = {
+    "pcapps",
+    "userdata/PIMdata",
+    "userdata/ini",
+    "xferbay/cache/PIM",
+    "xferbay/cache/System/ini",
+    "xferbay/cache/system/sound",
+};
+
+// The sample schedule is stamped as made at noon of the day it is built for.
+class FixedClock : public Clock {
+ public:
+  explicit FixedClock(const CivilDate& day) : day_(day) {}
+  DateTime Now() const override { return {day_.year, day_.month, day_.day, 12, 0, 0}; }
+  std::uint64_t TickCount() const override { return ++ticks_; }
+
+ private:
+  CivilDate day_;
+  mutable std::uint64_t ticks_ = 0;
+};
+
+// The store's message boxes become failures of the report.
+class ReportMessages : public Messages {
+ public:
+  explicit ReportMessages(std::vector<std::string>& failures) : failures_(failures) {}
+  MsgAnswer Show(const MessageRequest& request) override {
+    failures_.push_back(request.text);
+    return MsgAnswer::Ok;
+  }
+
+ private:
+  std::vector<std::string>& failures_;
+};
+
+bool Exists(const fs::path& path) {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
+bool IsHolidayFile(const std::string& name) {
+  return name.size() > 11 && EqualsIgnoringCase(name.substr(0, 7), "holiday") &&
+         EqualsIgnoringCase(name.substr(name.size() - 4), ".ini");
+}
+
+// The country files of a folder, sorted by name.
+std::vector<fs::path> HolidayFiles(const fs::path& folder) {
+  std::vector<fs::path> files;
+  std::error_code error;
+  for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    std::error_code kindError;
+    if (it->is_regular_file(kindError) && IsHolidayFile(it->path().filename().string())) {
+      files.push_back(it->path());
+    }
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+// The System.ini of the device: an eight-byte block of six bytes of text and the private level
+// as a little-endian 16-bit number, then text that this program does not read.
+std::vector<std::uint8_t> SystemIniBytes() {
+  const std::string head = "TARVEX";
+  const std::string tail = "\r\n[System]\r\nModel=Tarvex\r\nLanguage=English\r\n";
+  std::vector<std::uint8_t> bytes(head.begin(), head.end());
+  bytes.push_back(1);
+  bytes.push_back(0);
+  bytes.insert(bytes.end(), tail.begin(), tail.end());
+  return bytes;
+}
+
+std::vector<std::uint8_t> SchIniBytes() {
+  const std::string text = "[Schedule]\r\nAlarmSound=SCHALARM\r\n";
+  return {text.begin(), text.end()};
+}
+
+class Installer {
+ public:
+  explicit Installer(InstallReport& report) : report_(report) {}
+
+  void MakeFolder(const fs::path& folder) {
+    if (Exists(folder)) return;
+    std::error_code error;
+    fs::create_directories(folder, error);
+    Note(folder, !error);
+  }
+
+  // Writes a file that does not exist yet.
+  void WriteNew(const fs::path& file, const std::vector<std::uint8_t>& bytes) {
+    if (Exists(file)) return;
+    bool written = false;
+    {
+      std::ofstream out(file, std::ios::binary);
+      out.write(reinterpret_cast<const char*>(bytes.data()),
+                static_cast<std::streamsize>(bytes.size()));
+      written = static_cast<bool>(out.flush());
+    }
+    if (!written) {
+      std::error_code error;
+      fs::remove(file, error);
+    }
+    Note(file, written);
+  }
+
+  // Copies a file to a place where none is yet.
+  void CopyNew(const fs::path& from, const fs::path& to) {
+    if (Exists(to)) return;
+    std::error_code error;
+    fs::copy_file(from, to, error);
+    Note(to, !error);
+  }
+
+  void SaveSample(const InstallPaths& paths, const fs::path& file, const CivilDate& today) {
+    if (Exists(file)) return;
+    ScheduleDocument doc;
+    StoreHost host;
+    ReportMessages messages(report_.failures);
+    SilentProgress progress;
+    FixedClock clock(today);
+    NoDevice device;
+    ScheduleStore store(
+        doc, StoreServices{host, messages, progress, clock, device, paths.SystemIniPath});
+    store.ClearIndex();
+    store.ResetHeader();
+    BuildSampleSchedule(store, today);
+    doc.ScheduleFile = file.string();
+    doc.ScheduleOnPc = 1;
+    Note(file, store.SaveScheduleFile());
+  }
+
+  void SetRegistryString(Registry& registry, const std::string& key, const std::string& name,
+                         const std::string& value) {
+    const std::string what = key + "\\" + name + " = " + value;
+    if (registry.WriteString(key, name, value)) {
+      report_.created.push_back(what);
+    } else {
+      report_.failures.push_back(what);
+    }
+  }
+
+ private:
+  void Note(const fs::path& path, bool done) {
+    (done ? report_.created : report_.failures).push_back(path.string());
+  }
+
+  InstallReport& report_;
+};
+
+bool SameFolder(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return fs::equivalent(a, b, error);
+}
+
+void LayOut(Installer& installer, const std::string& installDir, const std::string& dataDir,
+            const CivilDate& today) {
+  installer.MakeFolder(installDir);
+  for (const char* folder : kLayoutFolders) {
+    installer.MakeFolder(ResolveIgnoringCase(installDir, folder));
+  }
+  const InstallPaths paths = MakeInstallPaths(installDir);
+
+  for (const fs::path& file : HolidayFiles(fs::path(dataDir) / "pcapps")) {
+    installer.CopyNew(file, fs::path(paths.PcAppsDir) / file.filename());
+  }
+  installer.WriteNew(paths.SystemIniPath, SystemIniBytes());
+  installer.WriteNew(paths.SchIniPath, SchIniBytes());
+  for (const Melody& melody : StockMelodies()) {
+    installer.WriteNew(ResolveIgnoringCase(paths.SoundCacheDir, melody.fileName),
+                       EncodeSnd(melody));
+  }
+  // The same sample on the PC and on the device, each made only where none is yet.
+  installer.SaveSample(paths, ResolveIgnoringCase(paths.PimDataDir, kSampleName), today);
+  installer.SaveSample(paths, ResolveIgnoringCase(paths.CacheDir, kSampleName), today);
+}
+
+// The country file of a new installation: the United States one when it is there, else the
+// first by name.
+std::optional<std::string> ChooseHolidayFile(const std::string& pcAppsDir) {
+  const std::vector<fs::path> files = HolidayFiles(pcAppsDir);
+  if (files.empty()) return std::nullopt;
+  for (const fs::path& file : files) {
+    if (EqualsIgnoringCase(file.filename().string(), kPreferredHolidayFile)) {
+      return file.filename().string();
+    }
+  }
+  return files.front().filename().string();
+}
+
+}  // namespace
+
+std::string DefaultInstallDir(std::string_view xdgDataHome, std::string_view home) {
+  const std::string dataHome = !xdgDataHome.empty() && xdgDataHome.front() == '/'
+                                   ? std::string(xdgDataHome)
+                                   : std::string(home) + "/.local/share";
+  return (fs::path(dataHome) / "Sorvane" / "Tarvex").lexically_normal().string();
+}
+
+InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
+                                 const std::string& defaultInstallDir, const CivilDate& today) {
+  InstallReport report;
+  Installer installer(report);
+  const std::optional<std::string> registered = ReadInstallDir(registry);
+  std::error_code error;
+  const bool keepRegistered = registered && fs::is_directory(*registered, error);
+  report.installDir = keepRegistered ? *registered : defaultInstallDir;
+
+  if (!keepRegistered || SameFolder(*registered, defaultInstallDir)) {
+    LayOut(installer, report.installDir, dataDir, today);
+  }
+  if (!keepRegistered) {
+    installer.SetRegistryString(registry, kInstallKey, kInstallDirValue, report.installDir);
+  }
+  if (!registry.KeyExists(kSchedulerKey)) {
+    if (registry.CreateKey(kSchedulerKey)) {
+      report.created.push_back(kSchedulerKey);
+    } else {
+      report.failures.push_back(kSchedulerKey);
+    }
+  }
+  const std::optional<std::string> holidayIni =
+      registry.ReadString(kSchedulerKey, kHolidayIniValue);
+  if (!holidayIni || holidayIni->size() < 2) {
+    const std::optional<std::string> chosen =
+        ChooseHolidayFile(MakeInstallPaths(report.installDir).PcAppsDir);
+    if (chosen) installer.SetRegistryString(registry, kSchedulerKey, kHolidayIniValue, *chosen);
+  }
+  return report;
+}
+
+}  // namespace sched

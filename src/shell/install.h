@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/registry.h"
+#include "store/calendar.h"
+
+namespace sched {
+
+struct InstallReport {
+  std::string installDir;             // the install folder now registered
+  std::vector<std::string> created;   // files, folders and registry values this run made
+  std::vector<std::string> failures;  // what could not be made
+};
+
+// The folder of a new installation: $XDG_DATA_HOME (or ~/.local/share) + "/Sorvane/Tarvex".
+// An unset or relative XDG_DATA_HOME is passed over.
+std::string DefaultInstallDir(std::string_view xdgDataHome, std::string_view home);
+
+// Makes sure the program finds a working installation. When no install folder is registered,
+// or the registered one is gone, `defaultInstallDir` is laid out and registered: the country
+// files of `dataDir`/pcapps, a sample schedule around `today` on the PC and on the device, the
+// device's settings and melodies. What exists is kept: a user's file is never overwritten, a
+// registered folder that exists stays registered, and a second run makes nothing. A registered
+// folder other than the default one is the user's own and is left as it is.
+InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
+                                 const std::string& defaultInstallDir, const CivilDate& today);
+
+}  // namespace sched

@@ -1,0 +1,122 @@
+#include "shell/settings.h"
+
+#include <charconv>
+#include <filesystem>
+#include <system_error>
+
+#include "shell/device_service.h"
+#include "shell/registry_keys.h"
+#include "store/schedule_store.h"
+
+namespace sched {
+namespace {
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+std::optional<int> ParseInt(std::string_view text) {
+  text = Trimmed(text);
+  int value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (text.empty() || error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+// The path of a "File1" value after its first field. The name in the middle field may hold
+// commas as the path does, so the path is the rest after the comma at which the middle field
+// is the location word and the name of that path; a plain third field otherwise.
+std::string LastFilePath(std::string_view rest) {
+  for (std::size_t comma = rest.find(','); comma != std::string_view::npos;
+       comma = rest.find(',', comma + 1)) {
+    const std::string path(rest.substr(comma + 1));
+    const std::string_view location = rest.substr(0, comma);
+    if (location == FormatLocation(path, 1) || location == FormatLocation(path, 0)) return path;
+  }
+  const std::size_t second = rest.find(',');
+  if (second == std::string_view::npos) return {};
+  const std::string_view third = rest.substr(second + 1);
+  return std::string(third.substr(0, third.find(',')));
+}
+
+bool FileExists(const std::string& path) {
+  std::error_code error;
+  return !path.empty() && std::filesystem::is_regular_file(path, error);
+}
+
+}  // namespace
+
+void StoreLastFile(SettingsStore& settings, const std::string& section, const std::string& path,
+                   int onPc) {
+  const std::string value = std::to_string(onPc) + "," + FormatLocation(path, onPc) + "," + path;
+  settings.SaveSetting(kSettingsApp, section, kLastFileKey, value);
+}
+
+LastFile RestoreLastFile(SettingsStore& settings, DeviceFiles& device, const std::string& section) {
+  LastFile last;
+  const std::string value = settings.GetSetting(kSettingsApp, section, kLastFileKey, "");
+  if (value.empty()) return last;
+  const std::size_t comma = value.find(',');
+  last.ScheduleOnPc = ParseInt(std::string_view(value).substr(0, comma)).value_or(1);
+  const std::string stored =
+      comma == std::string::npos ? "" : LastFilePath(std::string_view(value).substr(comma + 1));
+
+  const ResolvedFile resolved = ResolveFileName(device, stored);
+  last.ScheduleOnPc = resolved.ScheduleOnPc;
+  last.cacheFolder = resolved.cacheFolder;
+  std::string path = resolved.path;
+  if (last.ScheduleOnPc == 0) {
+    const std::optional<std::string> devicePath = device.Sor_ConvPathCacheToSorvane(path);
+    if (!devicePath || !device.Sor_IsExist(*devicePath)) return last;
+    const std::optional<std::string> fetched = device.Sor_GetFile(*devicePath);
+    if (!fetched) return last;
+    if (section == kDayviewSection) last.deviceSounds = ReadDeviceSounds(device);
+    path = fetched->substr(0, fetched->find('\0'));
+  }
+  if (!FileExists(path)) return last;
+  last.ok = true;
+  last.path = path;
+  return last;
+}
+
+bool IsPimLinkInstalled(Registry& registry) {
+  return registry.ReadNumber(kPimLinkKey, kPimLinkInstallValue) == 1u;
+}
+
+std::optional<WindowPlacement> ParseWindowPlacement(const std::string& text) {
+  int numbers[5] = {};
+  std::size_t start = 0;
+  for (int i = 0; i < 5; ++i) {
+    const std::size_t stop = i < 4 ? text.find(',', start) : text.size();
+    if (stop == std::string::npos) return std::nullopt;
+    const std::optional<int> number = ParseInt(std::string_view(text).substr(start, stop - start));
+    if (!number) return std::nullopt;
+    numbers[i] = *number;
+    start = stop + 1;
+  }
+  return WindowPlacement{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4]};
+}
+
+std::string FormatWindowPlacement(const WindowPlacement& p) {
+  return std::to_string(p.showState) + "," + std::to_string(p.left) + "," + std::to_string(p.top) +
+         "," + std::to_string(p.right) + "," + std::to_string(p.bottom);
+}
+
+std::optional<WindowPlacement> ReadWindowPlacement(SettingsStore& settings,
+                                                   const std::string& section) {
+  std::optional<WindowPlacement> placement =
+      ParseWindowPlacement(settings.GetSetting(kSettingsApp, section, kWindowPlacementKey, ""));
+  // A window never comes back as an icon.
+  if (placement && placement->showState == 2) placement->showState = 1;
+  return placement;
+}
+
+void SaveWindowPlacement(SettingsStore& settings, const std::string& section,
+                         const WindowPlacement& placement) {
+  settings.SaveSetting(kSettingsApp, section, kWindowPlacementKey,
+                       FormatWindowPlacement(placement));
+}
+
+}  // namespace sched

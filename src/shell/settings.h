@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/device_files.h"
+#include "platform/registry.h"
+#include "platform/settings_store.h"
+
+namespace sched {
+
+// The application name of every setting, and the section that this program passes.
+inline constexpr const char* kSettingsApp = "Sorvane";
+inline constexpr const char* kDayviewSection = "Dayview";
+inline constexpr const char* kLastFileKey = "File1";
+inline constexpr const char* kWindowPlacementKey = "WindwInformation";
+
+// Remembers the open file: "<onPc>,<PC: or Tarvex:><name>,<full path>".
+void StoreLastFile(SettingsStore& settings, const std::string& section, const std::string& path,
+                   int onPc);
+
+struct LastFile {
+  bool ok = false;       // true when the file can be opened
+  std::string path;      // empty unless ok
+  int ScheduleOnPc = 1;  // 1 on the PC, 0 a device file, given by its cached copy
+  // The folder of a device file, for the device's file dialogs; empty for a PC file.
+  std::string cacheFolder;
+  // For a device file and the "Dayview" section: the device's sounds, read afresh.
+  std::optional<std::vector<std::string>> deviceSounds;
+};
+
+// The file remembered by StoreLastFile, fetched from the device when it lies there. A file
+// that is gone, or a device that does not have it, gives no file and no word.
+LastFile RestoreLastFile(SettingsStore& settings, DeviceFiles& device, const std::string& section);
+
+// True when the data link component is installed: its "Install" value is the number 1.
+bool IsPimLinkInstalled(Registry& registry);
+
+// A window's place: show state (1 normal, 2 minimised, 3 maximised) and its outer edges.
+struct WindowPlacement {
+  int showState = 1;
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+  friend bool operator==(const WindowPlacement&, const WindowPlacement&) = default;
+};
+
+// Five numbers joined by ","; nothing when the text is empty or not five whole numbers.
+std::optional<WindowPlacement> ParseWindowPlacement(const std::string& text);
+std::string FormatWindowPlacement(const WindowPlacement& placement);
+
+// The stored place, a minimised window made normal; nothing when none is stored: the window
+// is then centred.
+std::optional<WindowPlacement> ReadWindowPlacement(SettingsStore& settings,
+                                                   const std::string& section);
+void SaveWindowPlacement(SettingsStore& settings, const std::string& section,
+                         const WindowPlacement& placement);
+
+}  // namespace sched

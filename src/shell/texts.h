@@ -1,0 +1,23 @@
+#pragma once
+
+// The shell's own words, as the user reads them.
+namespace sched::texts {
+
+inline constexpr const char* kAskSaveChanges = "Do you want to save the changes?";
+inline constexpr const char* kAskConversion = "Do you want to perform a Scheduler file conversion?";
+inline constexpr const char* kNotSchedulerFile = "This is not a Scheduler file.";
+inline constexpr const char* kCsvNotSaved = "Csv file is not saved.";
+inline constexpr const char* kCsvNotAvailable =
+    "Reading and writing CSV files is not available in this version of Scheduler.";
+inline constexpr const char* kDirectoryMissing =
+    "Directory does not exist.\r\nPlease install the PC Application again.";
+inline constexpr const char* kHolidayValueInvalid =
+    "Invalid the holiday information file.\r\nPlease setting the holiday information.";
+inline constexpr const char* kHolidayFileNotFound =
+    "Not found a holiday infomation file.\nNot setting holidays.";
+
+inline constexpr const char* kOpenFilter = "Scheduler Files(*.scl)|*.scl";
+inline constexpr const char* kSaveFilter = "Scheduler(*.scl)|*.scl";
+inline constexpr const char* kUntitledName = "Untitled";
+
+}  // namespace sched::texts

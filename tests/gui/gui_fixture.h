@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <gtest/gtest.h>
+
+#include "app/scheduler_app.h"
+#include "holidays/country_calendar.h"
+#include "platform/fake/fake_clock.h"
+#include "platform/fake/fake_date_formatter.h"
+#include "platform/fake/fake_file_dialogs.h"
+#include "platform/fake/fake_messages.h"
+#include "platform/fake/fake_registry.h"
+#include "platform/fake/fake_settings_store.h"
+#include "shell/install.h"
+#include "shell/registry_keys.h"
+#include "tests/support/temp_dir.h"
+
+namespace sched {
+
+// Picks or names device files from a queue of answers; nothing queued is a cancel.
+class FakeDeviceChooser : public DeviceFileChooser {
+ public:
+  std::vector<std::optional<std::string>> answers;
+  std::vector<DeviceFileRequest> asked;
+  std::optional<std::string> ChooseDeviceFile(const DeviceFileRequest& request) override {
+    asked.push_back(request);
+    if (answers.empty()) return std::nullopt;
+    auto answer = answers.front();
+    answers.erase(answers.begin());
+    return answer;
+  }
+};
+
+// A program over fakes, with a real installation in a temporary folder. Each test has its own
+// settings folder, so that its program is no other test's second instance.
+class GuiTest : public ::testing::Test {
+ protected:
+  GuiTest() {
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(dir.File("config")));
+    install = EnsureInstallation(registry, SCHEDULER_DATA_DIR, dir.File("install"),
+                                 {2026, 11, 21})
+                  .installDir;
+  }
+
+  AppPorts Ports() {
+    return {registry, settings, messages, dialogs, dates, clock, holidays, chooser};
+  }
+
+  // Starts the program with the arguments after the program's name.
+  std::optional<int> Start(const QStringList& args = {}) {
+    app = std::make_unique<SchedulerApp>(Ports());
+    return app->Start(QStringList{"scheduler"} + args);
+  }
+
+  std::string Sample() const { return install + "/userdata/PIMdata/Sample.scl"; }
+  QString Title() const { return app->Window()->windowTitle(); }
+  std::vector<std::string> Texts() const {
+    std::vector<std::string> texts;
+    for (const auto& m : messages.Shown()) texts.push_back(m.text);
+    return texts;
+  }
+
+  TempDir dir;
+  FakeRegistry registry;
+  FakeSettingsStore settings;
+  FakeMessages messages;
+  FakeFileDialogs dialogs;
+  FakeDateFormatter dates;
+  FakeClock clock{{2026, 11, 21, 10, 30, 0}};
+  CountryCalendar holidays;
+  FakeDeviceChooser chooser;
+  std::string install;
+  std::unique_ptr<SchedulerApp> app;
+};
+
+}  // namespace sched

@@ -1,0 +1,243 @@
+#include "shell/cache_device_files.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "shell/device_service.h"
+#include "tests/shell/shell_test_support.h"
+#include "tests/support/temp_dir.h"
+
+namespace sched {
+namespace {
+
+namespace fs = std::filesystem;
+
+// An install folder with the device's cache as the set-up leaves it: "System" spelt upper case.
+struct CacheFixture : ::testing::Test {
+  TempDir dir;
+  fs::path cache = dir.Path() / "xferbay" / "cache";
+  CacheDeviceFiles device{cache.string()};
+
+  void SetUp() override {
+    fs::create_directories(cache / "PIM" / "Work");
+    fs::create_directories(cache / "System" / "ini");
+    fs::create_directories(cache / "System" / "sound");
+  }
+  std::string At(const std::string& relative) const { return (cache / relative).string(); }
+};
+
+TEST_F(CacheFixture, DevicePathsMapIntoTheCacheWhateverTheCase) {
+  struct Case {
+    const char* devicePath;
+    const char* expected;  // below the cache; "" when the path cannot be mapped
+  };
+  const Case cases[] = {
+      {"\\PIM\\a.scl", "PIM/a.scl"},
+      {"\\pim\\a.scl", "PIM/a.scl"},
+      {"\\PIM\\work\\b.scl", "PIM/Work/b.scl"},
+      {"\\system\\sound\\CHIME.snd", "System/sound/CHIME.snd"},
+      {"\\SYSTEM\\INI\\Sch.ini", "System/ini/Sch.ini"},
+      {"\\system\\ini\\holiday.ini", "System/ini/holiday.ini"},
+      {"\\New\\Deep\\c.txt", "New/Deep/c.txt"},
+      {"\\\\PIM\\\\a.scl", "PIM/a.scl"},
+      {"PIM\\a.scl", "PIM/a.scl"},
+      {"\\PIM\\.\\a.scl", "PIM/a.scl"},
+      {"\\PIM\\..\\..\\secret", ""},
+  };
+  for (const Case& c : cases) {
+    const std::optional<std::string> local = device.Sor_ConvPathSorvaneToCache(c.devicePath);
+    if (*c.expected == '\0') {
+      EXPECT_FALSE(local) << c.devicePath;
+    } else {
+      EXPECT_EQ(local, At(c.expected)) << c.devicePath;
+    }
+  }
+}
+
+TEST_F(CacheFixture, CachePathsMapToDevicePaths) {
+  struct Case {
+    std::string cachePath;
+    std::optional<std::string> expected;
+  };
+  const Case cases[] = {
+      {At("PIM/a.scl"), "\\PIM\\a.scl"},
+      {At("PIM/Work/b.scl"), "\\PIM\\Work\\b.scl"},
+      {At("System/sound/CHIME.snd"), "\\System\\sound\\CHIME.snd"},
+      {At("PIM"), "\\PIM"},
+      {At("PIM/"), "\\PIM"},
+      {cache.string(), "\\"},
+      {At("PIM/../System/x.ini"), "\\System\\x.ini"},
+      {(dir.Path() / "userdata/PIMdata/a.scl").string(), std::nullopt},
+      {cache.string() + "2/PIM/a.scl", std::nullopt},  // a sibling whose name starts alike
+      {At("../cache2/a.scl"), std::nullopt},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(device.Sor_ConvPathCacheToSorvane(c.cachePath), c.expected) << c.cachePath;
+  }
+}
+
+TEST_F(CacheFixture, OnlyPathsOutsideTheCacheAreOnThePc) {
+  struct Case {
+    std::string path;
+    bool onPc;
+  };
+  const Case cases[] = {
+      {At("PIM/a.scl"), false},
+      {At("System/sound/x.snd"), false},
+      {"\\PIM\\a.scl", false},
+      {(dir.Path() / "userdata/PIMdata/a.scl").string(), true},
+      {cache.string() + "2/a.scl", true},
+      {"/elsewhere/a.scl", true},
+      {"", true},
+  };
+  for (const Case& c : cases) EXPECT_EQ(device.Sor_IsOnPcFile(c.path), c.onPc) << c.path;
+}
+
+TEST_F(CacheFixture, PutFileCopiesOntoTheDeviceMakingFolders) {
+  const std::string local = dir.File("upload.tmp");
+  WriteText(local, "first");
+  EXPECT_EQ(device.Sor_PutFile("\\PIM\\New\\Deeper\\x.scl", local), 0);
+  EXPECT_EQ(ReadText(cache / "PIM/New/Deeper/x.scl"), "first");
+
+  WriteText(local, "second");
+  EXPECT_EQ(device.Sor_PutFile("\\pim\\new\\deeper\\X.SCL", local), 0);
+  EXPECT_EQ(ReadText(cache / "PIM/New/Deeper/x.scl"), "second");  // the same file, replaced
+
+  EXPECT_EQ(device.Sor_PutFile("\\system\\ini\\holiday.ini", local), 0);
+  EXPECT_TRUE(fs::exists(cache / "System/ini/holiday.ini"));
+  EXPECT_FALSE(fs::exists(cache / "system"));
+}
+
+TEST_F(CacheFixture, PutFileFailures) {
+  const std::string local = dir.File("upload.tmp");
+  WriteText(local, "data");
+  EXPECT_NE(device.Sor_PutFile("\\PIM\\a.scl", dir.File("missing.tmp")), 0);
+  EXPECT_NE(device.Sor_PutFile("\\", local), 0);
+  EXPECT_NE(device.Sor_PutFile("\\PIM\\..\\..\\escape.scl", local), 0);
+  EXPECT_NE(device.Sor_PutFile("\\PIM", local), 0);  // a folder is no file
+  EXPECT_FALSE(fs::exists(dir.Path() / "escape.scl"));
+}
+
+TEST_F(CacheFixture, PutFileOfTheCachedCopyItselfKeepsIt) {
+  WriteText(cache / "PIM/a.scl", "content");
+  EXPECT_EQ(device.Sor_PutFile("\\PIM\\a.scl", At("PIM/a.scl")), 0);
+  EXPECT_EQ(ReadText(cache / "PIM/a.scl"), "content");
+}
+
+TEST_F(CacheFixture, GetFileGivesTheCachedFile) {
+  WriteText(cache / "PIM/a.scl", "x");
+  EXPECT_EQ(device.Sor_GetFile("\\pim\\A.scl").value_or(""), At("PIM/a.scl"));
+  EXPECT_FALSE(device.Sor_GetFile("\\PIM\\missing.scl"));
+  EXPECT_FALSE(device.Sor_GetFile("\\PIM"));
+  EXPECT_TRUE(device.Sor_IsExist("\\PIM\\a.scl"));
+  EXPECT_TRUE(device.Sor_IsExist("\\system\\sound"));
+  EXPECT_FALSE(device.Sor_IsExist("\\PIM\\missing.scl"));
+}
+
+TEST_F(CacheFixture, DirByExtListsOneExtensionSorted) {
+  for (const char* name : {"b.SCL", "A.scl", "c.txt", "a.scl.bak", "scl"}) {
+    WriteText(cache / "PIM" / name, "x");
+  }
+  fs::create_directories(cache / "PIM" / "folder.scl");
+  EXPECT_EQ(device.Sor_DirByExt("\\PIM", "scl"), (std::vector<std::string>{"A.scl", "b.SCL"}));
+  EXPECT_EQ(device.Sor_DirByExt("\\pim\\", "TXT"), (std::vector<std::string>{"c.txt"}));
+  EXPECT_TRUE(device.Sor_DirByExt("\\Nowhere", "scl").empty());
+}
+
+// Answers the device's file dialog as a user would, and keeps what it was asked.
+struct ScriptedChooser : DeviceFileChooser {
+  std::optional<std::string> answer;
+  DeviceFileRequest asked;
+  std::optional<std::string> ChooseDeviceFile(const DeviceFileRequest& request) override {
+    asked = request;
+    return answer;
+  }
+};
+
+TEST_F(CacheFixture, FileDialogsGiveDevicePaths) {
+  WriteText(cache / "PIM/Sample.scl", "x");
+  WriteText(cache / "PIM/notes.txt", "x");
+  WriteText(cache / "PIM/Work/Sample.scl", "x");
+  struct Case {
+    DeviceDialogMode mode;
+    const char* start;
+    std::optional<std::string> answer;
+    const char* askedFolder;
+    const char* askedProposal;
+    std::optional<std::string> expected;
+  };
+  const DeviceDialogMode open = DeviceDialogMode::Open, save = DeviceDialogMode::Save;
+  const Case cases[] = {
+      {open, "\\PIM", "Sample.scl", "\\PIM", "", "\\PIM\\Sample.scl"},
+      {open, "\\\\PIM", "Sample", "\\PIM", "", "\\PIM\\Sample.scl"},
+      {open, "\\PIM", std::nullopt, "\\PIM", "", std::nullopt},
+      {save, "\\PIM\\Sample.scl", "Sample.scl", "\\PIM", "Sample.scl", "\\PIM\\Sample.scl"},
+      {save, "\\PIM\\", "Week", "\\PIM", "", "\\PIM\\Week.scl"},
+      {save, "\\PIM\\Work\\Plan.scl", "Plan.SCL", "\\PIM\\Work", "Plan.scl",
+       "\\PIM\\Work\\Plan.SCL"},
+      {save, "\\PIM\\x.scl", "Plan.txt", "\\PIM", "x.scl", "\\PIM\\Plan.txt.scl"},
+      {save, "\\PIM\\x.scl", "sub\\Plan", "\\PIM", "x.scl", std::nullopt},
+      {save, "\\PIM\\x.scl", "..", "\\PIM", "x.scl", std::nullopt},
+      {save, "\\PIM\\x.scl", "", "\\PIM", "x.scl", std::nullopt},
+  };
+  for (const Case& c : cases) {
+    ScriptedChooser chooser;
+    chooser.answer = c.answer;
+    device.SetChooser(&chooser);
+    const std::optional<std::string> result = c.mode == open
+                                                  ? device.Sor_PIMOpenFileDialog("scl", c.start)
+                                                  : device.Sor_PIMSaveFileDialog("scl", c.start);
+    EXPECT_EQ(result, c.expected) << c.start << " " << c.answer.value_or("(cancel)");
+    EXPECT_EQ(chooser.asked.mode, c.mode);
+    EXPECT_EQ(chooser.asked.folder, c.askedFolder) << c.start;
+    EXPECT_EQ(chooser.asked.proposal, c.askedProposal) << c.start;
+    EXPECT_EQ(chooser.asked.files, std::vector<std::string>{"Sample.scl"}) << c.start;
+  }
+}
+
+TEST_F(CacheFixture, WithoutAChooserTheDialogsCancel) {
+  EXPECT_FALSE(device.Sor_PIMOpenFileDialog("scl", "\\PIM"));
+  EXPECT_FALSE(device.Sor_PIMSaveFileDialog("scl", "\\PIM\\a.scl"));
+}
+
+TEST_F(CacheFixture, DeviceSoundsAreListedWithTheirDevicePath) {
+  EXPECT_TRUE(ReadDeviceSounds(device).empty());
+  WriteText(cache / "System/sound/SCHALARM.snd", "x");
+  WriteText(cache / "System/sound/chime.SND", "x");
+  WriteText(cache / "System/sound/readme.txt", "x");
+  EXPECT_EQ(ReadDeviceSounds(device), (std::vector<std::string>{"\\system\\sound\\chime.SND",
+                                                                "\\system\\sound\\SCHALARM.snd"}));
+  fs::remove_all(cache / "System" / "sound");
+  EXPECT_TRUE(ReadDeviceSounds(device).empty());
+}
+
+TEST_F(CacheFixture, ResolveFileNameCutsQuotesAndFindsTheLocation) {
+  WriteText(cache / "PIM/Work/a.scl", "x");
+  const std::string pcFile = dir.File("a.scl");
+  struct Case {
+    std::string name;
+    std::string path;
+    int onPc;
+    std::string cacheFolder;
+  };
+  const Case cases[] = {
+      {pcFile, pcFile, 1, ""},
+      {"\"" + pcFile + "\"", pcFile, 1, ""},
+      {"\"" + pcFile, pcFile, 1, ""},
+      {pcFile + "\"", pcFile, 1, ""},
+      {At("PIM/Work/a.scl"), At("PIM/Work/a.scl"), 0, At("PIM/Work")},
+      {"\"" + At("PIM/Work/a.scl") + "\"", At("PIM/Work/a.scl"), 0, At("PIM/Work")},
+      {At("PIM/Gone/a.scl"), At("PIM/Gone/a.scl"), 0, ""},
+      {"", "", 1, ""},
+  };
+  for (const Case& c : cases) {
+    const ResolvedFile file = ResolveFileName(device, c.name);
+    EXPECT_EQ(file.path, c.path) << c.name;
+    EXPECT_EQ(file.ScheduleOnPc, c.onPc) << c.name;
+    EXPECT_EQ(file.cacheFolder, c.cacheFolder) << c.name;
+  }
+}
+
+}  // namespace
+}  // namespace sched

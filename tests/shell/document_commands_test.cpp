@@ -1,0 +1,227 @@
+#include "shell/document_commands.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/fake/fake_file_dialogs.h"
+#include "shell/texts.h"
+#include "tests/support/recording_shell_window.h"
+#include "tests/support/test_store.h"
+
+namespace sched {
+namespace {
+
+// The document commands over a store, a recording window, fake dialogs and a temporary folder.
+struct Shell {
+  TempDir dir;
+  ScheduleDocument doc;
+  RecordingShellWindow window;
+  FakeMessages messages;
+  FakeProgress progress;
+  FakeClock clock{{2026, 11, 21, 10, 0, 0}};
+  FakeDeviceFiles device;
+  FakeFileDialogs dialogs;
+  AppState state;
+  ScheduleStore store{
+      doc, StoreServices{window, messages, progress, clock, device, dir.File("System.ini")}};
+  DocumentCommands commands{
+      DocumentServices{store, window, messages, dialogs, device, clock, state, dir.File("cache")}};
+
+  Shell() { commands.ResetToToday(true); }
+
+  // A schedule file on the PC with one item.
+  std::string MakeFile(const std::string& name, const std::string& title) {
+    ScheduleDocument other;
+    RecordingStoreHost host;
+    FakeMessages quiet;
+    ScheduleStore maker(other, StoreServices{host, quiet, progress, clock, device, ""});
+    maker.ClearIndex();
+    maker.ResetHeader();
+    maker.InsertRecord(MakeItem(2026, 11, 21, 540, 600, title));
+    other.ScheduleFile = dir.File(name);
+    maker.SaveScheduleFile();
+    return other.ScheduleFile;
+  }
+
+  std::vector<std::string> Texts() const {
+    std::vector<std::string> texts;
+    for (const auto& m : messages.Shown()) texts.push_back(m.text);
+    return texts;
+  }
+
+  std::string FirstTitle() const {
+    return doc.Tables.RowCount > 0 ? doc.Tables.SchDatList.At(0).Title : "";
+  }
+};
+
+TEST(DocumentCommands, CheckInputFnameSCL) {
+  Shell s;
+  const std::string good = s.MakeFile("good.scl", "x");
+  WriteBytes(s.dir.File("bad.scl"), {'Q', '3', '9', 'X', 0, 0});
+  WriteBytes(s.dir.File("UPPER.SCL"), ReadBytes(good));
+  struct Case {
+    std::string path;
+    bool ok;
+  };
+  for (const Case& c : {Case{good, true}, Case{s.dir.File("UPPER.SCL"), true},
+                        Case{s.dir.File("bad.scl"), false}, Case{s.dir.File("gone.scl"), false},
+                        Case{s.dir.File("data.CSV"), true}, Case{s.dir.File("notes.txt"), false}}) {
+    const std::size_t before = s.messages.Shown().size();
+    EXPECT_EQ(s.commands.CheckInputFnameSCL(c.path), c.ok) << c.path;
+    EXPECT_EQ(s.messages.Shown().size(), before + (c.ok ? 0 : 1)) << c.path;
+  }
+  EXPECT_EQ(s.messages.Shown().back().text, "This is not a Scheduler file.");
+  EXPECT_EQ(s.messages.Shown().back().title, "Scheduler");
+  EXPECT_EQ(s.messages.Shown().back().icon, MsgIcon::Exclamation);
+}
+
+TEST(DocumentCommands, OpenOnPcLoadsTheChosenFileAndCancelKeepsTheDocument) {
+  Shell s;
+  s.dialogs.QueueAnswer(s.MakeFile("a.scl", "from a"));
+  s.commands.OpenOnPc();
+  EXPECT_EQ(s.FirstTitle(), "from a");
+  EXPECT_EQ(s.window.title, "Scheduler - PC:a.scl");
+  EXPECT_EQ(s.state.LastPcDir, s.dir.Path().string());
+  EXPECT_FALSE(s.doc.Dirty);
+  ASSERT_EQ(s.dialogs.ShownDialogs().size(), 1u);
+  EXPECT_EQ(s.dialogs.ShownDialogs()[0].request.filter, "Scheduler Files(*.scl)|*.scl");
+  EXPECT_FALSE(s.dialogs.ShownDialogs()[0].save);
+  EXPECT_FALSE(s.state.NoticesHeld);
+
+  s.commands.OpenOnPc();  // cancelled
+  EXPECT_EQ(s.FirstTitle(), "from a");
+  EXPECT_EQ(s.doc.ScheduleFile, s.dir.File("a.scl"));
+
+  WriteBytes(s.dir.File("wrong.scl"), {'X', 'X', 'X', 'X'});
+  s.dialogs.QueueAnswer(s.dir.File("wrong.scl"));
+  s.commands.OpenOnPc();
+  EXPECT_EQ(s.Texts().back(), "This is not a Scheduler file.");
+  EXPECT_EQ(s.FirstTitle(), "from a");
+  EXPECT_EQ(s.doc.ScheduleFile, s.dir.File("a.scl"));
+}
+
+TEST(DocumentCommands, TheQuestionForUnsavedChanges) {
+  struct Case {
+    MsgAnswer answer;
+    bool goesOn;
+    bool saved;
+  };
+  for (const Case& c : {Case{MsgAnswer::Yes, true, true}, Case{MsgAnswer::No, true, false},
+                        Case{MsgAnswer::Cancel, false, false}}) {
+    Shell s;
+    s.dialogs.QueueAnswer(s.MakeFile("doc.scl", "before"));
+    s.commands.OpenOnPc();
+    s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
+    s.doc.Dirty = true;
+    s.messages.QueueAnswer(c.answer);
+    EXPECT_EQ(s.commands.AskSaveChanges(), c.goesOn);
+    const MessageRequest& asked = s.messages.Shown().back();
+    EXPECT_EQ(asked.text, "Do you want to save the changes?");
+    EXPECT_EQ(asked.title, "Scheduler");
+    EXPECT_EQ(asked.buttons, MsgButtons::YesNoCancel);
+    Shell check;
+    check.dialogs.QueueAnswer(s.doc.ScheduleFile);
+    check.commands.OpenOnPc();
+    EXPECT_EQ(check.doc.Tables.RowCount, c.saved ? 2 : 1);
+    EXPECT_EQ(s.doc.Dirty, !c.saved);
+  }
+}
+
+TEST(DocumentCommands, NewAsksForChangesAndEmptiesTheDocument) {
+  Shell s;
+  s.dialogs.QueueAnswer(s.MakeFile("doc.scl", "old"));
+  s.commands.OpenOnPc();
+  s.doc.Dirty = true;
+  s.messages.QueueAnswer(MsgAnswer::Cancel);
+  s.commands.New();
+  EXPECT_EQ(s.doc.Tables.RowCount, 1);  // cancelled: nothing changed
+
+  s.messages.QueueAnswer(MsgAnswer::No);
+  s.window.calls.clear();
+  s.commands.New();
+  EXPECT_EQ(s.doc.Tables.RowCount, 0);
+  EXPECT_TRUE(s.doc.Tables.SchDatList.IsEmpty());
+  EXPECT_EQ(s.doc.ScheduleFile, "");
+  EXPECT_FALSE(s.doc.Dirty);
+  EXPECT_EQ(s.window.title, "Scheduler - Untitled");
+  EXPECT_EQ(s.doc.CurYear * 10000 + s.doc.CurMonth * 100 + s.doc.CurDay, 20261121);
+  EXPECT_TRUE(s.window.Called("ShowFirstTab"));
+  EXPECT_TRUE(s.window.Called("ShowDate 2026/11/21"));
+  EXPECT_TRUE(s.window.Called("DisableDeleteMonthYear"));
+  EXPECT_EQ(s.window.calls.front(), "HideScheduleList");
+}
+
+TEST(DocumentCommands, SaveAsOnPcProposesTheNameAndAddsTheExtension) {
+  Shell s;
+  s.store.InsertRecord(MakeItem(2026, 11, 21, 540, 600, "new item"));
+  s.doc.Dirty = true;
+  s.state.LastPcDir = s.dir.Path().string();
+  s.dialogs.QueueAnswer(s.dir.File("Plans"));
+  s.commands.SaveToPc();  // untitled: asks for a name
+  ASSERT_EQ(s.dialogs.ShownDialogs().size(), 1u);
+  const auto& shown = s.dialogs.ShownDialogs()[0];
+  EXPECT_TRUE(shown.save);
+  EXPECT_EQ(shown.request.proposal, "Untitled");
+  EXPECT_EQ(shown.request.filter, "Scheduler(*.scl)|*.scl");
+  EXPECT_EQ(shown.request.folder, s.dir.Path().string());
+  EXPECT_EQ(s.doc.ScheduleFile, s.dir.File("Plans.scl"));
+  EXPECT_EQ(s.window.title, "Scheduler - PC:Plans.scl");
+  EXPECT_FALSE(s.doc.Dirty);
+  EXPECT_EQ(ReadBytes(s.dir.File("Plans.scl")).size(), 12u + 38 + 16 + 134 + 106);
+
+  s.dialogs.QueueAnswer(std::nullopt);
+  s.doc.Dirty = true;
+  s.commands.SaveAsOnPc();  // cancelled: the document stays as it was
+  EXPECT_EQ(s.dialogs.ShownDialogs().back().request.proposal, "Plans");
+  EXPECT_TRUE(s.doc.Dirty);
+  EXPECT_EQ(s.doc.ScheduleFile, s.dir.File("Plans.scl"));
+}
+
+TEST(DocumentCommands, SaveToPcOfADeviceFileAsksForANameOnThePc) {
+  Shell s;
+  const std::string cached = s.MakeFile("device.scl", "on the device");
+  const auto cachedBytes = ReadBytes(cached);
+  s.doc.ScheduleFile = cached;
+  s.doc.ScheduleOnPc = 0;
+  s.store.LoadScheduleFile();
+  s.store.InsertRecord(MakeItem(2026, 11, 23, 540, 600, "added"));
+  s.dialogs.QueueAnswer(s.dir.File("copy.scl"));
+  s.commands.SaveToPc();
+  EXPECT_EQ(s.dialogs.ShownDialogs().size(), 1u);
+  EXPECT_EQ(s.dialogs.ShownDialogs()[0].request.proposal, "device");
+  EXPECT_EQ(ReadBytes(cached), cachedBytes);
+  EXPECT_EQ(s.doc.ScheduleOnPc, 1);
+  EXPECT_EQ(s.window.title, "Scheduler - PC:copy.scl");
+}
+
+TEST(DocumentCommands, ADroppedFileOpensAndABadOneLeavesTheDocument) {
+  Shell s;
+  EXPECT_EQ(s.commands.OpenFileByName(s.MakeFile("dropped.scl", "dropped")), 1);
+  EXPECT_EQ(s.FirstTitle(), "dropped");
+  EXPECT_EQ(s.window.title, "Scheduler - PC:dropped.scl");
+  EXPECT_TRUE(s.window.Called("BringToFront"));
+  EXPECT_TRUE(s.window.Called("EnableSaveButton"));
+
+  WriteBytes(s.dir.File("fake.scl"), {'N', 'O', 'P', 'E', 0, 0, 0, 0, 0, 0, 0, 0});
+  EXPECT_EQ(s.commands.OpenFileByName(s.dir.File("fake.scl")), 0);
+  EXPECT_EQ(s.Texts().back(), "This is not a Scheduler file.");
+  EXPECT_EQ(s.FirstTitle(), "dropped");
+
+  s.doc.Dirty = true;
+  s.messages.QueueAnswer(MsgAnswer::Cancel);
+  EXPECT_EQ(s.commands.OpenFileByName(s.MakeFile("other.scl", "other")), 0);
+  EXPECT_EQ(s.FirstTitle(), "dropped");
+}
+
+TEST(DocumentCommands, CsvDocumentsAreRefusedClearlyUntilTheyCanBeRead) {
+  Shell s;
+  WriteBytes(s.dir.File("list.csv"), {'a', ',', 'b'});
+  s.dialogs.QueueAnswer(s.MakeFile("open.scl", "open"));
+  s.commands.OpenOnPc();
+  EXPECT_EQ(s.commands.OpenFileByName(s.dir.File("list.csv")), 0);
+  EXPECT_EQ(s.Texts().back(), texts::kCsvNotAvailable);
+  EXPECT_EQ(s.FirstTitle(), "open");  // the open document stays
+  EXPECT_EQ(s.window.title, "Scheduler - PC:open.scl");
+}
+
+}  // namespace
+}  // namespace sched

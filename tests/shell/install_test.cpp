@@ -1,0 +1,164 @@
+#include "shell/install.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+
+#include "platform/fake/fake_registry.h"
+#include "shell/paths.h"
+#include "shell/registry_keys.h"
+#include "tests/shell/shell_test_support.h"
+#include "tests/support/test_store.h"
+
+namespace sched {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr CivilDate kToday{2026, 3, 14};
+
+// Every file below a folder with its content.
+std::map<std::string, std::string> Snapshot(const fs::path& root) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    const std::string relative = fs::relative(entry.path(), root).string();
+    files[relative] = entry.is_regular_file() ? ReadText(entry.path()) : "(folder)";
+  }
+  return files;
+}
+
+struct InstallFixture : ::testing::Test {
+  TempDir dir;
+  fs::path data = dir.Path() / "data";
+  std::string defaultDir = (dir.Path() / "share" / "Sorvane" / "Tarvex").string();
+  FakeRegistry registry;
+
+  void SetUp() override {
+    for (const char* name : {"holidayDE.ini", "holidayUS.ini", "holidayJP.ini"}) {
+      WriteText(data / "pcapps" / name, std::string("; ") + name + "\n");
+    }
+    WriteText(data / "pcapps" / "readme.txt", "not a country file");
+  }
+
+  InstallReport Install() {
+    return EnsureInstallation(registry, data.string(), defaultDir, kToday);
+  }
+};
+
+TEST_F(InstallFixture, AFreshMachineGetsTheWholeLayout) {
+  const InstallReport report = Install();
+  EXPECT_TRUE(report.failures.empty());
+  EXPECT_EQ(report.installDir, defaultDir);
+  EXPECT_EQ(ReadInstallDir(registry), defaultDir);
+  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayUS.ini");
+
+  const InstallPaths paths = MakeInstallPaths(defaultDir);
+  EXPECT_TRUE(paths.PimDataFound);
+  for (const char* name : {"holidayDE.ini", "holidayUS.ini", "holidayJP.ini"}) {
+    EXPECT_EQ(ReadText(fs::path(paths.PcAppsDir) / name), std::string("; ") + name + "\n");
+  }
+  EXPECT_FALSE(fs::exists(fs::path(paths.PcAppsDir) / "readme.txt"));
+  EXPECT_TRUE(fs::is_directory(fs::path(defaultDir) / "userdata" / "ini"));
+  EXPECT_TRUE(fs::exists(paths.SchIniPath));
+  // One device folder "System", holding the settings and the sounds.
+  EXPECT_EQ(paths.SoundCacheDir, defaultDir + "/xferbay/cache/System/sound");
+  EXPECT_TRUE(fs::exists(fs::path(paths.SoundCacheDir) / "SCHALARM.snd"));
+
+  const std::vector<std::uint8_t> systemIni = ReadBytes(paths.SystemIniPath);
+  ASSERT_GE(systemIni.size(), 8u);
+  EXPECT_EQ(systemIni[6] | systemIni[7] << 8, 1);  // private level 1
+}
+
+TEST_F(InstallFixture, TheSampleScheduleLoadsOnThePcAndOnTheDevice) {
+  Install();
+  const InstallPaths paths = MakeInstallPaths(defaultDir);
+  const std::string pcSample = paths.PimDataDir + "/Sample.scl";
+  const std::string deviceSample = paths.CacheDir + "/Sample.scl";
+  EXPECT_EQ(ReadBytes(pcSample), ReadBytes(deviceSample));
+  TestStore s;
+  s.LoadFrom(pcSample);
+  EXPECT_TRUE(s.messages.Shown().empty());
+  EXPECT_GT(s.doc.LoadedRecords, 10);
+  EXPECT_EQ(s.doc.ScheduleFile, pcSample);
+}
+
+TEST_F(InstallFixture, ASecondRunChangesNothing) {
+  Install();
+  const auto before = Snapshot(defaultDir);
+  const std::size_t values = registry.ValueCount();
+  const InstallReport again = Install();
+  EXPECT_TRUE(again.created.empty());
+  EXPECT_TRUE(again.failures.empty());
+  EXPECT_EQ(Snapshot(defaultDir), before);
+  EXPECT_EQ(registry.ValueCount(), values);
+}
+
+TEST_F(InstallFixture, UserFilesAndSettingsAreKept) {
+  WriteText(fs::path(defaultDir) / "userdata/PIMdata/Sample.scl", "my own schedule");
+  const std::string mySystemIni("MYUNIT\x05\x00", 8);  // private level 5
+  WriteText(fs::path(defaultDir) / "xferbay/cache/System/System.ini", mySystemIni);
+  WriteText(fs::path(defaultDir) / "xferbay/cache/system/sound/schalarm.snd", "my alarm");
+  registry.WriteString(kSchedulerKey, kHolidayIniValue, "holidayJP.ini");
+  Install();
+  EXPECT_EQ(ReadText(fs::path(defaultDir) / "userdata/PIMdata/Sample.scl"), "my own schedule");
+  EXPECT_NE(ReadText(fs::path(defaultDir) / "xferbay/cache/PIM/Sample.scl"), "my own schedule");
+  EXPECT_EQ(ReadText(fs::path(defaultDir) / "xferbay/cache/System/System.ini"), mySystemIni);
+  // The melody exists in another case: no second copy beside it.
+  EXPECT_EQ(ReadText(fs::path(defaultDir) / "xferbay/cache/system/sound/schalarm.snd"), "my alarm");
+  EXPECT_FALSE(fs::exists(fs::path(defaultDir) / "xferbay/cache/system/sound/SCHALARM.snd"));
+  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayJP.ini");
+}
+
+TEST_F(InstallFixture, ARegisteredFolderThatIsGoneGetsANewInstall) {
+  registry.WriteString(kInstallKey, kInstallDirValue, dir.File("removed") + "/");
+  const InstallReport report = Install();
+  EXPECT_EQ(report.installDir, defaultDir);
+  EXPECT_EQ(ReadInstallDir(registry), defaultDir);
+  EXPECT_TRUE(fs::exists(defaultDir + "/userdata/PIMdata/Sample.scl"));
+  EXPECT_FALSE(fs::exists(dir.File("removed")));
+}
+
+TEST_F(InstallFixture, TheUsersOwnInstallIsLeftAlone) {
+  const fs::path own = dir.Path() / "own";
+  WriteText(own / "pcapps" / "holidayFR.ini", "; fr\n");
+  registry.WriteString(kInstallKey, kInstallDirValue, own.string());
+  const InstallReport report = Install();
+  EXPECT_EQ(report.installDir, own.string());
+  EXPECT_EQ(ReadInstallDir(registry), own.string());
+  EXPECT_EQ(Snapshot(own).size(), 2u);  // pcapps and its one file
+  EXPECT_FALSE(fs::exists(defaultDir));
+  // The country file setting is still completed from what the folder holds.
+  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayFR.ini");
+}
+
+TEST_F(InstallFixture, TheCountryFileIsTheFirstByNameWithoutTheUnitedStates) {
+  fs::remove(data / "pcapps" / "holidayUS.ini");
+  Install();
+  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayDE.ini");
+}
+
+TEST_F(InstallFixture, WithoutCountryFilesNoneIsRegistered) {
+  fs::remove_all(data / "pcapps");
+  const InstallReport report = Install();
+  EXPECT_TRUE(report.failures.empty());
+  EXPECT_FALSE(registry.ReadString(kSchedulerKey, kHolidayIniValue));
+  EXPECT_TRUE(registry.KeyExists(kSchedulerKey));  // the program needs the key to start
+}
+
+TEST_F(InstallFixture, ARegistryThatRefusesWritesIsReported) {
+  registry.failWrites = true;
+  const InstallReport report = Install();
+  EXPECT_FALSE(report.failures.empty());
+  EXPECT_FALSE(ReadInstallDir(registry));
+}
+
+TEST(DefaultInstallDir, UsesAnAbsoluteDataHomeElseTheHomeFolder) {
+  EXPECT_EQ(DefaultInstallDir("/data", "/home/u"), "/data/Sorvane/Tarvex");
+  EXPECT_EQ(DefaultInstallDir("/data/", "/home/u"), "/data/Sorvane/Tarvex");
+  EXPECT_EQ(DefaultInstallDir("", "/home/u"), "/home/u/.local/share/Sorvane/Tarvex");
+  EXPECT_EQ(DefaultInstallDir("relative", "/home/u"), "/home/u/.local/share/Sorvane/Tarvex");
+}
+
+}  // namespace
+}  // namespace sched

@@ -1,0 +1,161 @@
+#include "shell/settings.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "platform/fake/fake_registry.h"
+#include "platform/fake/fake_settings_store.h"
+#include "shell/cache_device_files.h"
+#include "shell/registry_keys.h"
+#include "tests/shell/shell_test_support.h"
+#include "tests/support/temp_dir.h"
+
+namespace sched {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string StoredLastFile(FakeSettingsStore& settings) {
+  return settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, "(none)");
+}
+
+TEST(StoreLastFile, WritesLocationNameAndPath) {
+  FakeSettingsStore settings;
+  StoreLastFile(settings, kDayviewSection, "/home/u/PIMdata/Plan.scl", 1);
+  EXPECT_EQ(StoredLastFile(settings), "1,PC:Plan.scl,/home/u/PIMdata/Plan.scl");
+  StoreLastFile(settings, kDayviewSection, "/i/xferbay/cache/PIM/Sample.scl", 0);
+  EXPECT_EQ(StoredLastFile(settings), "0,Tarvex:Sample.scl,/i/xferbay/cache/PIM/Sample.scl");
+}
+
+struct LastFileFixture : ::testing::Test {
+  TempDir dir;
+  fs::path cache = dir.Path() / "xferbay" / "cache";
+  CacheDeviceFiles device{cache.string()};
+  FakeSettingsStore settings;
+
+  void SetUp() override {
+    WriteText(dir.Path() / "PIMdata" / "Plan.scl", "pc");
+    WriteText(dir.Path() / "PIMdata" / "Plans, old.scl", "pc");
+    WriteText(cache / "PIM" / "Sample.scl", "device");
+    WriteText(cache / "System" / "sound" / "SCHALARM.snd", "snd");
+  }
+};
+
+TEST_F(LastFileFixture, RestoreFollowsTheFileToItsPlace) {
+  const std::string pcFile = (dir.Path() / "PIMdata" / "Plan.scl").string();
+  const std::string commaFile = (dir.Path() / "PIMdata" / "Plans, old.scl").string();
+  const std::string deviceFile = (cache / "PIM" / "Sample.scl").string();
+  struct Case {
+    const char* what;
+    std::optional<std::string> stored;  // the "File1" value; nothing when never stored
+    bool ok;
+    std::string path;
+    int onPc;
+  };
+  const Case cases[] = {
+      {"nothing stored", std::nullopt, false, "", 1},
+      {"empty value", "", false, "", 1},
+      {"PC file", "1,PC:Plan.scl," + pcFile, true, pcFile, 1},
+      {"PC file with commas", "1,PC:Plans, old.scl," + commaFile, true, commaFile, 1},
+      {"PC file gone", "1,PC:Gone.scl," + dir.File("Gone.scl"), false, "", 1},
+      {"device file", "0,Tarvex:Sample.scl," + deviceFile, true, deviceFile, 0},
+      {"device file gone", "0,Tarvex:Old.scl," + (cache / "PIM" / "Old.scl").string(), false, "",
+       0},
+      // The place of the path decides, whatever the first field says.
+      {"device file marked as PC", "1,PC:Sample.scl," + deviceFile, true, deviceFile, 0},
+      {"no path", "1", false, "", 1},
+  };
+  for (const Case& c : cases) {
+    FakeSettingsStore store;
+    if (c.stored) store.SaveSetting(kSettingsApp, kDayviewSection, kLastFileKey, *c.stored);
+    const LastFile last = RestoreLastFile(store, device, kDayviewSection);
+    EXPECT_EQ(last.ok, c.ok) << c.what;
+    EXPECT_EQ(last.path, c.path) << c.what;
+    EXPECT_EQ(last.ScheduleOnPc, c.onPc) << c.what;
+  }
+}
+
+TEST_F(LastFileFixture, ADeviceFileRefreshesTheDeviceSoundsOfTheDayview) {
+  StoreLastFile(settings, kDayviewSection, (cache / "PIM" / "Sample.scl").string(), 0);
+  const LastFile last = RestoreLastFile(settings, device, kDayviewSection);
+  ASSERT_TRUE(last.ok);
+  EXPECT_EQ(last.deviceSounds, std::vector<std::string>{"\\system\\sound\\SCHALARM.snd"});
+  EXPECT_EQ(last.cacheFolder, (cache / "PIM").string());
+
+  StoreLastFile(settings, "Other", (cache / "PIM" / "Sample.scl").string(), 0);
+  EXPECT_FALSE(RestoreLastFile(settings, device, "Other").deviceSounds);
+
+  StoreLastFile(settings, kDayviewSection, (dir.Path() / "PIMdata" / "Plan.scl").string(), 1);
+  EXPECT_FALSE(RestoreLastFile(settings, device, kDayviewSection).deviceSounds);
+}
+
+TEST(IsPimLinkInstalled, OnlyTheNumberOne) {
+  struct Case {
+    const char* what;
+    std::optional<std::uint32_t> number;
+    std::optional<std::string> text;
+    bool installed;
+  };
+  const Case cases[] = {
+      {"absent", std::nullopt, std::nullopt, false},
+      {"1", 1u, std::nullopt, true},
+      {"0", 0u, std::nullopt, false},
+      {"2", 2u, std::nullopt, false},
+      {"text 1", std::nullopt, "1", false},
+  };
+  for (const Case& c : cases) {
+    FakeRegistry registry;
+    if (c.number) registry.WriteNumber(kPimLinkKey, kPimLinkInstallValue, *c.number);
+    if (c.text) registry.WriteString(kPimLinkKey, kPimLinkInstallValue, *c.text);
+    EXPECT_EQ(IsPimLinkInstalled(registry), c.installed) << c.what;
+  }
+}
+
+TEST(WindowPlacement, ParsesFiveWholeNumbersOnly) {
+  struct Case {
+    const char* text;
+    std::optional<WindowPlacement> expected;
+  };
+  const Case cases[] = {
+      {"", std::nullopt},
+      {"garbage", std::nullopt},
+      {"1,2,3,4", std::nullopt},
+      {"1,2,3,4,5,6", std::nullopt},
+      {"1,2,,4,5", std::nullopt},
+      {"1,2,3,4,x", std::nullopt},
+      {"1,2,3,4,5x", std::nullopt},
+      {"1,2.5,3,4,5", std::nullopt},
+      {"1,99999999999,3,4,5", std::nullopt},
+      {"1,120,80,920,680", WindowPlacement{1, 120, 80, 920, 680}},
+      {"3,-1920,-8,0,1040", WindowPlacement{3, -1920, -8, 0, 1040}},
+      {" 1, 2 ,3,4,5 ", WindowPlacement{1, 2, 3, 4, 5}},
+  };
+  for (const Case& c : cases) EXPECT_EQ(ParseWindowPlacement(c.text), c.expected) << c.text;
+}
+
+TEST(WindowPlacement, ComesBackAsStoredButNeverMinimised) {
+  struct Case {
+    WindowPlacement saved;
+    int restoredState;
+  };
+  const Case cases[] = {
+      {{1, 10, 20, 810, 620}, 1},
+      {{2, 10, 20, 810, 620}, 1},
+      {{3, -8, -8, 1928, 1048}, 3},
+  };
+  for (const Case& c : cases) {
+    FakeSettingsStore settings;
+    SaveWindowPlacement(settings, kDayviewSection, c.saved);
+    std::optional<WindowPlacement> restored = ReadWindowPlacement(settings, kDayviewSection);
+    ASSERT_TRUE(restored);
+    EXPECT_EQ(restored->showState, c.restoredState);
+    restored->showState = c.saved.showState;
+    EXPECT_EQ(*restored, c.saved);
+  }
+  FakeSettingsStore empty;
+  EXPECT_FALSE(ReadWindowPlacement(empty, kDayviewSection));
+}
+
+}  // namespace
+}  // namespace sched
