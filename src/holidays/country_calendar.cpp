@@ -13,7 +13,7 @@ constexpr int kFailed = 1;
 }  // namespace
 
 int CountryCalendar::SorCalender_InitFunction(const std::string& countryFilePath,
-                                              HolidayHandle& handle) {
+                                              CalendarHandle& handle) {
   CountryFile file;
   CountryFileError error;
   if (!LoadCountryFile(countryFilePath, file, error)) return kFailed;
@@ -23,7 +23,7 @@ int CountryCalendar::SorCalender_InitFunction(const std::string& countryFilePath
   return kOk;
 }
 
-int CountryCalendar::SorCalender_GetHolidayName(HolidayHandle handle, int year, int month, int day,
+int CountryCalendar::SorCalender_GetHolidayName(CalendarHandle handle, int year, int month, int day,
                                                 std::string& name) {
   const auto it = open_.find(handle);
   if (it == open_.end()) return kFailed;
@@ -33,7 +33,7 @@ int CountryCalendar::SorCalender_GetHolidayName(HolidayHandle handle, int year, 
   return kOk;
 }
 
-void CountryCalendar::SorCalender_EndFunction(HolidayHandle handle) {
+void CountryCalendar::SorCalender_EndFunction(CalendarHandle handle) {
   open_.erase(handle);
 }
 

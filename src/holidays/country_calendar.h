@@ -12,14 +12,14 @@ namespace sched {
 // on a parsed file, until it is ended. Handle 0 is never given out.
 class CountryCalendar : public HolidayCalendar {
  public:
-  int SorCalender_InitFunction(const std::string& countryFilePath, HolidayHandle& handle) override;
-  int SorCalender_GetHolidayName(HolidayHandle handle, int year, int month, int day,
+  int SorCalender_InitFunction(const std::string& countryFilePath, CalendarHandle& handle) override;
+  int SorCalender_GetHolidayName(CalendarHandle handle, int year, int month, int day,
                                  std::string& name) override;
-  void SorCalender_EndFunction(HolidayHandle handle) override;
+  void SorCalender_EndFunction(CalendarHandle handle) override;
 
  private:
-  std::map<HolidayHandle, std::unique_ptr<HolidayTable>> open_;
-  HolidayHandle nextHandle_ = 1;
+  std::map<CalendarHandle, std::unique_ptr<HolidayTable>> open_;
+  CalendarHandle nextHandle_ = 1;
 };
 
 }  // namespace sched

@@ -12,21 +12,23 @@ bool OpenCountryFile(Registry& registry, HolidayCalendar& calendar, Messages& me
     messages.Show({texts::kDirectoryMissing, kAppTitle, MsgIcon::Critical, MsgButtons::Ok});
     return false;
   }
-  state.Holiday = 0;
-  state.HolidayReady = 0;
+  NamedHolidays& named = state.Holidays;
+  named.calendar = &calendar;
+  named.HolidayHandle = 0;
+  named.HolidayReady = 0;
   std::string name = registry.ReadString(kSchedulerKey, kHolidayIniValue).value_or("");
   if (name.size() <= 1) {
     messages.Show({texts::kHolidayValueInvalid, kAppTitle, MsgIcon::Critical, MsgButtons::Ok});
     return true;
   }
   name = name.substr(0, name.find('\0'));
-  HolidayHandle handle = 0;
+  CalendarHandle handle = 0;
   if (calendar.SorCalender_InitFunction(paths.PcAppsDir + "/" + name, handle) != 0) {
     messages.Show({texts::kHolidayFileNotFound, kAppTitle, MsgIcon::None, MsgButtons::Ok});
     return true;
   }
-  state.Holiday = handle;
-  state.HolidayReady = -1;
+  named.HolidayHandle = handle;
+  named.HolidayReady = -1;
   return true;
 }
 

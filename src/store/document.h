@@ -23,9 +23,9 @@ struct ScheduleDocument {
   // 1 for each weekday (0 Sunday to 6 Saturday) that is a weekly holiday.
   std::array<std::int16_t, 7> WeekHoliday{1, 0, 0, 0, 0, 0, 0};
   // The masks of the shown year and of the years before and after it, as the views use them.
-  YearMasks ShownYear;
-  YearMasks PrevYear;
-  YearMasks NextYear;
+  YearMasks ShownYearMasks;
+  YearMasks PrevYearMasks;
+  YearMasks NextYearMasks;
 
   std::int16_t PrivateLevel = 1;
   int LoadedRecords = 0;  // records the last load read from the file

@@ -78,8 +78,8 @@ int ScheduleStore::FindOrAddYear(int year) {
   }
   if (const int found = FindYearRow(t, year); found >= 0) {
     const AncYYRow& existing = t.AncYY.At(found);
-    doc_.ShownYear.HolidayOn = existing.HolidayOn;
-    doc_.ShownYear.HolidayOff = existing.HolidayOff;
+    doc_.ShownYearMasks.HolidayOn = existing.HolidayOn;
+    doc_.ShownYearMasks.HolidayOff = existing.HolidayOff;
     return found;
   }
   ++t.YearCount;

@@ -289,7 +289,7 @@ void ScheduleStore::ResetHeader() {
   doc_.Tables.MonthCount = 0;
   doc_.Tables.RowCount = 0;
   doc_.Dirty = false;
-  doc_.ShownYear = doc_.PrevYear = doc_.NextYear = YearMasks{};
+  doc_.ShownYearMasks = doc_.PrevYearMasks = doc_.NextYearMasks = YearMasks{};
 }
 
 void ScheduleStore::LoadScheduleFile() {

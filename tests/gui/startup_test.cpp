@@ -51,7 +51,7 @@ TEST_F(GuiTest, TheCountryFileAtStart) {
     std::vector<std::string> texts;
     for (const auto& m : quiet.Shown()) texts.push_back(m.text);
     EXPECT_EQ(texts, c.texts) << c.holidayIni;
-    EXPECT_EQ(app->State().HolidayReady, c.ready) << c.holidayIni;
+    EXPECT_EQ(app->State().Holidays.HolidayReady, c.ready) << c.holidayIni;
     app.reset();
   }
 }

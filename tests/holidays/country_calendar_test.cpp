@@ -14,7 +14,7 @@ using testing::TempDir;
 class CountryCalendarTest : public ::testing::Test {
  protected:
   // The port's answer and name for a date, "-" when there is none.
-  std::string NameOn(HolidayHandle handle, int y, int m, int d) {
+  std::string NameOn(CalendarHandle handle, int y, int m, int d) {
     std::string name = "-";
     const int result = calendar.SorCalender_GetHolidayName(handle, y, m, d, name);
     EXPECT_EQ(result == 0, name != "-") << y << "/" << m << "/" << d;
@@ -26,7 +26,7 @@ class CountryCalendarTest : public ::testing::Test {
 };
 
 TEST_F(CountryCalendarTest, MissingOrInvalidFilesFailToOpen) {
-  HolidayHandle handle = 77;
+  CalendarHandle handle = 77;
   EXPECT_NE(calendar.SorCalender_InitFunction((dir.Path() / "gone.ini").string(), handle), 0);
   EXPECT_NE(calendar.SorCalender_InitFunction(dir.Path().string(), handle), 0);
   EXPECT_NE(calendar.SorCalender_InitFunction(dir.Write("empty.ini", ""), handle), 0);
@@ -36,7 +36,7 @@ TEST_F(CountryCalendarTest, MissingOrInvalidFilesFailToOpen) {
 }
 
 TEST_F(CountryCalendarTest, SeveralHandlesStayApartUntilEnded) {
-  HolidayHandle a = 0, b = 0;
+  CalendarHandle a = 0, b = 0;
   ASSERT_EQ(calendar.SorCalender_InitFunction(dir.Write("a.ini", "A\nfixed 07-04 = Four"), a), 0);
   ASSERT_EQ(calendar.SorCalender_InitFunction(dir.Write("b.ini", "B\nfixed 07-14 = Bastille"), b),
             0);
@@ -52,14 +52,14 @@ TEST_F(CountryCalendarTest, SeveralHandlesStayApartUntilEnded) {
   EXPECT_EQ(NameOn(b, 2024, 7, 14), "Bastille");
   EXPECT_EQ(NameOn(0, 2024, 7, 14), "-");
 
-  HolidayHandle c = 0;
+  CalendarHandle c = 0;
   ASSERT_EQ(calendar.SorCalender_InitFunction((dir.Path() / "a.ini").string(), c), 0);
   EXPECT_NE(c, b);
   EXPECT_EQ(NameOn(c, 2024, 7, 4), "Four");
 }
 
 TEST_F(CountryCalendarTest, OnlyRealDatesOf1901To2099HaveNames) {
-  HolidayHandle h = 0;
+  CalendarHandle h = 0;
   ASSERT_EQ(calendar.SorCalender_InitFunction(
                 dir.Write("c.ini", "C\nfixed 01-01 = New\nfixed 12-31 = Eve\nlast sat feb = L"), h),
             0);
@@ -74,7 +74,7 @@ TEST_F(CountryCalendarTest, OnlyRealDatesOf1901To2099HaveNames) {
 }
 
 TEST_F(CountryCalendarTest, NamesComeAsUtf8FromThe8BitFile) {
-  HolidayHandle h = 0;
+  CalendarHandle h = 0;
   const std::string longest(99, '\xE9');  // 99 bytes in the file, 198 in UTF-8
   ASSERT_EQ(
       calendar.SorCalender_InitFunction(
@@ -85,7 +85,7 @@ TEST_F(CountryCalendarTest, NamesComeAsUtf8FromThe8BitFile) {
   for (int i = 0; i < 99; ++i) expected += "\xC3\xA9";
   EXPECT_EQ(NameOn(h, 2024, 1, 2), expected);
 
-  HolidayHandle tooLong = 0;
+  CalendarHandle tooLong = 0;
   EXPECT_NE(calendar.SorCalender_InitFunction(
                 dir.Write("long.ini", "T\nfixed 01-02 = " + longest + "\xE9"), tooLong),
             0);

@@ -24,7 +24,7 @@ struct KnownDay {
 // Looks each date up through the calendar port, as the month view does.
 void ExpectDays(const std::string& fileName, const std::vector<KnownDay>& days) {
   CountryCalendar calendar;
-  HolidayHandle handle = 0;
+  CalendarHandle handle = 0;
   ASSERT_EQ(calendar.SorCalender_InitFunction(ShippedFile(fileName), handle), 0) << fileName;
   for (const KnownDay& known : days) {
     std::string name;

@@ -141,8 +141,8 @@ TEST(RecordOps, FindOrAddYearLoadsTheMasksOfAnExistingYear) {
   s.doc.Tables.AncYY.At(row).HolidayOff[11] = 1;
   EXPECT_EQ(s.store.FindOrAddYear(2001), 1);
   EXPECT_EQ(s.store.FindOrAddYear(2000), 0);
-  EXPECT_EQ(s.doc.ShownYear.HolidayOn[1], 1 << 28);
-  EXPECT_EQ(s.doc.ShownYear.HolidayOff[11], 1);
+  EXPECT_EQ(s.doc.ShownYearMasks.HolidayOn[1], 1 << 28);
+  EXPECT_EQ(s.doc.ShownYearMasks.HolidayOff[11], 1);
   EXPECT_EQ(s.doc.Tables.AncYY.Cell(1, 3), "0");
 }
 
