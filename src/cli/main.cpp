@@ -8,6 +8,7 @@
 #include "cli/dump_command.h"
 #include "cli/holidays_command.h"
 #include "cli/info_command.h"
+#include "cli/month_command.h"
 #include "platform/std/system_clock.h"
 #include "shell/sample_schedule.h"
 
@@ -18,7 +19,8 @@ constexpr const char* kUsage =
     "       scltool dump FILE.scl\n"
     "       scltool resave IN.scl OUT.scl\n"
     "       scltool sample OUT.scl [YYYY MM DD]\n"
-    "       scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n";
+    "       scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n"
+    "       scltool month FILE.scl YYYY MM [COUNTRYFILE]\n";
 
 int Usage() {
   std::cerr << kUsage;
@@ -44,6 +46,9 @@ int Run(const std::vector<std::string>& args) {
     if (!cli.Load(args[1])) return 1;
     cli.Store().Document().ScheduleFile = args[2];
     return cli.Store().SaveScheduleFile() ? 0 : 1;
+  }
+  if (command == "month") {
+    return sched::RunMonthCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }
   if (command == "holidays") {
     return sched::RunHolidaysCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);

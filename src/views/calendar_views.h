@@ -1,0 +1,146 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "holidays/holiday_model.h"
+#include "platform/clock.h"
+#include "platform/date_formatter.h"
+#include "platform/messages.h"
+#include "store/document.h"
+#include "views/day_view_model.h"
+#include "views/layout.h"
+#include "views/month_view_model.h"
+#include "views/schedule_list_model.h"
+#include "views/view_commands.h"
+
+namespace sched {
+
+struct ViewServices {
+  ScheduleDocument& doc;
+  const NamedHolidays& holidays;
+  const DateFormatter& dates;
+  const Clock& clock;
+  Messages& messages;
+};
+
+// What the schedule list dialog needs to place itself, in twips: the window's place, the
+// layout of the last resize, the dialog's height and the screen's height.
+struct ScheduleListFrame {
+  double formLeft = 0;
+  double formTop = 0;
+  double dialogHeight = 2400;
+  double screenHeight = 11520;
+  DesignPlaces design;
+  FormLayout layout = LayoutTwips(8880, 6600, DesignPlaces{}, 375);
+};
+
+// The outcome of a key on the grid.
+struct KeyResult {
+  bool consumed = false;
+  ViewAction action;
+};
+
+// The two tabs of the main window as one model: the month grid, the day list, the schedule
+// list dialog, the current date and the controls that move it, and the menus they enable. The
+// widgets show its state and pass it their events; it owns nothing of the schedule.
+class CalendarViews {
+ public:
+  explicit CalendarViews(ViewServices services);
+
+  MonthView& Month() { return month_; }
+  const MonthView& Month() const { return month_; }
+  DayView& Day() { return day_; }
+  const DayView& Day() const { return day_; }
+  ScheduleList& List() { return list_; }
+  const ScheduleList& List() const { return list_; }
+  const MenuState& Menus() const { return menus_; }
+  CivilDate CurrentDate() const;
+
+  // Fills of the views.
+  void FillMonthGrid();
+  void FillMonthLists();
+  void ShowDayList();
+  void RefreshDayList();
+  // The shown tab rebuilt from the store, then the menus.
+  void RefreshViews();
+  void UpdateDeleteMenus();
+  void ClearDayLists() { day_.ClearLists(); }
+
+  // Selection in the grid.
+  void SelectCell(int cell, int row = -1);
+  // The schedule list dialog for the selected date, under (or above) its cell.
+  void ShowScheduleList();
+
+  // Navigation.
+  void Combo1_Click();
+  void Combo2_Click();
+  void SetCombo1(int index);  // as a change of the list's index, which runs its handler
+  void SetCombo2(int index);
+  void Command1_Click(int index);
+  void ComMM_Click(int index);
+  void ComYY_Click(int index);
+  void CSCal4_Change(const CivilDate& date);
+  void GoToday();
+  // The tab changed to `tab`; true when the widget must run Form_Resize now.
+  bool SSTab1_Click(int tab);
+  void SetFocusToView(bool toList);
+  // A resize while a tab was hidden: the next tab change lays the window out.
+  void MarkLayoutPending() { LayoutPending = true; }
+
+  // Mouse and keys on the month grid.
+  ViewAction Cell_Click(int cell);
+  ViewAction Cell_DblClick(int cell);
+  ViewAction Cell_RightUp(int cell, bool clipboardFull);
+  ViewAction Grid1_MouseDown(int cell, int row);
+  ViewAction Grid1_DblClick(int cell, int row);
+  ViewAction ComDt_Click();
+  KeyResult Text1_KeyDown(int key);
+  // Keys that no control of the window may take.
+  static bool Form_KeyDown(int key);
+
+  // Mouse and keys on the day tab.
+  void List1_SelChange(int row, int rowSel);
+  ViewAction List1_DblClick() const;
+  ViewAction List1_RightUp(bool clipboardFull);
+  ViewAction CSCal4_RightUp(bool clipboardFull);
+  ViewAction CSCal4_DblClick() const;
+  static bool CSCal4_KeyDown(int key);
+  void Timer1_Timer() { day_.Timer1_Timer(); }
+
+  // The Edit menu as it opens.
+  void EditCTL_Open(bool clipboardFull);
+
+  int Tab = 0;          // SSTab1: 0 the month, 1 the day
+  int Combo1Index = 0;  // month list, 0 January
+  int Combo2Index = 0;  // year list, 0 for 1901
+  std::int16_t ViewsReady = 0;
+  std::int16_t ArrowMoved = 0;
+  std::int16_t BackFromDay = 0;
+  std::int16_t FillOnCombo = -1;
+  std::int16_t PopupActive = 0;
+  bool LayoutPending = false;
+  CivilDate DateHelper;   // the hidden date helper of the month tab
+  std::string DateLabel;  // Label6(1)
+  FocusTarget Focus = FocusTarget::Text1;
+  ScheduleListFrame ListFrame;  // kept current by the window
+
+ private:
+  void WriteDateLabel(const CivilDate& date);
+  void SetCurrentDate(const CivilDate& date);
+  void ZeroHolidayArrays();
+  void RefreshScheduleList();
+  void PlaceList();
+  // Day 1 of the month the combos stand on becomes the current date; the grid follows.
+  void TurnToComboMonth(const CivilDate& date, bool newYear);
+  ListSelection CellSelection(int cell) const;
+
+  ViewServices s_;
+  MonthView month_;
+  DayView day_;
+  ScheduleList list_;
+  MenuState menus_;
+  bool gridStale_ = false;  // data changed while the day tab showed
+};
+
+}  // namespace sched

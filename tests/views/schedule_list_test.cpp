@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include "tests/views/views_test_support.h"
+
+namespace sched {
+namespace {
+
+TEST(ScheduleList, FillDayIndex) {
+  ViewsFixture f;
+  ScheduleList list;
+  EXPECT_EQ(list.FillDayIndex(f.s.doc.Tables, {2010, 6, 1}, false, 0), 0);
+  EXPECT_TRUE(list.Lines.empty());  // no years: nothing touched
+
+  f.Insert(2010, 6, 1, 600, 660, "B");
+  f.Insert(2010, 6, 1, -1, -1, "A");
+  f.Insert(2010, 6, 1, 700, 720, "C");
+  f.s.doc.Tables.SchDatList.At(2).Deleted = kDeleted;
+  EXPECT_EQ(list.FillDayIndex(f.s.doc.Tables, {2010, 6, 1}, false, 1), 2);
+  EXPECT_EQ(list.Lines, (std::vector<std::string>{"Allday  A", "10:00am-11:00am B", ""}));
+  EXPECT_EQ(list.List3, (std::vector<int>{1, 0}));
+  EXPECT_EQ(list.Row, 1);
+  EXPECT_EQ(list.List3Index, 1);
+
+  list.Lines = {"kept"};
+  EXPECT_EQ(list.FillDayIndex(f.s.doc.Tables, {2010, 6, 2}, true, 0), 0);
+  EXPECT_EQ(list.Lines, (std::vector<std::string>{"kept"}));
+  EXPECT_TRUE(list.List3.empty());
+  EXPECT_EQ(list.List3Index, -1);
+}
+
+struct PlaceCase {
+  double cellTop;
+  double screenHeight;
+  bool flipped;
+};
+
+class ScheduleListPlacement : public ::testing::TestWithParam<PlaceCase> {};
+
+TEST_P(ScheduleListPlacement, HangsBelowOrStandsAbove) {
+  ScheduleListPlace p;
+  p.formLeft = 1000;
+  p.formTop = 500;
+  p.tab = {120, 660, 8640, 4920};
+  p.tabStripHeight = 360;
+  p.cell = {1300, GetParam().cellTop, 1200, 700};
+  p.headHeight = 270;
+  p.dialogHeight = 3000;
+  p.screenHeight = GetParam().screenHeight;
+  const DialogPosition pos = PlaceScheduleList(p);
+  const double below = 660 + 360 + GetParam().cellTop + 500 + 270 + 700;
+  EXPECT_EQ(pos.flipped, GetParam().flipped);
+  EXPECT_DOUBLE_EQ(pos.top, GetParam().flipped ? below - 3000 - 700 : below);
+  EXPECT_DOUBLE_EQ(pos.left, 120 + 1300 + 1000);
+}
+
+// The flip comes when two thirds of the dialog would reach the screen's bottom.
+INSTANTIATE_TEST_SUITE_P(Screen, ScheduleListPlacement,
+                         ::testing::Values(PlaceCase{720, 11520, false},
+                                           PlaceCase{4000, 8000, true},
+                                           PlaceCase{720, 2490 + 720 + 2000, true},
+                                           PlaceCase{720, 2490 + 720 + 2001, false}));
+
+TEST(ScheduleList, SeveralRowsBringAWarning) {
+  ViewsFixture f;
+  ScheduleList list;
+  list.List1_Click(0, 0, f.messages);
+  EXPECT_TRUE(f.messages.Shown().empty());
+  list.List1_Click(0, 2, f.messages);
+  ASSERT_EQ(f.messages.Shown().size(), 1u);
+  EXPECT_EQ(f.messages.Shown()[0].text, "Cannot modify multiple rows.");
+  EXPECT_EQ(f.messages.Shown()[0].title, "Scheduler");
+  EXPECT_EQ(f.messages.Shown()[0].icon, MsgIcon::Exclamation);
+}
+
+TEST(ScheduleList, FollowsTheSelectionAndHidesOnEscape) {
+  ViewsFixture f;
+  f.Insert(2010, 6, 1, 540, 600, "One");
+  f.Insert(2010, 6, 2, 540, 600, "Two");
+  f.ShowMonth(2010, 6);
+  EXPECT_EQ(f.views.ComDt_Click().command, ViewCommand::None);
+  ASSERT_TRUE(f.views.List().Visible);
+  EXPECT_EQ(f.views.List().Lines[0], "9:00am-10:00am One");
+  const double firstLeft = f.views.List().Position.left;
+  f.views.SelectCell(3);
+  EXPECT_EQ(f.views.List().Lines[0], "9:00am-10:00am Two");
+  EXPECT_EQ(f.views.List().Caption, "2010/06/02(Wed)");
+  EXPECT_GT(f.views.List().Position.left, firstLeft);
+  const ViewAction modify = f.views.List().List1_DblClick();
+  EXPECT_EQ(modify.command, ViewCommand::ModifySchedule);
+  EXPECT_EQ(modify.row, 1);
+  EXPECT_FALSE(f.views.List().Popup(false).Paste);
+  f.views.List().Form_KeyDown(kKeyEscape);
+  EXPECT_FALSE(f.views.List().Visible);
+  EXPECT_EQ(f.views.Month().SelectedCell, 3);
+  f.views.ComDt_Click();
+  f.views.SetCombo1(6);  // a change of month hides it
+  EXPECT_FALSE(f.views.List().Visible);
+}
+
+}  // namespace
+}  // namespace sched

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <tuple>
+
+#include "platform/fake/fake_clock.h"
+#include "platform/fake/fake_date_formatter.h"
+#include "platform/fake/fake_messages.h"
+#include "platform/holiday_calendar.h"
+#include "tests/support/test_store.h"
+#include "views/calendar_views.h"
+
+namespace sched {
+
+// A calendar library that knows the names it is given.
+class FakeHolidayCalendar : public HolidayCalendar {
+ public:
+  void Add(int year, int month, int day, const std::string& name) {
+    names_[{year, month, day}] = name;
+  }
+  int SorCalender_InitFunction(const std::string&, CalendarHandle& handle) override {
+    handle = 1;
+    return 0;
+  }
+  int SorCalender_GetHolidayName(CalendarHandle, int year, int month, int day,
+                                 std::string& name) override {
+    const auto it = names_.find({year, month, day});
+    if (it == names_.end()) return 1;
+    name = it->second;
+    return 0;
+  }
+  void SorCalender_EndFunction(CalendarHandle) override {}
+
+ private:
+  std::map<std::tuple<int, int, int>, std::string> names_;
+};
+
+// The views over a test store, with named holidays, a fixed date form and a settable clock.
+struct ViewsFixture {
+  TestStore s;
+  FakeHolidayCalendar calendar;
+  NamedHolidays holidays{&calendar, 1, -1};
+  FakeDateFormatter dates;
+  FakeClock clock{{2010, 6, 15, 9, 0, 0}};
+  FakeMessages messages;
+  CalendarViews views{{s.doc, holidays, dates, clock, messages}};
+
+  void Insert(int year, int month, int day, int start, int end, const std::string& title) {
+    s.store.InsertRecord(MakeItem(year, month, day, start, end, title));
+  }
+  // Shows a month on the month tab as a change of month does: day 1 selected.
+  void ShowMonth(int year, int month) {
+    s.doc.CurYear = year;
+    s.doc.CurMonth = month;
+    s.doc.CurDay = 1;
+    views.Combo1Index = month - 1;
+    views.Combo2Index = year - kFirstYear;
+    views.FillMonthGrid();
+    views.FillMonthLists();
+    views.UpdateDeleteMenus();
+  }
+  // Sets the masks of a year's row, making the row.
+  void SetMasks(int year, int month, std::int32_t on, std::int32_t off) {
+    const int row = s.store.FindOrAddYear(year);
+    s.doc.Tables.AncYY.At(row).HolidayOn[static_cast<std::size_t>(month - 1)] = on;
+    s.doc.Tables.AncYY.At(row).HolidayOff[static_cast<std::size_t>(month - 1)] = off;
+  }
+  const MonthCell& Cell(int c) const { return views.Month().Cell(c); }
+};
+
+constexpr std::int32_t Bit(int day) {
+  return static_cast<std::int32_t>(1u << (day - 1));
+}
+
+}  // namespace sched
