@@ -9,7 +9,7 @@ namespace {
 const std::string kJapan = std::string(SCHEDULER_DATA_DIR) + "/pcapps/holidayJP.ini";
 
 // Looks up every day of 1901-2099; returns how many were named.
-int LookUpCentury(sched::CountryCalendar& calendar, sched::HolidayHandle handle) {
+int LookUpCentury(sched::CountryCalendar& calendar, sched::CalendarHandle handle) {
   int named = 0;
   std::string name;
   for (int year = 1901; year <= 2099; ++year) {
@@ -26,7 +26,7 @@ int LookUpCentury(sched::CountryCalendar& calendar, sched::HolidayHandle handle)
 void BM_CenturyColdCache(benchmark::State& state) {
   for (auto _ : state) {
     sched::CountryCalendar calendar;
-    sched::HolidayHandle handle = 0;
+    sched::CalendarHandle handle = 0;
     if (calendar.SorCalender_InitFunction(kJapan, handle) != 0) {
       state.SkipWithError("cannot open the country file");
       return;
@@ -38,7 +38,7 @@ BENCHMARK(BM_CenturyColdCache)->Unit(benchmark::kMillisecond);
 
 void BM_CenturyWarmCache(benchmark::State& state) {
   sched::CountryCalendar calendar;
-  sched::HolidayHandle handle = 0;
+  sched::CalendarHandle handle = 0;
   if (calendar.SorCalender_InitFunction(kJapan, handle) != 0) {
     state.SkipWithError("cannot open the country file");
     return;
@@ -51,7 +51,7 @@ BENCHMARK(BM_CenturyWarmCache)->Unit(benchmark::kMicrosecond);
 // The 42 cells of the month grid of May 2019: the end of April, May, the start of June.
 void BM_MonthGrid(benchmark::State& state) {
   sched::CountryCalendar calendar;
-  sched::HolidayHandle handle = 0;
+  sched::CalendarHandle handle = 0;
   if (calendar.SorCalender_InitFunction(kJapan, handle) != 0) {
     state.SkipWithError("cannot open the country file");
     return;
@@ -73,7 +73,7 @@ BENCHMARK(BM_MonthGrid)->Unit(benchmark::kNanosecond);
 void BM_MonthGridColdYear(benchmark::State& state) {
   for (auto _ : state) {
     sched::CountryCalendar calendar;
-    sched::HolidayHandle handle = 0;
+    sched::CalendarHandle handle = 0;
     if (calendar.SorCalender_InitFunction(kJapan, handle) != 0) {
       state.SkipWithError("cannot open the country file");
       return;

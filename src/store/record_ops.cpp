@@ -71,16 +71,18 @@ int ScheduleStore::FindOrAddYear(int year) {
   SchDatCTL& t = doc_.Tables;
   AncYYRow row;
   row.Year = year;
-  if (t.YearCount == 0) {
-    t.YearCount = 1;
-    t.AncYY.PutFirst(row);
-    return 0;
-  }
-  if (const int found = FindYearRow(t, year); found >= 0) {
+  if (const int found = t.YearCount == 0 ? -1 : FindYearRow(t, year); found >= 0) {
     const AncYYRow& existing = t.AncYY.At(found);
     doc_.ShownYearMasks.HolidayOn = existing.HolidayOn;
     doc_.ShownYearMasks.HolidayOff = existing.HolidayOff;
     return found;
+  }
+  // A new year has no holiday marks yet.
+  doc_.ShownYearMasks = YearMasks{};
+  if (t.YearCount == 0) {
+    t.YearCount = 1;
+    t.AncYY.PutFirst(row);
+    return 0;
   }
   ++t.YearCount;
   t.AncYY.At(t.YearCount - 2).NextYear = t.YearCount - 1;

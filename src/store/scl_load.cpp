@@ -190,23 +190,9 @@ class SclLoader {
   // the file position is at the record's variable part.
   bool LoadRecord(const SchRecord& f) {
     CheckRecord(f);
-    SchDatRow row;
-    row.Day = f.Day;
-    row.Month = f.Month;
-    row.Year = f.Year;
-    row.EndDay = f.EndDay;
-    row.EndMonth = f.EndMonth;
-    row.EndYear = f.EndYear;
-    row.StartTime = f.StartTime;
-    row.EndTime = f.EndTime;
-    row.SubNo = f.SubNo;
-    row.Stamp = f.Stamp;
-    row.ParentSubNo = f.ParentSubNo;
-    row.ParentStamp = f.ParentStamp;
-    row.RepeatKind = f.RepeatKind;
+    // The fixed part fills the row as a working record would; the texts follow from the file.
+    SchDatRow row = BuildRecordLine(f);
     const bool dropped = f.Private != 0 && doc_.ScheduleOnPc == 0 && f.Private < doc_.PrivateLevel;
-    row.Private = f.Private != 0 ? 1 : 0;
-    row.VarLen = f.VarLen;
     row.Title = ReadText();
     row.Place = ReadText();
     row.Memo = ReadText();

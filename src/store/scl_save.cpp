@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -11,13 +12,18 @@
 namespace sched {
 namespace {
 
-constexpr std::size_t kMaxTextBytes = 0xFFFF;
+// The 8-bit form of a text for the file.
+std::string FileText(const std::string& text) { return Utf8ToCp1252(text); }
 
-// The 8-bit form of a text for the file, cut to what its 16-bit length can count.
-std::string FileText(const std::string& text) {
-  std::string bytes = Utf8ToCp1252(text);
-  if (bytes.size() > kMaxTextBytes) bytes.resize(kMaxTextBytes);
-  return bytes;
+// The variable part's size must fit its signed 16-bit count, which a reader may use to find
+// the next record: the memo gives way first, then the place, then the title.
+void FitVariablePart(SchRecord& rec) {
+  constexpr std::size_t kMaxTexts = 32767 - 8 - 10;
+  for (std::string* text : {&rec.Memo, &rec.Place, &rec.Title}) {
+    const std::size_t total = rec.Title.size() + rec.Place.size() + rec.Memo.size();
+    if (total <= kMaxTexts) return;
+    text->resize(text->size() - std::min(text->size(), total - kMaxTexts));
+  }
 }
 
 void SetDate(std::int32_t code, std::uint8_t& day, std::uint8_t& month, std::uint16_t& year) {
@@ -185,6 +191,7 @@ class SclWriter {
     rec.Title = FileText(rec.Title);
     rec.Place = FileText(rec.Place);
     rec.Memo = FileText(StripCR(rec.Memo));
+    FitVariablePart(rec);
     rec.AlarmSound = FileText(rec.AlarmSound).substr(0, kAlarmSoundBytes);
     const std::size_t length = rec.Title.size() + rec.Place.size() + rec.Memo.size() + 8 +
                                (rec.AlarmOn == 1 ? 10 : 0);
@@ -217,7 +224,10 @@ bool WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) 
 bool ReplaceFile(const std::string& target, const std::vector<std::uint8_t>& bytes) {
   namespace fs = std::filesystem;
   const fs::path path(target);
-  const fs::path temp = path.parent_path() / ("." + path.filename().string() + ".saving");
+  std::string name = ".";
+  name += path.filename().string();
+  name += ".saving";
+  const fs::path temp = path.parent_path() / name;
   std::error_code error;
   if (!WriteFile(temp.string(), bytes)) {
     fs::remove(temp, error);

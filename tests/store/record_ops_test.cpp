@@ -144,6 +144,9 @@ TEST(RecordOps, FindOrAddYearLoadsTheMasksOfAnExistingYear) {
   EXPECT_EQ(s.doc.ShownYearMasks.HolidayOn[1], 1 << 28);
   EXPECT_EQ(s.doc.ShownYearMasks.HolidayOff[11], 1);
   EXPECT_EQ(s.doc.Tables.AncYY.Cell(1, 3), "0");
+  s.store.FindOrAddYear(2002);  // a new year starts without marks
+  EXPECT_EQ(s.doc.ShownYearMasks.HolidayOn[1], 0);
+  EXPECT_EQ(s.doc.ShownYearMasks.HolidayOff[11], 0);
 }
 
 TEST(RecordOps, MonthHasData) {

@@ -187,5 +187,22 @@ TEST(SclSave, ToTheDeviceThroughATemporaryFile) {
   EXPECT_EQ(s.device.alarmInfoUpdates.size(), 1u);
 }
 
+TEST(SclSave, TextsTooLongForTheRecordsSizeFieldAreCutMemoFirst) {
+  TestStore s;
+  SchRecord r = MakeItem(1998, 7, 9, 540, 600, "Title");
+  r.Place = std::string(20000, 'p');
+  r.Memo = std::string(30000, 'm');
+  s.store.InsertRecord(r);
+  const auto bytes = s.SaveTo("long.scl");
+  const int varLen = bytes[12 + 36] | bytes[12 + 37] << 8;
+  EXPECT_EQ(varLen, 32767 - 10);  // the whole budget, and no alarm
+  s.LoadFrom(s.dir.File("long.scl"));
+  ASSERT_TRUE(s.messages.Shown().empty());
+  const SchDatRow& row = s.doc.Tables.SchDatList.At(0);
+  EXPECT_EQ(row.Title, "Title");
+  EXPECT_EQ(row.Place.size(), 20000u);
+  EXPECT_EQ(row.Memo.size(), 32749u - 5 - 20000);
+}
+
 }  // namespace
 }  // namespace sched

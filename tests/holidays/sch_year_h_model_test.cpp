@@ -1,0 +1,192 @@
+#include "holidays/sch_year_h_model.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/fake/fake_date_formatter.h"
+#include "tests/support/holiday_dialog_fakes.h"
+#include "tests/support/test_store.h"
+
+namespace sched {
+namespace {
+
+using Calls = std::vector<std::string>;
+
+// Every combination of the four facts of a date, and what the dialog offers for it.
+TEST(ChooseDayQuestion, OffersTheOppositeOfWhatTheDateIsNow) {
+  const char* back = "Setting back to Holiday.";
+  const char* workday = "Setting a Workday.";
+  const char* holiday = "Setting a Holiday.";
+  const struct {
+    bool offBit, weekly, onBit, named;
+    int editsOff;
+    const char* statement;
+  } table[] = {
+      {true, true, false, false, 1, back},      {true, true, false, true, 1, back},
+      {true, true, true, false, 1, back},       {true, true, true, true, 1, back},
+      {false, true, false, false, 1, workday},  {false, true, false, true, 1, workday},
+      {false, true, true, false, 1, workday},   {false, true, true, true, 1, workday},
+      {false, false, false, false, 0, holiday}, {true, false, false, false, 0, holiday},
+      {false, false, true, true, 0, holiday},   {true, false, true, true, 0, holiday},
+      {false, false, true, false, 0, workday},  {true, false, true, false, 0, workday},
+      {false, false, false, true, 0, workday},  {true, false, false, true, 0, workday},
+  };
+  for (const auto& row : table) {
+    const DayQuestion q = ChooseDayQuestion(row.offBit, row.weekly, row.onBit, row.named);
+    EXPECT_EQ(q.EditsOff, row.editsOff) << row.offBit << row.weekly << row.onBit << row.named;
+    EXPECT_STREQ(q.statement, row.statement) << row.offBit << row.weekly << row.onBit << row.named;
+  }
+}
+
+std::int32_t Bit(int day) {
+  return static_cast<std::int32_t>(1u << (day - 1));
+}
+
+class SchYearHModelTest : public ::testing::Test {
+ protected:
+  SchYearHModelTest() { t.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1}; }
+
+  void SetDate(int year, int month, int day) {
+    t.doc.CurYear = year;
+    t.doc.CurMonth = month;
+    t.doc.CurDay = day;
+  }
+  const AncYYRow& Year(int year) const {
+    return t.doc.Tables.AncYY.At(FindYearRow(t.doc.Tables, year));
+  }
+  // Opens the dialog on the date and presses OK.
+  void SetOnce(int year, int month, int day) {
+    SetDate(year, month, day);
+    SchYearHModel dialog(t.store, named, dates, host);
+    dialog.Form_Load();
+    dialog.Command1_Click();
+  }
+
+  TestStore t;
+  // Names Friday 2026/11/20 and Sunday 2026/11/22.
+  NamedDaysCalendar calendar{{{20261120, "Founders' Day"}, {20261122, "Harvest Day"}}};
+  NamedHolidays named{&calendar, 3, -1};
+  FakeDateFormatter dates;
+  RecordingHolidayHost host;
+  SchYearHModel model{t.store, named, dates, host};
+};
+
+TEST_F(SchYearHModelTest, LoadAsksAboutTheDateByItsWeekdayNameAndMarks) {
+  const struct {
+    const char* what;
+    int day;
+    std::int32_t on, off;  // November's masks before
+    bool named;
+    const char* label;
+    int editsOff;
+  } cases[] = {
+      {"plain Thursday", 19, 0, 0, false, "Setting a Holiday.\n\rAre you sure?", 0},
+      {"named Friday", 20, 0, 0, true, "Setting a Workday.\n\rAre you sure?", 0},
+      {"named Friday set to work", 20, Bit(20), 0, true, "Setting a Holiday.\n\rAre you sure?", 0},
+      {"Thursday set as holiday", 19, Bit(19), 0, false, "Setting a Workday.\n\rAre you sure?", 0},
+      {"Saturday", 21, 0, 0, false, "Setting a Workday.\n\rAre you sure?", 1},
+      {"Saturday set to work", 21, 0, Bit(21), false, "Setting back to Holiday.\n\rAre you sure?",
+       1},
+      {"named Sunday", 22, 0, 0, true, "Setting a Workday.\n\rAre you sure?", 1},
+      {"Saturday with a holiday mark that does not apply", 21, Bit(21), 0, false,
+       "Setting a Workday.\n\rAre you sure?", 1},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    t.store.ClearIndex();
+    t.store.ResetHeader();
+    t.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
+    const int row = t.store.FindOrAddYear(2026);
+    t.doc.Tables.AncYY.At(row).HolidayOn[10] = c.on | Bit(1);
+    t.doc.Tables.AncYY.At(row).HolidayOff[10] = c.off | Bit(2);
+    SetDate(2026, 11, c.day);
+    model.Form_Load();
+    EXPECT_EQ(model.Label2(), c.label);
+    EXPECT_EQ(model.EditsOff(), c.editsOff);
+    EXPECT_EQ(model.DayIsWeekly(), c.editsOff == 1 ? 1 : 0);
+    EXPECT_EQ(model.NewHolidayOn(), (c.on ^ Bit(c.day)) | Bit(1));
+    EXPECT_EQ(model.NewHolidayOff(), (c.off ^ Bit(c.day)) | Bit(2));
+    EXPECT_EQ(model.Yday(), "2026/11/" + std::to_string(c.day));
+    EXPECT_EQ(model.CAL(), (CivilDate{2026, 11, c.day}));
+  }
+}
+
+TEST_F(SchYearHModelTest, WithoutACountryFileNoDateIsNamed) {
+  named.HolidayReady = 0;
+  SetDate(2026, 11, 20);
+  model.Form_Load();
+  EXPECT_EQ(model.Label2(), "Setting a Holiday.\n\rAre you sure?");
+}
+
+TEST_F(SchYearHModelTest, OkStoresTheMaskThatAppliesInTheArraysAndTheYearRow) {
+  const struct {
+    int day;
+    int column;  // of AncYY
+    bool off;
+  } cases[] = {{19, 11 + 2, false}, {21, 11 + 14, true}};
+  for (const auto& c : cases) {
+    SetDate(2026, 11, c.day);
+    model.Form_Load();
+    model.Command1_Click();
+    const int row = FindYearRow(t.doc.Tables, 2026);
+    EXPECT_EQ(t.doc.Tables.AncYY.Cell(row, c.column), std::to_string(Bit(c.day)));
+    const YearMasks& shown = t.doc.ShownYearMasks;
+    EXPECT_EQ((c.off ? shown.HolidayOff : shown.HolidayOn)[10], Bit(c.day));
+    EXPECT_EQ((c.off ? shown.HolidayOn : shown.HolidayOff)[10], c.off ? Bit(19) : 0);
+  }
+  EXPECT_TRUE(t.doc.Dirty);
+  EXPECT_EQ(host.calls, (Calls{"SetModifiedMark", "SetModifiedMark"}));
+  // Only November of the one year changed.
+  const AncYYRow& year = Year(2026);
+  EXPECT_EQ(year.HolidayOn,
+            (std::array<std::int32_t, 12>{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, Bit(19), 0}));
+  EXPECT_EQ(year.HolidayOff,
+            (std::array<std::int32_t, 12>{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, Bit(21), 0}));
+}
+
+TEST_F(SchYearHModelTest, ANamedWeekdaySetToWorkOffersHolidayNext) {
+  SetDate(2026, 11, 20);
+  model.Form_Load();
+  ASSERT_EQ(model.Label2(), "Setting a Workday.\n\rAre you sure?");
+  model.Command1_Click();
+  SchYearHModel again(t.store, named, dates, host);
+  again.Form_Load();
+  EXPECT_EQ(again.Label2(), "Setting a Holiday.\n\rAre you sure?");
+  again.Command1_Click();
+  EXPECT_EQ(Year(2026).HolidayOn[10], 0);  // set back twice: the mask is empty again
+  EXPECT_EQ(t.doc.Tables.YearCount, 1);    // the row stays until a save drops it
+}
+
+TEST_F(SchYearHModelTest, AYearWithoutARowGetsOneEvenWhenCancelled) {
+  SetOnce(2025, 3, 4);
+  ASSERT_EQ(t.doc.Tables.YearCount, 1);
+  // The arrays still hold 2025's marks; the new year starts without any.
+  t.doc.ShownYearMasks.HolidayOn[2] = -1;
+  SetDate(2026, 3, 4);
+  model.Form_Load();
+  EXPECT_EQ(t.doc.Tables.YearCount, 2);
+  EXPECT_EQ(t.doc.Tables.AncYY.At(0).NextYear, 1);
+  EXPECT_EQ(Year(2026).FirstMonth, -1);
+  EXPECT_EQ(t.doc.ShownYearMasks.HolidayOn, (std::array<std::int32_t, 12>{}));
+  EXPECT_EQ(model.NewHolidayOn(), Bit(4));
+  model.Command2_Click();
+  EXPECT_EQ(t.doc.Tables.YearCount, 2);
+  EXPECT_EQ(Year(2026).HolidayOn, (std::array<std::int32_t, 12>{}));
+  EXPECT_EQ(Year(2025).HolidayOn[2], Bit(4));
+}
+
+TEST_F(SchYearHModelTest, TheLastDayOfAMonthUsesBit30AndNeverTheSignBit) {
+  SetOnce(2099, 12, 31);  // a Thursday
+  EXPECT_EQ(Year(2099).HolidayOn[11], 0x40000000);
+  EXPECT_EQ(t.doc.Tables.AncYY.Cell(FindYearRow(t.doc.Tables, 2099), 14), "1073741824");
+  SetOnce(1901, 1, 1);
+  EXPECT_EQ(Year(1901).HolidayOn[0], 1);
+}
+
+TEST_F(SchYearHModelTest, F1AsksForHelpAndOtherKeysAreLeftAlone) {
+  EXPECT_TRUE(model.Form_KeyDown(kKeyF1));
+  EXPECT_FALSE(model.Form_KeyDown(kKeyLeft));
+  EXPECT_EQ(host.calls, Calls{"ShowHelp"});
+}
+
+}  // namespace
+}  // namespace sched

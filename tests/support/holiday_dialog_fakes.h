@@ -1,0 +1,121 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "holidays/country_calendar.h"
+#include "holidays/dlg_select_holiday_model.h"
+#include "holidays/holiday_dialog_host.h"
+#include "platform/fake/fake_device_files.h"
+#include "platform/fake/fake_messages.h"
+#include "platform/fake/fake_registry.h"
+#include "shell/registry_keys.h"
+#include "tests/support/temp_dir.h"
+
+namespace sched {
+
+// Records what the holiday dialogs ask of the main window, one text a call.
+class RecordingHolidayHost : public HolidayDialogHost {
+ public:
+  std::vector<std::string> calls;
+
+  void SetModifiedMark() override { calls.push_back("SetModifiedMark"); }
+  void PaintWeekHeads(const WeekFlags& flags) override {
+    std::string heads = "PaintWeekHeads ";
+    for (std::int16_t flag : flags) heads += std::to_string(flag);
+    calls.push_back(heads);
+  }
+  void RefillMonthView() override { calls.push_back("RefillMonthView"); }
+  void ShowHelp() override { calls.push_back("ShowHelp"); }
+  void EndProgram() override { calls.push_back("EndProgram"); }
+};
+
+// Names the dates it is given (by year * 10000 + month * 100 + day), whatever file it opens.
+class NamedDaysCalendar : public HolidayCalendar {
+ public:
+  explicit NamedDaysCalendar(std::map<int, std::string> names) : names_(std::move(names)) {}
+  int SorCalender_InitFunction(const std::string&, CalendarHandle& handle) override {
+    handle = 1;
+    return 0;
+  }
+  int SorCalender_GetHolidayName(CalendarHandle, int year, int month, int day,
+                                 std::string& name) override {
+    const auto it = names_.find(year * 10000 + month * 100 + day);
+    if (it == names_.end()) return 1;
+    name = it->second;
+    return 0;
+  }
+  void SorCalender_EndFunction(CalendarHandle) override {}
+
+ private:
+  std::map<int, std::string> names_;
+};
+
+// The country-file engine, with a record of the calls made on it: "Init <file name> <result>",
+// "End <handle>".
+class RecordingCalendar : public CountryCalendar {
+ public:
+  std::vector<std::string> calls;
+
+  int SorCalender_InitFunction(const std::string& path, CalendarHandle& handle) override {
+    const int result = CountryCalendar::SorCalender_InitFunction(path, handle);
+    calls.push_back("Init " + path.substr(path.find_last_of('/') + 1) + " " +
+                    std::to_string(result));
+    return result;
+  }
+  void SorCalender_EndFunction(CalendarHandle handle) override {
+    calls.push_back("End " + std::to_string(handle));
+    CountryCalendar::SorCalender_EndFunction(handle);
+  }
+};
+
+// The bytes of a shipped country file.
+inline std::string ShippedCountryFile(const std::string& name) {
+  const std::vector<std::uint8_t> bytes =
+      ReadBytes(std::string(SCHEDULER_DATA_DIR) + "/pcapps/" + name);
+  return {bytes.begin(), bytes.end()};
+}
+
+// An installation's folder of country files and what the country dialog works with, as after a
+// start with `inUse` named in the registry and open.
+struct CountryFolder {
+  CountryFolder(const std::vector<std::string>& shipped, const std::string& inUse) {
+    std::filesystem::create_directory(pcapps);
+    for (const std::string& name : shipped) Write(name, ShippedCountryFile(name));
+    registry.WriteString(kSchedulerKey, kHolidayIniValue, inUse);
+    Start(inUse);
+  }
+
+  void Write(const std::string& name, const std::string& text) const {
+    WriteBytes(pcapps + "/" + name, std::vector<std::uint8_t>(text.begin(), text.end()));
+  }
+  // Opens the file as the start of the program does; the calls are not recorded.
+  void Start(const std::string& name) {
+    calendar.SorCalender_InitFunction(pcapps + "/" + name, named.HolidayHandle);
+    named.calendar = &calendar;
+    named.HolidayReady = -1;
+    calendar.calls.clear();
+  }
+  DlgSelectHolidayServices Services() {
+    return {registry, messages, device, calendar, host, pcapps};
+  }
+  // The name of the date's named holiday in the country file in use, "" for none.
+  std::string Named(int year, int month, int day) const {
+    std::string name;
+    named.GetHolidayName(year, month, day, name);
+    return name;
+  }
+
+  TempDir dir;
+  std::string pcapps = dir.File("pcapps");
+  FakeRegistry registry;
+  FakeMessages messages;
+  FakeDeviceFiles device;
+  RecordingCalendar calendar;
+  RecordingHolidayHost host;
+  NamedHolidays named;
+};
+
+}  // namespace sched
