@@ -4,8 +4,14 @@
 #include "shell/settings.h"
 #include "shell/startup.h"
 #include "store/calendar.h"
+#include "views/calendar_views.h"
 
 namespace sched {
+
+SchedulerApp::SchedulerApp(AppPorts ports) : p_(ports) {}
+
+// Here, where the views are a complete type; the window, made after them, goes first.
+SchedulerApp::~SchedulerApp() = default;
 
 std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   const auto installDir = ReadInstallDir(p_.registry);
@@ -20,13 +26,17 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   state_.LastPcDir = paths_.PimDataDir;
 
   device_ = std::make_unique<CacheDeviceFiles>(paths_.DeviceCacheDir, &p_.chooser);
+  views_ = std::make_unique<CalendarViews>(
+      ViewServices{doc_, state_.Holidays, p_.dates, p_.clock, p_.messages});
   window_ = std::make_unique<SchMain>(
-      SchMainServices{state_, p_.clock, p_.dates, *device_, p_.settings});
+      SchMainServices{state_, p_.clock, p_.dates, *device_, p_.settings, p_.messages, *views_,
+                      p_.registry, p_.holidays, paths_.PcAppsDir});
   store_ = std::make_unique<ScheduleStore>(
-      doc_, StoreServices{*window_, p_.messages, *window_, p_.clock, *device_, paths_.SystemIniPath});
+      doc_,
+      StoreServices{*window_, p_.messages, *window_, p_.clock, *device_, paths_.SystemIniPath});
   commands_ = std::make_unique<DocumentCommands>(DocumentServices{
       *store_, *window_, p_.messages, p_.dialogs, *device_, p_.clock, state_, paths_.CacheDir});
-  window_->Attach(commands_.get(), &doc_);
+  window_->Attach(commands_.get(), store_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),
                    [this](const QString& path) { commands_->OpenFileByName(path.toStdString()); });
 

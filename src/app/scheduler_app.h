@@ -16,6 +16,8 @@
 
 namespace sched {
 
+class CalendarViews;
+
 // The outside world as the program meets it: the system's own in the program, fakes in tests.
 struct AppPorts {
   Registry& registry;
@@ -32,7 +34,8 @@ struct AppPorts {
 // order and ended by the main window.
 class SchedulerApp {
  public:
-  explicit SchedulerApp(AppPorts ports) : p_(ports) {}
+  explicit SchedulerApp(AppPorts ports);
+  ~SchedulerApp();
 
   // Brings the program up. Nothing when it runs; else the exit status of a start that ended
   // at once (no installation, another instance running, a broken installation).
@@ -42,6 +45,7 @@ class SchedulerApp {
   DocumentCommands* Commands() const { return commands_.get(); }
   const ScheduleDocument& Document() const { return doc_; }
   const AppState& State() const { return state_; }
+  CalendarViews* Views() const { return views_.get(); }
 
  private:
   void OpenStartFile(const QString& commandLineFile);
@@ -52,6 +56,7 @@ class SchedulerApp {
   InstallPaths paths_;
   ScheduleDocument doc_;
   std::unique_ptr<CacheDeviceFiles> device_;
+  std::unique_ptr<CalendarViews> views_;
   std::unique_ptr<SchMain> window_;
   std::unique_ptr<ScheduleStore> store_;
   std::unique_ptr<DocumentCommands> commands_;

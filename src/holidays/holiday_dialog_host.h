@@ -1,13 +1,9 @@
 #pragma once
 
 #include "holidays/holiday_model.h"
+#include "platform/key_codes.h"
 
 namespace sched {
-
-// Key codes the holiday dialogs react to, as the window system numbers them.
-inline constexpr int kKeyLeft = 37;
-inline constexpr int kKeyRight = 39;
-inline constexpr int kKeyF1 = 112;
 
 // What the holiday dialogs ask of the main window.
 class HolidayDialogHost {

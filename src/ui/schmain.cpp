@@ -2,22 +2,29 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFrame>
 #include <QGuiApplication>
-#include <QScreen>
-#include <QStyle>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QMoveEvent>
+#include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "shell/clock_text.h"
 #include "shell/document_commands.h"
 #include "shell/settings.h"
+#include "ui/day_tab.h"
+#include "ui/month_tab.h"
+#include "ui/sch_dt.h"
 #include "ui/toolbar_icons.h"
+#include "views/view_texts.h"
 
 namespace sched {
 
@@ -28,6 +35,7 @@ SchMain::SchMain(SchMainServices services) : s_(services) {
   BuildMenus();
   BuildToolbar();
   BuildCentre();
+  BuildPopups();
   Timer2 = new QTimer(this);
   Timer2->setObjectName("Timer2");
   connect(Timer2, &QTimer::timeout, this, &SchMain::Timer2_Timer);
@@ -40,6 +48,7 @@ QAction* SchMain::AddAction(QMenu* menu, const QString& name, const QString& cap
   action->setObjectName(name);
   if (run) {
     connect(action, &QAction::triggered, this, [run] { run(); });
+    built_.insert(name);
   } else {
     action->setEnabled(false);  // its command comes with a later part of the program
   }
@@ -54,12 +63,15 @@ void SchMain::RunCommand(void (DocumentCommands::*command)()) {
 void SchMain::BuildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("FileMenu");
-  AddAction(file, "New_Menu", "&New", [this] { RunCommand(&DocumentCommands::New); })
-      ->setShortcut(QKeySequence::New);
-  AddAction(file, "OpenF_Menu", "&Open...", [this] { RunCommand(&DocumentCommands::OpenOnPc); })
-      ->setShortcut(QKeySequence::Open);
-  AddAction(file, "SaveOvw_Menu", "&Save", [this] { RunCommand(&DocumentCommands::SaveToPc); })
-      ->setShortcut(QKeySequence::Save);
+  AddAction(file, "New_Menu", "&New", [this] {
+    RunCommand(&DocumentCommands::New);
+  })->setShortcut(QKeySequence::New);
+  AddAction(file, "OpenF_Menu", "&Open...", [this] {
+    RunCommand(&DocumentCommands::OpenOnPc);
+  })->setShortcut(QKeySequence::Open);
+  AddAction(file, "SaveOvw_Menu", "&Save", [this] {
+    RunCommand(&DocumentCommands::SaveToPc);
+  })->setShortcut(QKeySequence::Save);
   AddAction(file, "SaveName_Menu", "Save &As...",
             [this] { RunCommand(&DocumentCommands::SaveAsOnPc); });
   file->addSeparator();
@@ -76,6 +88,10 @@ void SchMain::BuildMenus() {
 
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName("EditCTL");
+  connect(edit, &QMenu::aboutToShow, this, [this] {
+    s_.views.EditCTL_Open(false);
+    ApplyMenus();
+  });
   AddAction(edit, "CopySchdat", "&Copy");
   AddAction(edit, "PasteSchdat", "&Paste");
   edit->addSeparator();
@@ -85,9 +101,8 @@ void SchMain::BuildMenus() {
   edit->addSeparator();
   QMenu* hctl = edit->addMenu("Setting &Holiday");
   hctl->setObjectName("Hctl");
-  hctl->setEnabled(false);
-  AddAction(hctl, "Wdsp", "By &Week...");
-  AddAction(hctl, "Ydsp", "Selected &Day...");
+  AddAction(hctl, "Wdsp", "By &Week...", [this] { ShowWeekHolidayDialog(); });
+  AddAction(hctl, "Ydsp", "Selected &Day...", [this] { ShowDayHolidayDialog(); });
 
   QMenu* del = menuBar()->addMenu("&Delete");
   del->setObjectName("DelCTRL");
@@ -98,10 +113,11 @@ void SchMain::BuildMenus() {
 
   QMenu* holiday = menuBar()->addMenu("&Holiday");
   holiday->setObjectName("HdayCTL");
-  AddAction(holiday, "Set_WeekH", "By &Week...");
-  AddAction(holiday, "Set_YearH", "Selected &Day...");
+  AddAction(holiday, "Set_WeekH", "By &Week...", [this] { ShowWeekHolidayDialog(); });
+  AddAction(holiday, "Set_YearH", "Selected &Day...", [this] { ShowDayHolidayDialog(); });
   holiday->addSeparator();
-  AddAction(holiday, "SelectHolidayInfo", "&Select Country...");
+  AddAction(holiday, "SelectHolidayInfo", "&Select Country...",
+            [this] { SelectHolidayInfo_Click(); });
 
   PcLink = menuBar()->addMenu("Data &Link");
   PcLink->setObjectName("PcLink");
@@ -173,6 +189,7 @@ void SchMain::BuildToolbar() {
         HideScheduleList();
         RunCommand(command);
       });
+      built_.insert(b.key);
     } else {
       action->setEnabled(false);
     }
@@ -189,11 +206,33 @@ void SchMain::BuildCentre() {
   SSTab1 = new QTabWidget(centre);
   SSTab1->setObjectName("SSTab1");
   SSTab1->setDocumentMode(false);
-  SSTab1->addTab(new QWidget(SSTab1), "Month");
-  SSTab1->addTab(new QWidget(SSTab1), "Day");
+  const ViewActionSink sink = [this](const ViewAction& action) { RunViewAction(action); };
+  monthTab_ = new MonthTab(s_.views, sink, SSTab1);
+  dayTab_ = new DayTab(s_.views, sink, SSTab1);
+  SSTab1->addTab(monthTab_, "Month");
+  SSTab1->addTab(dayTab_, "Day");
   SSTab1->setAcceptDrops(true);
   SSTab1->installEventFilter(this);
+  monthTab_->installEventFilter(this);
+  connect(SSTab1, &QTabWidget::currentChanged, this, &SchMain::SSTab1_Click);
   layout->addWidget(SSTab1, 1);
+
+  // Beside the tab buttons: the month tab's month and year, and the date label of both tabs.
+  auto* corner = new QWidget(SSTab1);
+  auto* cornerLayout = new QHBoxLayout(corner);
+  cornerLayout->setContentsMargins(0, 0, 6, 0);
+  cornerLayout->setSpacing(12);
+  monthBar_ = monthTab_->Bar();
+  monthBar_->setParent(corner);
+  label6_ = new QLabel(corner);
+  label6_->setObjectName("Label6(1)");
+  label6_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  QFont dateFont = label6_->font();
+  dateFont.setBold(true);
+  label6_->setFont(dateFont);
+  cornerLayout->addWidget(monthBar_);
+  cornerLayout->addWidget(label6_);
+  SSTab1->setCornerWidget(corner, Qt::TopRightCorner);
 
   auto* bottom = new QHBoxLayout();
   LabelProgress = new QLabel(centre);
@@ -219,7 +258,7 @@ void SchMain::BuildCentre() {
   lblDate->setMinimumWidth(190);
   ComToday = new QPushButton("&Today", FrameDate);
   ComToday->setObjectName("ComToday");
-  ComToday->setEnabled(false);  // moves the views, which come with a later part of the program
+  connect(ComToday, &QPushButton::clicked, this, &SchMain::GoToday);
   frameLayout->addWidget(lblDate);
   frameLayout->addWidget(ComToday);
   bottom->addWidget(FrameDate);
@@ -242,15 +281,70 @@ void SchMain::ShowClock() {
   lblDate->setText(QString::fromStdString(DateCaption(s_.dates, s_.clock.Now())));
 }
 
-void SchMain::SetTitle(const std::string& title) { setWindowTitle(QString::fromStdString(title)); }
+void SchMain::SetTitle(const std::string& title) {
+  setWindowTitle(QString::fromStdString(title));
+}
 
-void SchMain::ShowFirstTab() { SSTab1->setCurrentIndex(0); }
+void SchMain::ShowFirstTab() {
+  SSTab1->setCurrentIndex(0);
+}
 
-void SchMain::EnableSaveButton() { buttons_.value("Save")->setEnabled(true); }
+void SchMain::EnableSaveButton() {
+  buttons_.value("Save")->setEnabled(true);
+}
 
 void SchMain::DisableDeleteMonthYear() {
   actions_.value("DelMonth")->setEnabled(false);
   actions_.value("DelYear")->setEnabled(false);
+}
+
+void SchMain::HideScheduleList() {
+  s_.views.List().Visible = false;
+  if (schDT_ != nullptr) schDT_->hide();
+}
+
+void SchMain::RefreshViews() {
+  s_.views.RefreshViews();
+  ShowViews();
+}
+
+void SchMain::ShowDate(int year, int month, int day) {
+  // The combos and the calendar stand on the date; the fill that follows shows it.
+  const CivilDate date{year, month, day};
+  s_.views.Combo1Index = month - 1;
+  s_.views.Combo2Index = year - kFirstYear;
+  s_.views.DateHelper = date;
+  if (s_.views.Tab == 1) {
+    s_.views.CSCal4_Change(date);
+  } else {
+    s_.views.Day().CalendarDate = date;
+  }
+}
+
+void SchMain::ClearDayLists() {
+  s_.views.ClearDayLists();
+}
+
+void SchMain::UpdateMenus() {
+  s_.views.UpdateDeleteMenus();
+  ApplyMenus();
+}
+
+void SchMain::EnableMonthCommands() {
+  ApplyMenus();
+}
+
+void SchMain::RedrawShownTab() {
+  RefreshViews();
+}
+
+void SchMain::DisableSclDel() {
+  buttons_.value("SclDel")->setEnabled(false);
+}
+
+void SchMain::RefreshScheduleList() {
+  if (s_.views.List().Visible) s_.views.ShowScheduleList();
+  ShowViews();
 }
 
 void SchMain::BringToFront() {
@@ -265,7 +359,9 @@ void SchMain::SetCaption(const std::string& text) {
   LabelProgress->setText(QString::fromStdString(text));
 }
 
-void SchMain::SetValue(int value) { ProgressBar->setValue(value); }
+void SchMain::SetValue(int value) {
+  ProgressBar->setValue(value);
+}
 
 void SchMain::SetVisible(bool visible) {
   LabelProgress->setVisible(visible);
@@ -303,7 +399,8 @@ void SchMain::ShowAbout() {
   about.setWindowTitle("About Scheduler");
   auto* layout = new QVBoxLayout(&about);
   auto* text = new QLabel(
-      "<h3>Scheduler</h3><p>Version " SCHEDULER_VERSION "</p>"
+      "<h3>Scheduler</h3><p>Version " SCHEDULER_VERSION
+      "</p>"
       "<p>The PC companion of the Tarvex wrist organiser: its schedule files, on the PC and on "
       "the device.</p>",
       &about);
@@ -329,7 +426,9 @@ void SchMain::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
-void SchMain::ShowLinkMenu(bool shown) { PcLink->menuAction()->setVisible(shown); }
+void SchMain::ShowLinkMenu(bool shown) {
+  PcLink->menuAction()->setVisible(shown);
+}
 
 void SchMain::ResetToToday() {
   if (commands_ != nullptr) commands_->ResetToToday(true);
@@ -361,9 +460,9 @@ void SchMain::RestoreWindowPlacement() {
 void SchMain::SaveWindowPlacement() {
   const QRect normal = isMaximized() || isMinimized() ? normalGeometry() : geometry();
   const int state = isMaximized() ? 3 : isMinimized() ? 2 : 1;
-  sched::SaveWindowPlacement(s_.settings, kDayviewSection,
-                             {state, normal.left(), normal.top(), normal.right() + 1,
-                              normal.bottom() + 1});
+  sched::SaveWindowPlacement(
+      s_.settings, kDayviewSection,
+      {state, normal.left(), normal.top(), normal.right() + 1, normal.bottom() + 1});
 }
 
 bool SchMain::AcceptsDrop(const QMimeData* mime) const {
@@ -382,6 +481,8 @@ void SchMain::dropEvent(QDropEvent* event) {
 }
 
 bool SchMain::eventFilter(QObject* watched, QEvent* event) {
+  // Both pages of the tab take one size: the month page tells it.
+  if (watched == monthTab_ && event->type() == QEvent::Resize) LayoutViews();
   // The tabs take dropped files as the window does.
   if (watched == SSTab1) {
     if (event->type() == QEvent::DragEnter) {

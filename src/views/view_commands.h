@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/key_codes.h"
+
 namespace sched {
 
 // What the widget must run after a mouse or key event on the views. The views decide; the
@@ -71,19 +73,5 @@ struct MenuState {
 // Where the keyboard focus goes after a move of the date.
 enum class FocusTarget { Text1, List1, CSCal4 };
 
-// Key codes the views handle.
-enum ViewKey : int {
-  kKeyEnter = 13,
-  kKeyEscape = 27,
-  kKeyPageUp = 33,
-  kKeyPageDown = 34,
-  kKeyEnd = 35,
-  kKeyHome = 36,
-  kKeyLeft = 37,
-  kKeyUp = 38,
-  kKeyRight = 39,
-  kKeyDown = 40,
-  kKeyF1 = 112
-};
 
 }  // namespace sched

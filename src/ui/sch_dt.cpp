@@ -1,0 +1,112 @@
+#include "ui/sch_dt.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "views/view_texts.h"
+
+namespace sched {
+
+SchDT::SchDT(CalendarViews& views, Messages& messages, ViewActionSink sink, PopupSink popup,
+             QWidget* parent)
+    : QDialog(parent, Qt::Tool),
+      views_(views),
+      messages_(messages),
+      sink_(std::move(sink)),
+      popup_(std::move(popup)) {
+  setObjectName("SchDT");
+  setWindowTitle(view_texts::kScheduleListCaption);
+  setModal(false);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  list1_ = new QListWidget(this);
+  list1_->setObjectName("List1");
+  list1_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  list1_->setUniformItemSizes(true);
+  list1_->installEventFilter(this);
+  list1_->viewport()->installEventFilter(this);
+  layout->addWidget(list1_);
+  connect(list1_, &QListWidget::itemDoubleClicked, this, &SchDT::Activate);
+  resize(340, 190);
+}
+
+void SchDT::ShowModel(double twipsPerPixel) {
+  const ScheduleList& list = views_.List();
+  if (!list.Visible) {
+    if (isVisible()) hide();
+    return;
+  }
+  setWindowTitle(QString::fromStdString(list.Caption));
+  {
+    const QSignalBlocker block(list1_);
+    list1_->clear();
+    for (const std::string& line : list.Lines) list1_->addItem(QString::fromStdString(line));
+    if (list.Row >= 0 && list.Row < list1_->count()) list1_->setCurrentRow(list.Row);
+  }
+  move(static_cast<int>(list.Position.left / twipsPerPixel),
+       static_cast<int>(list.Position.top / twipsPerPixel));
+  if (!isVisible()) show();
+}
+
+void SchDT::Hide() {
+  views_.List().Form_KeyDown(kKeyEscape);
+  hide();
+  sink_({});
+}
+
+void SchDT::Activate() {
+  ScheduleList& list = views_.List();
+  list.Row = list1_->currentRow();
+  list.RowSel = list.Row;
+  sink_(list.List1_DblClick());
+}
+
+void SchDT::reject() {
+  Hide();
+}
+
+void SchDT::keyPressEvent(QKeyEvent* event) {
+  switch (ViewKeyOf(event->key())) {
+    case kKeyEscape: Hide(); return;
+    case kKeyF1: return;  // the help file is not part of this program yet
+    default: QDialog::keyPressEvent(event);
+  }
+}
+
+bool SchDT::eventFilter(QObject* watched, QEvent* event) {
+  ScheduleList& list = views_.List();
+  if (watched == list1_->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    int first = list1_->currentRow();
+    int last = first;
+    for (const QModelIndex& index : list1_->selectionModel()->selectedRows()) {
+      first = std::min(first, index.row());
+      last = std::max(last, index.row());
+    }
+    const int row = list1_->currentRow();
+    if (mouse->button() == Qt::LeftButton) {
+      list.List1_Click(row, first != row ? first : last, messages_);
+    } else if (mouse->button() == Qt::RightButton) {
+      list.Row = row;
+      list.RowSel = first != row ? first : last;
+      popup_(list.Popup(false));
+      return true;
+    }
+  }
+  if (watched == list1_ && event->type() == QEvent::KeyPress) {
+    const int key = ViewKeyOf(static_cast<QKeyEvent*>(event)->key());
+    if (key == kKeyEnter) {
+      Activate();
+      return true;
+    }
+    if (key == kKeyEscape) {
+      Hide();
+      return true;
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace sched

@@ -1,0 +1,201 @@
+// The main window's side of the calendar views: the two tabs, the schedule list dialog, the
+// popup menus, and the menu entries the views enable.
+#include <QCursor>
+#include <QEvent>
+#include <QFontMetricsF>
+#include <QMoveEvent>
+#include <QScreen>
+#include <algorithm>
+
+#include "ui/day_tab.h"
+#include "ui/month_tab.h"
+#include "ui/sch_dt.h"
+#include "ui/schmain.h"
+#include "views/view_texts.h"
+
+namespace sched {
+namespace {
+
+// The places that the layout leaves fixed, for a tab page that starts under the tab buttons.
+DesignPlaces PageDesign() {
+  DesignPlaces d;
+  d.tabLeft = 0;
+  d.tabTop = 0;
+  d.tabStripHeight = 0;
+  d.head0Left = d.cell0Left = 185;
+  d.head0Top = 60;
+  d.hourLabelTop = 330;
+  d.hourLabelHeight = 240;
+  d.hourLabelWidth = 400;
+  d.pictLeft = 240;
+  return d;
+}
+
+// The height of the font the fixed text boxes were drawn for, in pixels at 96 dpi.
+constexpr double kDesignFontHeight = 12.5;
+// The width of the day number's box, in twips.
+constexpr double kDayNumberWidth = 220;
+
+}  // namespace
+
+QMenu* SchMain::AddPopup(const QString& name, const QString& prefix, bool withItems) {
+  auto* menu = new QMenu(this);
+  menu->setObjectName(name);
+  menu->setProperty("prefix", prefix);
+  if (withItems) AddAction(menu, prefix + "Copy", view_texts::kCopySchdat);
+  AddAction(menu, prefix + "Paste", view_texts::kPasteSchdat);
+  menu->addSeparator();
+  AddAction(menu, prefix + "New", view_texts::kNewSchdat);
+  if (withItems) {
+    AddAction(menu, prefix + "Update", view_texts::kUpdSchDat);
+    AddAction(menu, prefix + "Del", view_texts::kDelSchDat);
+  }
+  QMenu* holidays = menu->addMenu(view_texts::kHctl);
+  holidays->setObjectName(prefix == "Pop4" ? "Pop4HCtrl" : prefix + "Hctl");
+  AddAction(holidays, prefix + "WeekH", "By &Week...", [this] { ShowWeekHolidayDialog(); });
+  AddAction(holidays, prefix + "YearH", "Selected &Day...", [this] { ShowDayHolidayDialog(); });
+  AddAction(menu, prefix + "Today", "&Today", [this] { GoToday(); });
+  popups_.insert(name, menu);
+  return menu;
+}
+
+void SchMain::BuildPopups() {
+  AddPopup("PopMenuCTRL1", "Pop1", false);  // nothing pops it up
+  AddPopup("PopMenuCTRL2", "Pop2", true);
+  AddPopup("PopMenuCTRL3", "Pop3", false);
+  AddPopup("Pop4CTRL", "Pop4", true);
+  schDT_ = new SchDT(
+      s_.views, s_.messages, [this](const ViewAction& action) { RunViewAction(action); },
+      [this](const PopupItems& items) { ShowPopup("Pop4CTRL", items); }, this);
+}
+
+void SchMain::Enable(const QString& name, bool enabled) {
+  if (QAction* action = actions_.value(name)) action->setEnabled(built_.contains(name) && enabled);
+}
+
+void SchMain::ApplyMenus() {
+  const MenuState& m = s_.views.Menus();
+  Enable("DelMonth", m.DelMonth);
+  Enable("DelYear", m.DelYear);
+  Enable("DelBefore", m.DelBefore);
+  Enable("DelAfter", m.DelAfter);
+  if (auto* menu = findChild<QMenu*>("DelCTRL")) menu->setEnabled(m.DelCTRL);
+  Enable("CopySchdat", m.CopySchdat);
+  Enable("PasteSchdat", m.PasteSchdat);
+  Enable("UpdSchDat", m.UpdSchDat);
+  Enable("DelSchDat", m.DelSchDat);
+  Enable("Set_YearH", m.YearHolidays);
+  Enable("Ydsp", m.YearHolidays);
+  buttons_.value("SclDel")->setEnabled(built_.contains("SclDel") && m.ToolbarDelete);
+}
+
+void SchMain::ShowPopup(const QString& name, const PopupItems& items) {
+  QMenu* menu = popups_.value(name);
+  const QString prefix = menu->property("prefix").toString();
+  Enable(prefix + "Copy", items.Copy);
+  Enable(prefix + "Update", items.Update);
+  Enable(prefix + "Del", items.Del);
+  Enable(prefix + "Paste", items.Paste);
+  Enable(prefix + "WeekH", true);
+  Enable(prefix + "YearH", s_.views.Menus().YearHolidays);
+  menu->popup(QCursor::pos());
+}
+
+void SchMain::ShowViews() {
+  const bool onMonth = s_.views.Tab == 0;
+  if (onMonth) monthTab_->ShowModel();
+  dayTab_->ShowModel();
+  monthBar_->setVisible(onMonth);
+  label6_->setText(QString::fromStdString(s_.views.DateLabel));
+  UpdateListFrame();
+  schDT_->ShowModel(TwipsPerPixel(ViewDpi()));
+  ApplyMenus();
+}
+
+void SchMain::RunViewAction(const ViewAction& action) {
+  ShowViews();
+  switch (action.command) {
+    case ViewCommand::ShowPopupMenu2: ShowPopup("PopMenuCTRL2", action.popup); break;
+    case ViewCommand::ShowPopupMenu3: ShowPopup("PopMenuCTRL3", action.popup); break;
+    case ViewCommand::FocusScheduleList:
+      schDT_->activateWindow();
+      schDT_->List1()->setFocus();
+      break;
+    case ViewCommand::AddSchedule:     // the edit dialog is not part of the program yet
+    case ViewCommand::ModifySchedule:  // likewise
+    case ViewCommand::None: break;
+  }
+}
+
+void SchMain::SSTab1_Click(int tab) {
+  if (s_.views.SSTab1_Click(tab)) LayoutViews();
+  ShowViews();
+  ApplyFocus();
+}
+
+void SchMain::GoToday() {
+  s_.views.GoToday();
+  ShowViews();
+  ApplyFocus();
+}
+
+void SchMain::ApplyFocus() {
+  switch (s_.views.Focus) {
+    case FocusTarget::Text1: monthTab_->Text1()->setFocus(); break;
+    case FocusTarget::List1: dayTab_->List1()->setFocus(); break;
+    case FocusTarget::CSCal4: dayTab_->CSCal4()->setFocus(); break;
+  }
+}
+
+double SchMain::ViewDpi() const {
+  const QScreen* shown = screen();
+  const double dpi = shown != nullptr ? shown->logicalDotsPerInch() : 96.0;
+  // The fixed boxes of the layout were drawn for a smaller font; a larger one widens them as
+  // the system's large-font setting would, so that no day number is cut.
+  QFont bold = font();
+  bold.setBold(true);
+  const double numberWidth = QFontMetricsF(bold).horizontalAdvance("28") + 3;
+  return std::max({dpi, 96.0 * fontMetrics().height() / kDesignFontHeight,
+                   1440.0 * numberWidth / kDayNumberWidth});
+}
+
+void SchMain::LayoutViews() {
+  const double twips = TwipsPerPixel(ViewDpi());
+  const QSize page = monthTab_->size();
+  // The window's size that gives the tab exactly the size of its pages.
+  FormLayout& layout = s_.views.ListFrame.layout;
+  layout = LayoutTwips(page.width() * twips + 240, page.height() * twips + 1680, PageDesign(),
+                       PageDesign().comYYWidth);
+  const FormLayout pixels = layout.Scaled(1 / twips);
+  HideScheduleList();
+  if (s_.views.Tab == 0) {
+    monthTab_->ApplyLayout(pixels);
+  } else {
+    dayTab_->ApplyLayout(pixels);
+  }
+  // The hidden tab follows when it is shown.
+  s_.views.MarkLayoutPending();
+  UpdateListFrame();
+}
+
+void SchMain::UpdateListFrame() {
+  const double twips = TwipsPerPixel(ViewDpi());
+  ScheduleListFrame& f = s_.views.ListFrame;
+  f.design = PageDesign();
+  // The dialog hangs from the cell's bottom edge: the page's corner on the screen stands in for
+  // the window, tab and heads that the placing counts from.
+  const QPoint page = monthTab_->mapToGlobal(QPoint(0, 0));
+  f.formLeft = page.x() * twips - f.layout.SSTab1.left;
+  f.formTop =
+      page.y() * twips - f.layout.SSTab1.top - f.design.tabStripHeight - f.layout.Label8[0].height;
+  f.dialogHeight = schDT_->frameGeometry().height() * twips;
+  const QScreen* shown = screen();
+  f.screenHeight = (shown != nullptr ? shown->availableGeometry().bottom() : 1080) * twips;
+}
+
+void SchMain::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  if (schDT_ != nullptr) UpdateListFrame();
+}
+
+}  // namespace sched

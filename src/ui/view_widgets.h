@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+#include <QRect>
+#include <cstdint>
+#include <functional>
+
+#include "views/layout.h"
+#include "views/view_colors.h"
+#include "views/view_commands.h"
+
+namespace sched {
+
+// What a tab hands to the window after an event of the views: the command the views ask for.
+// The window runs it and then shows the views' new state.
+using ViewActionSink = std::function<void(const ViewAction&)>;
+
+// A colour of the views (red in the low byte) as the widget paints it; the window colour is
+// the palette's base, the ground of lists and editable fields.
+inline QColor ViewColor(std::uint32_t color, const QPalette& palette) {
+  if (color == kWindowColor) return palette.color(QPalette::Base);
+  return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
+                static_cast<int>((color >> 16) & 0xFF));
+}
+inline QColor ViewColor(CellBack back, const QPalette& palette) {
+  return ViewColor(ColorValue(back), palette);
+}
+inline QColor ViewColor(DayColor color, const QPalette& palette) {
+  return ViewColor(ColorValue(color), palette);
+}
+
+// A rectangle of the layout on the pixel grid: the sides as they fall, the size rounded.
+inline QRect PixelRect(const RectF& r) {
+  return QRect(static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.width + 0.5),
+               static_cast<int>(r.height + 0.5));
+}
+
+// The window system's code of the keys the views react to (Enter 13, Left 37, F1 112, ...);
+// 0 for every other key.
+inline int ViewKeyOf(int qtKey) {
+  switch (qtKey) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return kKeyEnter;
+    case Qt::Key_Escape: return kKeyEscape;
+    case Qt::Key_PageUp: return kKeyPageUp;
+    case Qt::Key_PageDown: return kKeyPageDown;
+    case Qt::Key_End: return kKeyEnd;
+    case Qt::Key_Home: return kKeyHome;
+    case Qt::Key_Left: return kKeyLeft;
+    case Qt::Key_Up: return kKeyUp;
+    case Qt::Key_Right: return kKeyRight;
+    case Qt::Key_Down: return kKeyDown;
+    case Qt::Key_F1: return kKeyF1;
+    default: return 0;
+  }
+}
+
+// A widget's font scaled by `factor`, bold when asked.
+inline QFont ScaledFont(const QFont& base, double factor, bool bold = false) {
+  QFont font = base;
+  if (base.pointSizeF() > 0) {
+    font.setPointSizeF(base.pointSizeF() * factor);
+  } else {
+    font.setPixelSize(static_cast<int>(base.pixelSize() * factor + 0.5));
+  }
+  font.setBold(bold);
+  return font;
+}
+
+}  // namespace sched
