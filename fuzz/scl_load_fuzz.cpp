@@ -24,13 +24,9 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/fake/fake_clock.h"
-#include "platform/fake/fake_device_files.h"
-#include "platform/fake/fake_messages.h"
-#include "platform/fake/fake_progress.h"
 #include "store/calendar.h"
 #include "store/schedule_store.h"
-#include "tests/support/recording_store_host.h"
+#include "tests/support/test_store.h"
 
 namespace sched {
 namespace {
@@ -93,19 +89,8 @@ struct FuzzFiles {
 };
 
 // A store over fakes, fresh for each load.
-struct StoreUnderTest {
-  ScheduleDocument doc;
-  RecordingStoreHost host;
-  FakeMessages messages;
-  FakeProgress progress;
-  FakeClock clock;
-  FakeDeviceFiles device;
-  ScheduleStore store;
-
-  StoreUnderTest(const FuzzFiles& files, int onPc)
-      : store(doc, StoreServices{host, messages, progress, clock, device, files.systemIni}) {
-    store.ClearIndex();
-    store.ResetHeader();
+struct StoreUnderTest : FakeStore {
+  StoreUnderTest(const FuzzFiles& files, int onPc) : FakeStore(files.systemIni) {
     doc.ScheduleOnPc = onPc;
   }
 

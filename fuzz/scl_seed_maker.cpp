@@ -7,31 +7,15 @@
 #include <string>
 #include <vector>
 
-#include "platform/fake/fake_clock.h"
-#include "platform/fake/fake_device_files.h"
-#include "platform/fake/fake_messages.h"
-#include "platform/fake/fake_progress.h"
 #include "store/calendar.h"
 #include "store/schedule_store.h"
-#include "tests/support/recording_store_host.h"
+#include "tests/support/test_store.h"
 
 namespace sched {
 namespace {
 
-struct Maker {
-  ScheduleDocument doc;
-  RecordingStoreHost host;
-  FakeMessages messages;
-  FakeProgress progress;
-  FakeClock clock;
-  FakeDeviceFiles device;
-  ScheduleStore store;
+struct Maker : FakeStore {
   std::int32_t nextStamp = static_cast<std::int32_t>(0xC2A40000u);
-
-  Maker() : store(doc, StoreServices{host, messages, progress, clock, device, ""}) {
-    store.ClearIndex();
-    store.ResetHeader();
-  }
 
   SchRecord Item(CivilDate date, int start, int end, const std::string& title) {
     SchRecord r;

@@ -361,10 +361,19 @@ void MonthTab::ApplyLayout(const FormLayout& layout) {
   for (std::size_t i = 0; i < heads_.size(); ++i)
     heads_[i]->setGeometry(PixelRect(layout.Label8[i]));
   for (std::size_t c = 0; c < plates_.size(); ++c) {
-    plates_[c]->setGeometry(PixelRect(layout.Label9[c]));
-    numbers_[c]->setGeometry(PixelRect(layout.Label1[c]));
-    names_[c]->setGeometry(PixelRect(layout.Label2[c]));
-    lists_[c]->setGeometry(PixelRect(layout.Grid1[c]));
+    const QRect plate = PixelRect(layout.Label9[c]);
+    plates_[c]->setGeometry(plate);
+    // The parts stay inside the plate's frame, which draws the grid's lines, and clear of the
+    // next cells' plates, which lie over this one's right and bottom edges.
+    QRect inside = plate.adjusted(1, 1, -1, -1);
+    if (c % 7 != 6)
+      inside.setRight(std::min(inside.right(), PixelRect(layout.Label9[c + 1]).left() - 1));
+    if (c + 7 < plates_.size()) {
+      inside.setBottom(std::min(inside.bottom(), PixelRect(layout.Label9[c + 7]).top() - 1));
+    }
+    numbers_[c]->setGeometry(PixelRect(layout.Label1[c]).intersected(inside));
+    names_[c]->setGeometry(PixelRect(layout.Label2[c]).intersected(inside));
+    lists_[c]->setGeometry(PixelRect(layout.Grid1[c]).intersected(inside));
   }
   FitNames();
   PlaceComDt();

@@ -30,16 +30,11 @@ struct Shell {
 
   // A schedule file on the PC with one item.
   std::string MakeFile(const std::string& name, const std::string& title) {
-    ScheduleDocument other;
-    RecordingStoreHost host;
-    FakeMessages quiet;
-    ScheduleStore maker(other, StoreServices{host, quiet, progress, clock, device, ""});
-    maker.ClearIndex();
-    maker.ResetHeader();
-    maker.InsertRecord(MakeItem(2026, 11, 21, 540, 600, title));
-    other.ScheduleFile = dir.File(name);
-    maker.SaveScheduleFile();
-    return other.ScheduleFile;
+    FakeStore maker;
+    maker.store.InsertRecord(MakeItem(2026, 11, 21, 540, 600, title));
+    maker.doc.ScheduleFile = dir.File(name);
+    maker.store.SaveScheduleFile();
+    return maker.doc.ScheduleFile;
   }
 
   std::vector<std::string> Texts() const {

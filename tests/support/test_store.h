@@ -12,22 +12,30 @@
 
 namespace sched {
 
-// A schedule store over fakes and a temporary folder, for tests.
-struct TestStore {
-  TempDir dir;
+// A schedule store over fakes, empty and ready.
+struct FakeStore {
   ScheduleDocument doc;
   RecordingStoreHost host;
   FakeMessages messages;
   FakeProgress progress;
   FakeClock clock;
   FakeDeviceFiles device;
-  ScheduleStore store{doc, StoreServices{host, messages, progress, clock, device,
-                                         dir.File("System.ini")}};
+  ScheduleStore store;
 
-  TestStore() {
+  explicit FakeStore(std::string systemIniPath = "")
+      : store(doc, StoreServices{host, messages, progress, clock, device, std::move(systemIniPath)}) {
     store.ClearIndex();
     store.ResetHeader();
   }
+};
+
+struct WithTempDir {
+  TempDir dir;
+};
+
+// A schedule store over fakes and a temporary folder, for tests.
+struct TestStore : WithTempDir, FakeStore {
+  TestStore() : FakeStore(dir.File("System.ini")) {}
 
   // Saves to a file of the temporary folder and gives its bytes.
   std::vector<std::uint8_t> SaveTo(const std::string& name) {
