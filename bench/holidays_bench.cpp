@@ -22,15 +22,20 @@ int LookUpCentury(sched::CountryCalendar& calendar, sched::CalendarHandle handle
   return named;
 }
 
+// Opens the Japanese country file; a benchmark without it reports the error and stops.
+bool OpenJapan(sched::CountryCalendar& calendar, sched::CalendarHandle& handle,
+               benchmark::State& state) {
+  if (calendar.SorCalender_InitFunction(kJapan, handle) == 0) return true;
+  state.SkipWithError("cannot open the country file");
+  return false;
+}
+
 // A fresh handle each time: every year is evaluated on its first lookup.
 void BM_CenturyColdCache(benchmark::State& state) {
   for (auto _ : state) {
     sched::CountryCalendar calendar;
     sched::CalendarHandle handle = 0;
-    if (calendar.SorCalender_InitFunction(kJapan, handle) != 0) {
-      state.SkipWithError("cannot open the country file");
-      return;
-    }
+    if (!OpenJapan(calendar, handle, state)) return;
     benchmark::DoNotOptimize(LookUpCentury(calendar, handle));
   }
 }
@@ -39,10 +44,7 @@ BENCHMARK(BM_CenturyColdCache)->Unit(benchmark::kMillisecond);
 void BM_CenturyWarmCache(benchmark::State& state) {
   sched::CountryCalendar calendar;
   sched::CalendarHandle handle = 0;
-  if (calendar.SorCalender_InitFunction(kJapan, handle) != 0) {
-    state.SkipWithError("cannot open the country file");
-    return;
-  }
+  if (!OpenJapan(calendar, handle, state)) return;
   LookUpCentury(calendar, handle);
   for (auto _ : state) benchmark::DoNotOptimize(LookUpCentury(calendar, handle));
 }
@@ -52,10 +54,7 @@ BENCHMARK(BM_CenturyWarmCache)->Unit(benchmark::kMicrosecond);
 void BM_MonthGrid(benchmark::State& state) {
   sched::CountryCalendar calendar;
   sched::CalendarHandle handle = 0;
-  if (calendar.SorCalender_InitFunction(kJapan, handle) != 0) {
-    state.SkipWithError("cannot open the country file");
-    return;
-  }
+  if (!OpenJapan(calendar, handle, state)) return;
   std::string name;
   for (auto _ : state) {
     int named = 0;
@@ -74,10 +73,7 @@ void BM_MonthGridColdYear(benchmark::State& state) {
   for (auto _ : state) {
     sched::CountryCalendar calendar;
     sched::CalendarHandle handle = 0;
-    if (calendar.SorCalender_InitFunction(kJapan, handle) != 0) {
-      state.SkipWithError("cannot open the country file");
-      return;
-    }
+    if (!OpenJapan(calendar, handle, state)) return;
     std::string name;
     benchmark::DoNotOptimize(calendar.SorCalender_GetHolidayName(handle, 2019, 5, 1, name));
   }
