@@ -1,28 +1,27 @@
 #include "shell/document_commands.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 
 #include "shell/device_service.h"
+#include "shell/folder_case.h"
 #include "shell/texts.h"
 
 namespace sched {
 namespace {
 
-std::string UpperTail(const std::string& path) {
-  std::string tail = path.size() >= 4 ? path.substr(path.size() - 4) : path;
-  std::transform(tail.begin(), tail.end(), tail.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return tail;
+// The last four characters of a file's name, compared without regard to case.
+bool EndsWith4(const std::string& path, std::string_view tail) {
+  return path.size() >= 4 &&
+         EqualsIgnoringCase(std::string_view(path).substr(path.size() - 4), tail);
 }
 
 bool IsScl(const std::string& path) {
-  return UpperTail(path) == ".SCL";
+  return EndsWith4(path, ".scl");
 }
 bool IsCsv(const std::string& path) {
-  return UpperTail(path) == ".CSV";
+  return EndsWith4(path, ".csv");
 }
 
 std::string FolderOf(const std::string& path) {
