@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "tests/support/test_store.h"
 
 namespace sched {

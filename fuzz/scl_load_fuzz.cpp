@@ -24,7 +24,7 @@
 #include <tuple>
 #include <vector>
 
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/schedule_store.h"
 #include "tests/support/test_store.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/schedule_store.h"
 #include "tests/support/test_store.h"
 

@@ -3,7 +3,7 @@
 #include "shell/device_service.h"
 #include "shell/settings.h"
 #include "shell/startup.h"
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "views/calendar_views.h"
 
 namespace sched {

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "store/codepage.h"
+#include "core/codepage.h"
 
 namespace sched {
 namespace {

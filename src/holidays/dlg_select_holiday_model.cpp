@@ -2,8 +2,8 @@
 
 #include "holidays/country_file_list.h"
 #include "holidays/holiday_texts.h"
-#include "shell/registry_keys.h"
-#include "shell/texts.h"
+#include "core/registry_keys.h"
+#include "core/app_texts.h"
 #include "store/schedule_store.h"
 
 namespace sched {

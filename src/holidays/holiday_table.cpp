@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "holidays/holiday_rules.h"
-#include "store/codepage.h"
+#include "core/codepage.h"
 
 namespace sched {
 

@@ -6,7 +6,7 @@
 #include "holidays/holiday_dialog_host.h"
 #include "holidays/holiday_model.h"
 #include "platform/date_formatter.h"
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/schedule_store.h"
 
 namespace sched {

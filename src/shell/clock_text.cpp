@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/date_text.h"
 
 namespace sched {

@@ -1,7 +1,6 @@
 #include "shell/folder_case.h"
 
 #include <algorithm>
-#include <cctype>
 #include <optional>
 #include <system_error>
 
@@ -25,13 +24,6 @@ std::optional<std::string> FindEntry(const fs::path& folder, const std::string& 
 }
 
 }  // namespace
-
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-    return std::tolower(static_cast<unsigned char>(x)) ==
-           std::tolower(static_cast<unsigned char>(y));
-  });
-}
 
 fs::path ResolveIgnoringCase(const fs::path& base, std::string_view relative) {
   fs::path result = base;

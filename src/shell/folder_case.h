@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/text_case.h"
 #include "platform/path_names.h"
 
 namespace sched {
@@ -20,8 +21,5 @@ inline std::vector<std::string> SplitPathNames(std::string_view relative) {
 // file system may not be.
 std::filesystem::path ResolveIgnoringCase(const std::filesystem::path& base,
                                           std::string_view relative);
-
-// True when the two texts are equal but for the case of ASCII letters.
-bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 
 }  // namespace sched

@@ -10,7 +10,7 @@
 #include "platform/std/console.h"
 #include "shell/folder_case.h"
 #include "shell/paths.h"
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 #include "shell/sample_schedule.h"
 #include "shell/stock_sounds.h"
 #include "store/schedule_store.h"

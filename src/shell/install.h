@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/registry.h"
-#include "store/calendar.h"
+#include "core/calendar.h"
 
 namespace sched {
 

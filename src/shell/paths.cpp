@@ -4,7 +4,7 @@
 #include <system_error>
 
 #include "shell/folder_case.h"
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 
 namespace sched {
 namespace fs = std::filesystem;

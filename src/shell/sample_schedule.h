@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/schedule_store.h"
 
 namespace sched {

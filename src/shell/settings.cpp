@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "shell/device_service.h"
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 #include "store/schedule_store.h"
 
 namespace sched {

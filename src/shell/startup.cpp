@@ -1,6 +1,6 @@
 #include "shell/startup.h"
 
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 #include "shell/texts.h"
 #include "store/schedule_store.h"
 

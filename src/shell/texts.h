@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/app_texts.h"
+
 // The shell's own words, as the user reads them.
 namespace sched::texts {
 
@@ -9,8 +11,6 @@ inline constexpr const char* kNotSchedulerFile = "This is not a Scheduler file."
 inline constexpr const char* kCsvNotSaved = "Csv file is not saved.";
 inline constexpr const char* kCsvNotAvailable =
     "Reading and writing CSV files is not available in this version of Scheduler.";
-inline constexpr const char* kDirectoryMissing =
-    "Directory does not exist.\r\nPlease install the PC Application again.";
 inline constexpr const char* kHolidayValueInvalid =
     "Invalid the holiday information file.\r\nPlease setting the holiday information.";
 inline constexpr const char* kHolidayFileNotFound =

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "store/calendar.h"
+#include "core/calendar.h"
 
 namespace sched {
 

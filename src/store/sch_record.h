@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "core/calendar.h"
+
 namespace sched {
 
 // The working schedule record: one occurrence of an item on one day, as the commands compose
@@ -39,10 +41,6 @@ struct SchRecord {
 inline constexpr std::int16_t kMultiDayKind = -32768;
 inline constexpr const char* kDefaultAlarmSound = "SCHALARM";
 inline constexpr const char* kNoTitle = "No Title";
-
-constexpr std::int32_t DateCode(int year, int month, int day) {
-  return year * 10000 + month * 100 + day;
-}
 
 struct AlarmMoment {
   std::int32_t dateCode;  // the day on which the alarm rings

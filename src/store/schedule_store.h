@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/app_texts.h"
 #include "platform/clock.h"
 #include "platform/device_files.h"
 #include "platform/messages.h"
@@ -28,9 +29,6 @@ struct MonthData {
   int monthRow = -1;     // row in AncMM, -1 when the year has no such month
   bool hasData = false;  // a holiday mask of the month or a live row in it
 };
-
-inline constexpr const char* kAppTitle = "Scheduler";
-inline constexpr const char* kUntitledCaption = "Scheduler - Untitled";
 
 // The operations on the open schedule: loading, saving and the record operations by which
 // every command changes the tables.

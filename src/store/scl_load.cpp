@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <numeric>
 
-#include "store/calendar.h"
-#include "store/codepage.h"
+#include "core/calendar.h"
+#include "core/codepage.h"
 #include "store/schedule_store.h"
 #include "store/stamp.h"
 

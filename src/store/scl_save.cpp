@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "store/codepage.h"
+#include "core/codepage.h"
 #include "store/schedule_store.h"
 #include "store/stamp.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/document.h"
 #include "views/time_bar.h"
 

@@ -1,6 +1,6 @@
 #include "views/line_text.h"
 
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/sch_record.h"
 #include "views/view_texts.h"
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "holidays/holiday_model.h"
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/document.h"
 #include "views/view_colors.h"
 

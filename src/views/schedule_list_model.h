@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/messages.h"
-#include "store/calendar.h"
+#include "core/calendar.h"
 #include "store/sch_tables.h"
 #include "views/layout.h"
 #include "views/view_commands.h"

@@ -13,7 +13,7 @@
 #include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
 #include "shell/install.h"
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {

@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "shell/paths.h"
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 #include "shell/settings.h"
 #include "tests/platform_qt/qt_test_environment.h"
 #include "tests/shell/shell_test_support.h"

@@ -7,7 +7,7 @@
 
 #include "platform/fake/fake_registry.h"
 #include "shell/paths.h"
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 #include "tests/shell/shell_test_support.h"
 #include "tests/support/test_store.h"
 

@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "platform/fake/fake_registry.h"
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {

@@ -11,7 +11,7 @@
 #include "platform/fake/fake_device_files.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_registry.h"
-#include "shell/registry_keys.h"
+#include "core/registry_keys.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/clock.h"
-#include "store/calendar.h"
+#include "core/calendar.h"
 
 namespace sched {
 

@@ -1,8 +1,8 @@
-#include "store/calendar.h"
+#include "core/calendar.h"
 
 #include <gtest/gtest.h>
 
-#include "store/sch_record.h"
+#include "core/calendar.h"
 
 namespace sched {
 namespace {

@@ -1,4 +1,4 @@
-#include "store/calendar.h"
+#include "core/calendar.h"
 
 namespace sched {
 

@@ -25,6 +25,11 @@ constexpr int DaysInMonth(int year, int month) {
   return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
 }
 
+// The number by which dates are compared: yyyymmdd.
+constexpr std::int32_t DateCode(int year, int month, int day) {
+  return year * 10000 + month * 100 + day;
+}
+
 // True for a real date of the program's calendar range.
 constexpr bool IsValidDate(int year, int month, int day) {
   return year >= kFirstYear && year <= kLastYear && month >= 1 && month <= 12 && day >= 1 &&

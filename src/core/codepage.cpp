@@ -1,4 +1,4 @@
-#include "store/codepage.h"
+#include "core/codepage.h"
 
 #include <array>
 #include <cstdint>
