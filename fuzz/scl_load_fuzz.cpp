@@ -1,12 +1,12 @@
 // Feeds arbitrary bytes to the schedule loader.
 //
-// Any input must either load or end in the one read-error path, never crash, hang or grow
-// without bound. An input that loads is then saved, and the saved file loaded again: the live
+// Any input must either load or be refused with an empty document, never crash, hang or grow
+// without bound. An input that loads is then saved, and the saved bytes loaded again: the live
 // rows must come back as they were, and after a few more rounds of saving and loading the
-// file must stop changing.
+// bytes must stop changing. Everything happens in memory.
 //
-// Inputs of odd size are loaded as the cached copy of a device file, with a System.ini that
-// sets a private level, so that the dropping of private records is covered too.
+// Inputs of odd size are loaded as the cached copy of a device file whose user has a private
+// level, so that the dropping of private records is covered too.
 
 #include <algorithm>
 #include <array>
@@ -14,11 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
-#include <random>
 #include <set>
 #include <string>
 #include <tuple>
@@ -47,78 +43,20 @@ void Require(bool condition, const char* what) {
   if (!condition) Fail(what);
 }
 
-void WriteFile(const std::string& path, const std::uint8_t* data, std::size_t size) {
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-  Require(static_cast<bool>(out), "cannot write the input file");
-}
-
-std::vector<std::uint8_t> ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-// One folder for the life of the process, reused by every run.
-struct FuzzFiles {
-  std::filesystem::path dir;
-  std::string input;
-  std::string saved;
-  std::string resaved;
-  std::string systemIni;
-
-  FuzzFiles() {
-    std::random_device random;
-    dir = std::filesystem::temp_directory_path() /
-          ("scl-load-fuzz-" + std::to_string(random()) + std::to_string(random()));
-    std::filesystem::create_directories(dir);
-    input = (dir / "input.scl").string();
-    saved = (dir / "saved.scl").string();
-    resaved = (dir / "resaved.scl").string();
-    systemIni = (dir / "System.ini").string();
-    // Six bytes the program does not read, then the private level.
-    const std::array<std::uint8_t, 8> block = {'S', 'Y', 'S', 'T', 'E', 'M', kDevicePrivateLevel,
-                                               0};
-    WriteFile(systemIni, block.data(), block.size());
-  }
-  ~FuzzFiles() {
-    std::error_code error;
-    std::filesystem::remove_all(dir, error);
-  }
-  FuzzFiles(const FuzzFiles&) = delete;
-  FuzzFiles& operator=(const FuzzFiles&) = delete;
-};
-
 // A store over fakes, fresh for each load.
 struct StoreUnderTest : FakeStore {
-  StoreUnderTest(const FuzzFiles& files, int onPc) : FakeStore(files.systemIni) {
+  explicit StoreUnderTest(int onPc) {
     doc.ScheduleOnPc = onPc;
-  }
-
-  void Load(const std::string& path) {
-    doc.ScheduleFile = path;
-    store.LoadScheduleFile();
-  }
-
-  bool Save(const std::string& path) {
-    doc.ScheduleFile = path;
-    return store.SaveScheduleFile();
+    doc.PrivateLevel = kDevicePrivateLevel;
   }
 };
 
-// A damaged file leaves exactly one "Read error!" and an empty untitled document.
-void CheckReadErrorPath(const StoreUnderTest& s) {
-  const auto& shown = s.messages.Shown();
-  Require(shown.size() == 1, "a failed load showed more than one message");
-  Require(shown[0].text == "Read error!" && shown[0].title == kAppTitle &&
-              shown[0].icon == MsgIcon::Exclamation,
-          "a failed load showed another message than the read error");
+// A refused input leaves an empty document.
+void CheckRefused(const StoreUnderTest& s) {
   const SchDatCTL& t = s.doc.Tables;
   Require(t.RowCount == 0 && t.YearCount == 0 && t.MonthCount == 0 && t.AncYY.IsEmpty() &&
               t.AncMM.IsEmpty() && t.SchDatList.IsEmpty(),
           "a failed load left rows behind");
-  Require(s.doc.ScheduleFile.empty(), "a failed load kept the file name");
-  Require(!s.host.calls.empty() && s.host.calls.back() == "SetTitle Scheduler - Untitled",
-          "a failed load did not set the untitled window title");
 }
 
 // A live row as the user sees it, with the date of the chain that holds it. Links and VarLen
@@ -315,14 +253,11 @@ std::vector<std::array<std::int32_t, 25>> KeptYears(const SchDatCTL& t,
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace sched;
-  static const FuzzFiles files;
-  WriteFile(files.input, data, size);
   const int onPc = size % 2 == 0 ? 1 : 0;
 
-  StoreUnderTest first(files, onPc);
-  first.Load(files.input);
-  if (!first.messages.Shown().empty()) {
-    CheckReadErrorPath(first);
+  StoreUnderTest first(onPc);
+  if (!first.store.LoadScheduleBytes(std::vector<std::uint8_t>(data, data + size))) {
+    CheckRefused(first);
     return 0;
   }
   const SchDatCTL& t1 = first.doc.Tables;
@@ -333,19 +268,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::vector<LiveRow> rows1 = Snapshot(t1, placed1, reshaped);
   const auto years1 = KeptYears(t1, placed1, reshaped);
 
-  Require(first.Save(files.saved), "saving a loaded file failed");
-  Require(first.messages.Shown().empty(), "saving a loaded file showed a message");
-
-  // A file the save wrote loads quietly, and saving it again soon gives the same bytes. Until
+  // Bytes the save made load again, and saving them again soon gives the same bytes. Until
   // then the save may still be making a reshaped series regular, or putting rows of equal
   // start time into the order a load gives them (an input's multi-day chain may hold a
   // repeat occurrence, which the save puts into day chains instead).
-  std::vector<std::uint8_t> previous = ReadFile(files.saved);
+  std::vector<std::uint8_t> previous = first.store.BuildScheduleBytes();
   bool settled = false;
   for (int round = 0; round < kSettleRounds && !settled; ++round) {
-    StoreUnderTest next(files, onPc);
-    next.Load(files.saved);
-    Require(next.messages.Shown().empty(), "a saved file does not load again");
+    StoreUnderTest next(onPc);
+    Require(next.store.LoadScheduleBytes(previous), "saved bytes do not load again");
     const SchDatCTL& t = next.doc.Tables;
     const std::vector<PlacedRow> placed = PlacedLiveRows(t);
     Require(static_cast<int>(placed.size()) == t.RowCount, "RowCount differs after reloading");
@@ -355,11 +286,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
               "the years or holidays changed in a save and a load");
       Require(next.doc.WeekHoliday == first.doc.WeekHoliday, "the weekly holidays changed");
     }
-    Require(next.Save(files.resaved), "saving a reloaded file failed");
-    std::vector<std::uint8_t> bytes = ReadFile(files.resaved);
+    std::vector<std::uint8_t> bytes = next.store.BuildScheduleBytes();
     settled = bytes == previous;
     previous = std::move(bytes);
-    std::filesystem::rename(files.resaved, files.saved);
   }
   Require(settled, "saving the file again keeps changing it");
   return 0;

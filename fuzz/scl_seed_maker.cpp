@@ -74,11 +74,7 @@ struct Maker : FakeStore {
     doc.Tables.AncYY.At(row).HolidayOn[static_cast<std::size_t>(month - 1)] = mask;
   }
 
-  bool Save(const std::filesystem::path& path) {
-    doc.ScheduleFile = path.string();
-    doc.ScheduleOnPc = 1;
-    return store.SaveScheduleFile() && messages.Shown().empty();
-  }
+  bool Save(const std::filesystem::path& path) { return store.SaveScheduleFile(path.string()); }
 };
 
 }  // namespace

@@ -1,9 +1,10 @@
 #include "app/scheduler_app.h"
 
+#include "core/app_texts.h"
+#include "core/calendar.h"
 #include "shell/device_service.h"
 #include "shell/settings.h"
 #include "shell/startup.h"
-#include "core/calendar.h"
 #include "views/calendar_views.h"
 
 namespace sched {
@@ -30,28 +31,32 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       ViewServices{doc_, state_.Holidays, p_.dates, p_.clock, p_.messages});
   window_ = std::make_unique<SchMain>(
       SchMainServices{state_, p_.clock, p_.dates, *device_, p_.settings, p_.messages, *views_,
-                      p_.registry, p_.holidays, paths_.PcAppsDir});
-  store_ = std::make_unique<ScheduleStore>(
-      doc_,
-      StoreServices{*window_, p_.messages, *window_, p_.clock, *device_, paths_.SystemIniPath});
-  commands_ = std::make_unique<DocumentCommands>(DocumentServices{
-      *store_, *window_, p_.messages, p_.dialogs, *device_, p_.clock, state_, paths_.CacheDir});
+                      commandSet_, p_.registry, p_.holidays, paths_.PcAppsDir});
+  ProgressDisplay& progress = window_->ProgressDisplay();
+  store_ = std::make_unique<ScheduleStore>(doc_,
+                                           StoreServices{alarms_.hooks, progress, p_.clock});
+  session_ = std::make_unique<DocumentSession>(
+      SessionServices{*store_, *views_, *window_, p_.messages, progress, *device_, p_.settings,
+                      p_.clock, paths_.SystemIniPath});
+  commands_ = std::make_unique<DocumentCommands>(
+      DocumentServices{*session_, *window_, alarms_, p_.messages, p_.dialogs, *device_, state_,
+                       paths_.CacheDir});
+  BindDocumentCommands(commandSet_, *commands_);
   window_->Attach(commands_.get(), store_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),
                    [this](const QString& path) { commands_->OpenFileByName(path.toStdString()); });
 
   const DateTime now = p_.clock.Now();
   state_.TodayCode = DateCode(now.year, now.month, now.day);
-  commands_->ResetToToday(true);
+  session_->ResetToToday(true);
   window_->SetTitle(kUntitledCaption);
   window_->RestoreWindowPlacement();
   OpenStartFile(arguments.size() > 1 ? arguments.at(1) : QString());
-  if (doc_.ScheduleFile.empty()) window_->DisableDeleteMonthYear();
 
   window_->ShowLinkMenu(IsPimLinkInstalled(p_.registry));
   window_->StartTimer2();
   window_->show();
-  window_->RefreshViews();
+  session_->RefreshViews();
   instance_.Listen([this] { window_->BringToFront(); });
   return std::nullopt;
 }

@@ -5,12 +5,15 @@
 #include <optional>
 
 #include "app/single_instance.h"
+#include "commands/command_set.h"
+#include "commands/document_commands.h"
+#include "commands/document_session.h"
+#include "commands/pending_notices.h"
 #include "platform/holiday_calendar.h"
 #include "platform/registry.h"
 #include "shell/app_state.h"
 #include "shell/cache_device_files.h"
 #include "shell/device_file_chooser.h"
-#include "shell/document_commands.h"
 #include "shell/paths.h"
 #include "ui/schmain.h"
 
@@ -43,6 +46,8 @@ class SchedulerApp {
 
   SchMain* Window() const { return window_.get(); }
   DocumentCommands* Commands() const { return commands_.get(); }
+  DocumentSession* Session() const { return session_.get(); }
+  CommandSet& CommandTable() { return commandSet_; }
   const ScheduleDocument& Document() const { return doc_; }
   const AppState& State() const { return state_; }
   CalendarViews* Views() const { return views_.get(); }
@@ -50,15 +55,25 @@ class SchedulerApp {
  private:
   void OpenStartFile(const QString& commandLineFile);
 
+  // The program rings no alarms yet: no alarm is listed, none waits for a dialog to close.
+  class NoAlarms final : public PendingNotices {
+   public:
+    void FlushPendingNotices() override {}
+    NoAlarmHooks hooks;
+  };
+
   AppPorts p_;
   SingleInstance instance_;
   AppState state_;
   InstallPaths paths_;
   ScheduleDocument doc_;
   std::unique_ptr<CacheDeviceFiles> device_;
+  NoAlarms alarms_;
+  CommandSet commandSet_;
   std::unique_ptr<CalendarViews> views_;
   std::unique_ptr<SchMain> window_;
   std::unique_ptr<ScheduleStore> store_;
+  std::unique_ptr<DocumentSession> session_;
   std::unique_ptr<DocumentCommands> commands_;
 };
 

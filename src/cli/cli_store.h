@@ -9,19 +9,30 @@
 
 namespace sched {
 
-// A schedule store for the command line: messages go to standard error, no window, no device.
+// A schedule store for the command line: no window, no alarms; failures are told on standard
+// error in the program's words.
 class CliStore {
  public:
-  CliStore()
-      : messages_(std::cerr),
-        store_(doc_, StoreServices{host_, messages_, progress_, clock_, device_, ""}) {}
+  CliStore() : store_(doc_, StoreServices{alarms_, progress_, clock_}) {
+    store_.ClearIndex();
+    store_.ResetHeader();
+  }
 
   // Loads a schedule file from the PC; false (after "Read error!") when it cannot be read.
   bool Load(const std::string& path) {
     doc_.ScheduleFile = path;
     doc_.ScheduleOnPc = 1;
-    store_.LoadScheduleFile();
-    return !doc_.ScheduleFile.empty();
+    if (store_.LoadScheduleFile(path)) return true;
+    std::cerr << "Read error!\n";
+    return false;
+  }
+
+  // Writes the schedule file; false (after "Write error!") when it cannot be written.
+  bool Save(const std::string& path) {
+    doc_.ScheduleFile = path;
+    if (store_.SaveScheduleFile(path)) return true;
+    std::cerr << "Write error!\n";
+    return false;
   }
 
   ScheduleStore& Store() { return store_; }
@@ -29,11 +40,9 @@ class CliStore {
 
  private:
   ScheduleDocument doc_;
-  StoreHost host_;
-  StreamMessages messages_;
+  NoAlarmHooks alarms_;
   SilentProgress progress_;
   SystemClock clock_;
-  NoDevice device_;
   ScheduleStore store_;
 };
 

@@ -44,8 +44,7 @@ int Run(const std::vector<std::string>& args) {
   if (command == "resave" && args.size() == 3) {
     sched::CliStore cli;
     if (!cli.Load(args[1])) return 1;
-    cli.Store().Document().ScheduleFile = args[2];
-    return cli.Store().SaveScheduleFile() ? 0 : 1;
+    return cli.Save(args[2]) ? 0 : 1;
   }
   if (command == "month") {
     return sched::RunMonthCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
@@ -66,8 +65,7 @@ int Run(const std::vector<std::string>& args) {
     }
     sched::CliStore cli;
     sched::BuildSampleSchedule(cli.Store(), today);
-    cli.Store().Document().ScheduleFile = args[1];
-    return cli.Store().SaveScheduleFile() ? 0 : 1;
+    return cli.Save(args[1]) ? 0 : 1;
   }
   return Usage();
 }

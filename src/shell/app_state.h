@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "holidays/holiday_model.h"
 
@@ -14,6 +15,8 @@ struct AppState {
   bool ExitNoSave = false;   // the end of the program asks nothing and stores nothing
   NamedHolidays Holidays;  // the country file in use
   std::int32_t TodayCode = 0;
+  // The device's melodies ("\system\sound\NAME.snd") as the appointment dialog offers them.
+  std::vector<std::string> DeviceSounds;
 };
 
 }  // namespace sched

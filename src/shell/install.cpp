@@ -6,7 +6,6 @@
 #include <system_error>
 
 #include "platform/clock.h"
-#include "platform/messages.h"
 #include "platform/std/console.h"
 #include "shell/folder_case.h"
 #include "shell/paths.h"
@@ -44,19 +43,6 @@ class FixedClock : public Clock {
  private:
   CivilDate day_;
   mutable std::uint64_t ticks_ = 0;
-};
-
-// The store's message boxes become failures of the report.
-class ReportMessages : public Messages {
- public:
-  explicit ReportMessages(std::vector<std::string>& failures) : failures_(failures) {}
-  MsgAnswer Show(const MessageRequest& request) override {
-    failures_.push_back(request.text);
-    return MsgAnswer::Ok;
-  }
-
- private:
-  std::vector<std::string>& failures_;
 };
 
 bool Exists(const fs::path& path) {
@@ -139,19 +125,14 @@ class Installer {
   void SaveSample(const InstallPaths& paths, const fs::path& file, const CivilDate& today) {
     if (Exists(file)) return;
     ScheduleDocument doc;
-    StoreHost host;
-    ReportMessages messages(report_.failures);
+    NoAlarmHooks alarms;
     SilentProgress progress;
     FixedClock clock(today);
-    NoDevice device;
-    ScheduleStore store(
-        doc, StoreServices{host, messages, progress, clock, device, paths.SystemIniPath});
+    ScheduleStore store(doc, StoreServices{alarms, progress, clock});
     store.ClearIndex();
     store.ResetHeader();
     BuildSampleSchedule(store, today);
-    doc.ScheduleFile = file.string();
-    doc.ScheduleOnPc = 1;
-    Note(file, store.SaveScheduleFile());
+    Note(file, store.SaveScheduleFile(file.string()));
   }
 
   void SetRegistryString(Registry& registry, const std::string& key, const std::string& name,

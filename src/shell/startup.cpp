@@ -1,5 +1,6 @@
 #include "shell/startup.h"
 
+#include "core/app_texts.h"
 #include "core/registry_keys.h"
 #include "shell/texts.h"
 #include "store/schedule_store.h"

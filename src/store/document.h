@@ -35,6 +35,8 @@ struct ScheduleDocument {
   bool SaveToDevice = false;
   std::string DevicePath;  // the file's name on the device, for a save to the device
 
+  int CopiedRow = -1;  // the row that Copy took, -1 while nothing is copied
+
   int CurYear = 1901;
   int CurMonth = 1;
   int CurDay = 1;

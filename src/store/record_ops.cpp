@@ -30,10 +30,6 @@ SchDatRow BuildRecordLine(const SchRecord& record) {
   return row;
 }
 
-SchRecord ScheduleStore::ReadRowToRecord(int row) const {
-  return RowToRecord(doc_.Tables.SchDatList.At(row));
-}
-
 SchRecord RowToRecord(const SchDatRow& r) {
   SchRecord rec;
   rec.Day = static_cast<std::uint8_t>(r.Day);
@@ -144,7 +140,7 @@ int ScheduleStore::InsertRow(int head, int monthRow, int day, const SchRecord& r
       list.At(newRow).Next = at;
     }
   }
-  if (AlarmDueToday(list.At(newRow))) svc_.host.AddAlarmOfRecord(newRow);
+  if (AlarmDueToday(list.At(newRow))) svc_.alarms.AddAlarmOfRecord(newRow);
   return newRow;
 }
 
@@ -154,7 +150,7 @@ void ScheduleStore::DeleteItem(const SchRecord& record) {
     SchDatRow& r = t.SchDatList.At(row);
     if (r.Deleted != kDeleted) --t.RowCount;
     r.Deleted = kDeleted;
-    svc_.host.RemoveAlarmOfRecord(row);
+    svc_.alarms.RemoveAlarmOfRecord(row);
   };
   if (t.SchDatList.IsEmpty()) return;
   if (record.RepeatKind != 0) {

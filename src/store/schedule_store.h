@@ -3,25 +3,21 @@
 #include <cstdint>
 #include <string>
 
-#include "core/app_texts.h"
+#include <vector>
+
 #include "platform/clock.h"
-#include "platform/device_files.h"
-#include "platform/messages.h"
 #include "platform/progress_display.h"
+#include "store/alarm_hooks.h"
 #include "store/document.h"
 #include "store/sch_record.h"
-#include "store/store_host.h"
 
 namespace sched {
 
 // The outside world as the store sees it.
 struct StoreServices {
-  StoreHost& host;
-  Messages& messages;
-  ProgressDisplay& progress;
+  AlarmHooks& alarms;
+  ProgressDisplay& progress;  // the bar while a file is read or written; the wait pointer
   const Clock& clock;
-  DeviceFiles& device;
-  std::string systemIniPath;  // the cached copy of the device's System.ini
 };
 
 // What MonthHasData finds for a month.
@@ -30,25 +26,35 @@ struct MonthData {
   bool hasData = false;  // a holiday mask of the month or a live row in it
 };
 
-// The operations on the open schedule: loading, saving and the record operations by which
-// every command changes the tables.
+// The operations on the open schedule: reading and writing schedule files, and the record
+// operations by which every command changes the tables. The store tells nobody but today's
+// alarm list what it did: what the program shows next is up to the caller.
 class ScheduleStore {
  public:
   ScheduleStore(ScheduleDocument& doc, StoreServices services) : doc_(doc), svc_(services) {}
 
   ScheduleDocument& Document() { return doc_; }
   const ScheduleDocument& Document() const { return doc_; }
+  AlarmHooks& Alarms() { return svc_.alarms; }
 
-  // Empties the tables and the day view's lists.
+  // Empties the tables.
   void ClearIndex();
-  // A new schedule's header: Sunday the only weekly holiday, no private records, no years.
+  // A new schedule's header: Sunday the only weekly holiday, no private records, no years, no
+  // alarms, nothing changed.
   void ResetHeader();
 
-  // Reads ScheduleFile into the tables; a file that cannot be read leaves an empty untitled
-  // document after "Read error!".
-  void LoadScheduleFile();
-  // Writes the whole file from the tables; false after a failure, which was reported.
-  bool SaveScheduleFile();
+  // Empties the document and reads a whole schedule file into it; the bar runs from 0 to 100
+  // over the file's years. False for a damaged file, which leaves the document empty. Private
+  // records of a device file below the document's PrivateLevel are left out.
+  [[nodiscard]] bool LoadScheduleBytes(const std::vector<std::uint8_t>& bytes);
+  // The same for the file at `path`; false when it cannot be read or is damaged.
+  [[nodiscard]] bool LoadScheduleFile(const std::string& path);
+  // The bytes of the schedule file for the tables; the bar runs from 0 to 100. The header
+  // takes the file's new values.
+  std::vector<std::uint8_t> BuildScheduleBytes();
+  // Writes the schedule file to `path`, whole or not at all: a failed write leaves the file
+  // that was there. False on failure.
+  [[nodiscard]] bool SaveScheduleFile(const std::string& path);
 
   // Adds the record on its own date (Day, Month, Year), making year and month rows as needed.
   void InsertRecord(const SchRecord& record);
@@ -59,16 +65,13 @@ class ScheduleStore {
   // Marks the rows of the record's item deleted: the whole series for a repeating or
   // multi-day item, else the one item.
   void DeleteItem(const SchRecord& record);
-  SchRecord ReadRowToRecord(int row) const;
   // A stamp that no row holds yet; waits for the clock when the current one is taken.
   std::int32_t NewUniqueStamp();
 
   MonthData MonthHasData(int year, int month) const;
 
  private:
-  void ReportReadError();
   bool AlarmDueToday(const SchDatRow& row) const;
-  void FinishProgress();
 
   friend class SclLoader;
   friend class SclWriter;

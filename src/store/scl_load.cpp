@@ -4,7 +4,6 @@
 #include "core/calendar.h"
 #include "core/codepage.h"
 #include "store/schedule_store.h"
-#include "store/stamp.h"
 
 namespace sched {
 
@@ -208,7 +207,7 @@ class SclLoader {
     auto& list = t_.SchDatList;
     const int at = list.Put(std::move(row));
     ++t_.RowCount;
-    if (store_.AlarmDueToday(list.At(at))) store_.svc_.host.AddAlarmOfRecord(at);
+    if (store_.AlarmDueToday(list.At(at))) store_.svc_.alarms.AddAlarmOfRecord(at);
     return true;
   }
 
@@ -261,16 +260,12 @@ std::string FormatLocation(const std::string& path, int onPc) {
   return (onPc == 1 ? "PC:" : "Tarvex:") + name;
 }
 
-void ScheduleStore::ClearIndex() {
-  ClearTables(doc_.Tables);
-  svc_.host.ClearDayLists();
-}
+void ScheduleStore::ClearIndex() { ClearTables(doc_.Tables); }
 
 void ScheduleStore::ResetHeader() {
   doc_.Header = SclHeader{};
   doc_.WeekHoliday = {1, 0, 0, 0, 0, 0, 0};
-  svc_.host.ShowWeekHolidayHeads();
-  svc_.host.ClearTodayAlarms();
+  svc_.alarms.ClearTodayAlarms();
   doc_.Tables.YearCount = 0;
   doc_.Tables.MonthCount = 0;
   doc_.Tables.RowCount = 0;
@@ -278,64 +273,29 @@ void ScheduleStore::ResetHeader() {
   doc_.ShownYearMasks = doc_.PrevYearMasks = doc_.NextYearMasks = YearMasks{};
 }
 
-void ScheduleStore::LoadScheduleFile() {
-  ProgressDisplay& progress = svc_.progress;
-  progress.SetCaption("Now reading...");
-  progress.SetValue(0);
-  progress.SetVisible(true);
-  progress.Refresh();
+bool ScheduleStore::LoadScheduleBytes(const std::vector<std::uint8_t>& bytes) {
   ClearIndex();
   ResetHeader();
   doc_.LoadedRecords = 0;
-  if (doc_.ScheduleOnPc == 0) doc_.PrivateLevel = ReadPrivateLevel(svc_.systemIniPath).value_or(1);
-
-  const auto bytes = ReadWholeFile(doc_.ScheduleFile);
   try {
-    if (!bytes) throw SclFormatError("the file cannot be read");
-    SclLoader(*this, *bytes).Run();
+    SclLoader(*this, bytes).Run();
   } catch (const SclFormatError&) {
-    ReportReadError();
-    return;
+    ClearIndex();
+    ResetHeader();
+    return false;
   }
-  progress.SetValue(100);
   CheckSeries(doc_.Tables);
-  svc_.host.UpdateMenus();
-  svc_.host.EnableMonthCommands();
-  progress.SetValue(115);
-  svc_.host.RedrawShownTab();
-  if (MonthHasData(doc_.CurYear, doc_.CurMonth).monthRow == -1) svc_.host.DisableSclDel();
-  svc_.host.RefreshScheduleList();
-  svc_.host.SetTitle(std::string(kAppTitle) + " - " +
-                     FormatLocation(doc_.ScheduleFile, doc_.ScheduleOnPc));
-  svc_.host.StoreLastFile();
-  svc_.host.SortTodayAlarms();
-  svc_.host.ArmNextAlarm();
-  FinishProgress();
+  return true;
 }
 
-// A damaged file leaves an empty untitled document.
-void ScheduleStore::ReportReadError() {
-  svc_.messages.Show({"Read error!", kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
-  doc_.Dirty = false;
-  svc_.host.ShowFirstTab();
-  doc_.ScheduleFile.clear();
-  doc_.Header.PrivateCount = 0;
-  doc_.Tables.RowCount = 0;
-  svc_.host.ResetToToday();
-  ClearIndex();
-  ResetHeader();
-  svc_.host.SetTitle(kUntitledCaption);
-  svc_.progress.SetVisible(false);
-}
-
-void ScheduleStore::FinishProgress() {
-  ProgressDisplay& progress = svc_.progress;
-  progress.SetValue(130);
-  PauseTick(svc_.clock);
-  progress.SetValue(0);
-  progress.SetVisible(false);
-  progress.SetCaption("");
-  progress.Refresh();
+bool ScheduleStore::LoadScheduleFile(const std::string& path) {
+  const auto bytes = ReadWholeFile(path);
+  if (!bytes) {
+    ClearIndex();
+    ResetHeader();
+    return false;
+  }
+  return LoadScheduleBytes(*bytes);
 }
 
 }  // namespace sched

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <unordered_map>
@@ -238,57 +237,12 @@ bool ReplaceFile(const std::string& target, const std::vector<std::uint8_t>& byt
   return !error;
 }
 
-// A new file in the system's temporary folder, named "Sch" and a number.
-std::string NewTempFile() {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  const fs::path folder = fs::temp_directory_path(error);
-  for (unsigned n = 1; n < 0x10000; ++n) {
-    char name[16];
-    std::snprintf(name, sizeof name, "Sch%04X.tmp", n);
-    const fs::path candidate = folder / name;
-    if (!fs::exists(candidate, error)) return candidate.string();
-  }
-  return {};
-}
-
 }  // namespace
 
-bool ScheduleStore::SaveScheduleFile() {
-  ProgressDisplay& progress = svc_.progress;
-  progress.SetCaption("Now writing...");
-  progress.SetValue(0);
-  progress.SetVisible(true);
-  progress.Refresh();
-  doc_.PrivateLevel = ReadPrivateLevel(svc_.systemIniPath).value_or(1);
+std::vector<std::uint8_t> ScheduleStore::BuildScheduleBytes() { return SclWriter(*this).Build(); }
 
-  const std::vector<std::uint8_t> bytes = SclWriter(*this).Build();
-  const std::string target = doc_.SaveToDevice ? NewTempFile() : doc_.ScheduleFile;
-  const bool written = !target.empty() && (doc_.SaveToDevice ? WriteFile(target, bytes)
-                                                             : ReplaceFile(target, bytes));
-  if (!written) {
-    if (doc_.SaveToDevice && !target.empty()) std::filesystem::remove(target);
-    doc_.SaveToDevice = false;
-    svc_.messages.Show({"Write error!", kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
-    progress.SetVisible(false);
-    return false;
-  }
-  bool sent = true;
-  if (doc_.SaveToDevice) {
-    if (svc_.device.Sor_PutFile(doc_.DevicePath, target) == 0) {
-      svc_.device.Sor_UpdateSchAlarmInfo(doc_.DevicePath);
-    } else {
-      sent = false;
-      svc_.messages.Show({"File translate error when upload to Tarvex!", kAppTitle,
-                          MsgIcon::Exclamation, MsgButtons::Ok});
-    }
-    std::error_code error;
-    std::filesystem::remove(target, error);
-    doc_.SaveToDevice = false;
-  }
-  svc_.host.StoreLastFile();
-  FinishProgress();
-  return sent;
+bool ScheduleStore::SaveScheduleFile(const std::string& path) {
+  return ReplaceFile(path, BuildScheduleBytes());
 }
 
 }  // namespace sched

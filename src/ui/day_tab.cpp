@@ -189,7 +189,7 @@ void DayCalendar::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void DayCalendar::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::RightButton) sink_(views_.CSCal4_RightUp(false));
+  if (event->button() == Qt::RightButton) sink_(views_.CSCal4_RightUp());
 }
 
 void DayCalendar::keyPressEvent(QKeyEvent* event) {
@@ -286,7 +286,7 @@ void DayTab::List1_SelChange() {
 bool DayTab::eventFilter(QObject* watched, QEvent* event) {
   if (watched == list1_->viewport() && event->type() == QEvent::MouseButtonRelease &&
       static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
-    sink_(views_.List1_RightUp(false));
+    sink_(views_.List1_RightUp());
     return true;
   }
   if (watched == list1_ && event->type() == QEvent::KeyPress) {

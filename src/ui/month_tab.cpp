@@ -50,7 +50,7 @@ void CellPlate::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CellPlate::mouseReleaseEvent(QMouseEvent* event) {
-  if (IsRightUp(event)) sink_(views_.Cell_RightUp(cell_, false));
+  if (IsRightUp(event)) sink_(views_.Cell_RightUp(cell_));
 }
 
 CellText::CellText(QWidget* parent) : QWidget(parent) {
@@ -196,7 +196,7 @@ void CellList::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CellList::mouseReleaseEvent(QMouseEvent* event) {
-  if (IsRightUp(event)) sink_(views_.Cell_RightUp(cell_, false));
+  if (IsRightUp(event)) sink_(views_.Cell_RightUp(cell_));
 }
 
 GridKeys::GridKeys(CalendarViews& views, ViewActionSink sink, QWidget* parent)

@@ -91,7 +91,7 @@ bool SchDT::eventFilter(QObject* watched, QEvent* event) {
     } else if (mouse->button() == Qt::RightButton) {
       list.Row = row;
       list.RowSel = first != row ? first : last;
-      popup_(list.Popup(false));
+      popup_(list.Popup(views_.ClipboardFull()));
       return true;
     }
   }

@@ -17,14 +17,15 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "core/app_texts.h"
 #include "shell/clock_text.h"
-#include "shell/document_commands.h"
+#include "commands/document_commands.h"
 #include "shell/settings.h"
 #include "ui/day_tab.h"
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
 #include "ui/toolbar_icons.h"
-#include "views/view_texts.h"
+#include "views/calendar_views.h"
 
 namespace sched {
 
@@ -32,6 +33,7 @@ SchMain::SchMain(SchMainServices services) : s_(services) {
   setObjectName("schmain");
   setWindowTitle(kUntitledCaption);
   setAcceptDrops(true);
+  BindWindowCommands();
   BuildMenus();
   BuildToolbar();
   BuildCentre();
@@ -42,113 +44,89 @@ SchMain::SchMain(SchMainServices services) : s_(services) {
   resize(1024, 720);
 }
 
-QAction* SchMain::AddAction(QMenu* menu, const QString& name, const QString& caption,
-                            std::function<void()> run) {
-  QAction* action = menu->addAction(caption);
-  action->setObjectName(name);
-  if (run) {
-    connect(action, &QAction::triggered, this, [run] { run(); });
-    built_.insert(name);
-  } else {
-    action->setEnabled(false);  // its command comes with a later part of the program
+QKeySequence StandardSequence(StandardKey key) {
+  switch (key) {
+    case StandardKey::New: return QKeySequence::New;
+    case StandardKey::Open: return QKeySequence::Open;
+    case StandardKey::Save: return QKeySequence::Save;
+    case StandardKey::Print: return QKeySequence::Print;
+    case StandardKey::HelpContents: return QKeySequence::HelpContents;
+    case StandardKey::None: break;
   }
-  actions_.insert(name, action);
-  return action;
+  return {};
 }
 
-void SchMain::RunCommand(void (DocumentCommands::*command)()) {
-  if (commands_ != nullptr) (commands_->*command)();
+void SchMain::AddEntries(QMenu* menu, const MenuSpec& spec, CommandPlace place,
+                         std::vector<CommandAction>& actions) {
+  std::vector<QMenu*> open{menu};
+  for (const MenuEntry& e : spec.entries) {
+    QMenu* into = open.back();
+    switch (e.kind) {
+      case MenuEntry::Kind::Separator: into->addSeparator(); break;
+      case MenuEntry::Kind::Submenu:
+        open.push_back(into->addMenu(QString::fromStdString(e.caption)));
+        open.back()->setObjectName(QString::fromStdString(e.name));
+        break;
+      case MenuEntry::Kind::EndSubmenu: open.pop_back(); break;
+      case MenuEntry::Kind::Command: {
+        QAction* action = into->addAction(QString::fromStdString(e.caption));
+        const QString name = QString::fromStdString(e.name);
+        action->setObjectName(name);
+        action->setShortcut(StandardSequence(e.key));
+        action->setCheckable(e.checkable);
+        action->setChecked(e.checked);
+        action->setVisible(!e.hidden);
+        action->setEnabled(s_.commands.Has(e.command));
+        const CommandId id = e.command;
+        connect(action, &QAction::triggered, this, [this, id] { s_.commands.Run(id); });
+        actions.push_back({action, id, place});
+        actions_.insert(name, action);
+        break;
+      }
+    }
+  }
 }
 
 void SchMain::BuildMenus() {
-  QMenu* file = menuBar()->addMenu("&File");
-  file->setObjectName("FileMenu");
-  AddAction(file, "New_Menu", "&New", [this] {
-    RunCommand(&DocumentCommands::New);
-  })->setShortcut(QKeySequence::New);
-  AddAction(file, "OpenF_Menu", "&Open...", [this] {
-    RunCommand(&DocumentCommands::OpenOnPc);
-  })->setShortcut(QKeySequence::Open);
-  AddAction(file, "SaveOvw_Menu", "&Save", [this] {
-    RunCommand(&DocumentCommands::SaveToPc);
-  })->setShortcut(QKeySequence::Save);
-  AddAction(file, "SaveName_Menu", "Save &As...",
-            [this] { RunCommand(&DocumentCommands::SaveAsOnPc); });
-  file->addSeparator();
-  AddAction(file, "q390OpenF_Menu", "Open from &Tarvex...",
-            [this] { RunCommand(&DocumentCommands::OpenOnTarvex); });
-  AddAction(file, "q390SaveOvw_Menu", "Save to Ta&rvex",
-            [this] { RunCommand(&DocumentCommands::SaveToTarvex); });
-  AddAction(file, "q390SaveName_Menu", "Save as on Tar&vex...",
-            [this] { RunCommand(&DocumentCommands::SaveAsOnTarvex); });
-  file->addSeparator();
-  AddAction(file, "MenuPrint", "&Print...")->setShortcut(QKeySequence::Print);
-  file->addSeparator();
-  AddAction(file, "SchEnd_Menu", "E&xit", [this] { close(); });
-
-  QMenu* edit = menuBar()->addMenu("&Edit");
-  edit->setObjectName("EditCTL");
-  connect(edit, &QMenu::aboutToShow, this, [this] {
-    s_.views.EditCTL_Open(false);
-    ApplyMenus();
-  });
-  AddAction(edit, "CopySchdat", "&Copy");
-  AddAction(edit, "PasteSchdat", "&Paste");
-  edit->addSeparator();
-  AddAction(edit, "NewSchdat", "&Add...");
-  AddAction(edit, "UpdSchDat", "&Modify...");
-  AddAction(edit, "DelSchDat", "&Delete");
-  edit->addSeparator();
-  QMenu* hctl = edit->addMenu("Setting &Holiday");
-  hctl->setObjectName("Hctl");
-  AddAction(hctl, "Wdsp", "By &Week...", [this] { ShowWeekHolidayDialog(); });
-  AddAction(hctl, "Ydsp", "Selected &Day...", [this] { ShowDayHolidayDialog(); });
-
-  QMenu* del = menuBar()->addMenu("&Delete");
-  del->setObjectName("DelCTRL");
-  AddAction(del, "DelMonth", "Delete this &Month");
-  AddAction(del, "DelYear", "Delete this &Year");
-  AddAction(del, "DelBefore", "Delete &Older than selected date");
-  AddAction(del, "DelAfter", "Delete &Newer than selected date");
-
-  QMenu* holiday = menuBar()->addMenu("&Holiday");
-  holiday->setObjectName("HdayCTL");
-  AddAction(holiday, "Set_WeekH", "By &Week...", [this] { ShowWeekHolidayDialog(); });
-  AddAction(holiday, "Set_YearH", "Selected &Day...", [this] { ShowDayHolidayDialog(); });
-  holiday->addSeparator();
-  AddAction(holiday, "SelectHolidayInfo", "&Select Country...",
-            [this] { SelectHolidayInfo_Click(); });
-
-  PcLink = menuBar()->addMenu("Data &Link");
-  PcLink->setObjectName("PcLink");
-  AddAction(PcLink, "PcImport", "&Import...");
-  AddAction(PcLink, "PcExport", "&Export...");
-  AddAction(PcLink, "PcExpOption", "Im&port exported data");
+  for (const MenuSpec& spec : MenuBarTable()) {
+    QMenu* menu = menuBar()->addMenu(QString::fromStdString(spec.caption));
+    menu->setObjectName(QString::fromStdString(spec.name));
+    AddEntries(menu, spec, CommandPlace::Menu, commandActions_);
+    if (spec.name == "EditCTL") {
+      connect(menu, &QMenu::aboutToShow, this, [this] {
+        s_.views.EditCTL_Open();
+        ShowMenus();
+      });
+    } else if (spec.name == "DelCTRL") {
+      DelCTRL = menu;
+    } else if (spec.name == "PcLink") {
+      PcLink = menu;
+    } else if (spec.name == "MenuDefine") {
+      connect(menu, &QMenu::aboutToShow, this, &SchMain::MenuDefine_Open);
+    }
+  }
   ShowLinkMenu(false);
+}
 
-  QMenu* options = menuBar()->addMenu("&Options");
-  options->setObjectName("MenuDefine");
-  connect(options, &QMenu::aboutToShow, this, &SchMain::MenuDefine_Open);
-  QAction* beep = AddAction(options, "BeepAlarm", "&Ring an alarm on PC");
-  beep->setCheckable(true);
-  beep->setChecked(true);
-  QAction* update = AddAction(options, "UpdateAlarm", "&Automatic edit of alarm time",
-                              [] {});  // only its check mark flips
-  update->setCheckable(true);
-  update->setChecked(true);
-  update->setVisible(false);
-  QAction* message = AddAction(options, "MenuCheckMsg", "Show the &transfer message",
-                               [this] { MenuCheckMsg_Click(); });
-  message->setCheckable(true);
-  options->addSeparator();
-  AddAction(options, "Disconnect_Setup", "&Disconnection Setup...",
-            [this] { s_.device.Sor_SetupDisconnection(); });
+// The commands whose routines are the window's own: its dialogs, its end, its date.
+void SchMain::BindWindowCommands() {
+  CommandSet& c = s_.commands;
+  c.Bind(CommandId::Exit, [this] { close(); });
+  c.Bind(CommandId::WeekHolidays, [this] { ShowWeekHolidayDialog(); });
+  c.Bind(CommandId::DayHolidays, [this] { ShowDayHolidayDialog(); });
+  c.Bind(CommandId::SelectCountry, [this] { SelectHolidayInfo_Click(); });
+  c.Bind(CommandId::Today, [this] { GoToday(); });
+  c.Bind(CommandId::AutoEditAlarm, [] {});  // only its check mark flips
+  c.Bind(CommandId::TransferMessage, [this] { MenuCheckMsg_Click(); });
+  c.Bind(CommandId::DisconnectionSetup, [this] { s_.device.Sor_SetupDisconnection(); });
+  c.Bind(CommandId::About, [this] { ShowAbout(); });
+}
 
-  QMenu* help = menuBar()->addMenu("&Help");
-  help->setObjectName("HelpMenu");
-  AddAction(help, "HelpTopic", "&Contents")->setShortcut(QKeySequence::HelpContents);
-  help->addSeparator();
-  AddAction(help, "GlobalVersion", "&About Scheduler...", [this] { ShowAbout(); });
+QAction* SchMain::ActionOf(CommandId id) const {
+  for (const CommandAction& c : commandActions_) {
+    if (c.id == id && c.place == CommandPlace::Menu) return c.action;
+  }
+  return nullptr;
 }
 
 void SchMain::BuildToolbar() {
@@ -156,44 +134,24 @@ void SchMain::BuildToolbar() {
   Toolbar1->setObjectName("Toolbar1");
   Toolbar1->setMovable(false);
   Toolbar1->setIconSize(QSize(24, 24));
-  struct Button {
-    const char* key;
-    const char* tip;
-    void (DocumentCommands::*command)();
-  };
-  const Button buttons[] = {
-      {"NewF", "New schedule", &DocumentCommands::New},
-      {"OpenF", "Open a schedule on the PC", &DocumentCommands::OpenOnPc},
-      {"Save", "Save to the PC", &DocumentCommands::SaveToPc},
-      {nullptr, nullptr, nullptr},
-      {"Q390Open", "Open a schedule on the Tarvex", &DocumentCommands::OpenOnTarvex},
-      {"Q390Save", "Save to the Tarvex", &DocumentCommands::SaveToTarvex},
-      {nullptr, nullptr, nullptr},
-      {"SclAdd", "Add a schedule", nullptr},
-      {"SclDel", "Delete the selected schedule", nullptr},
-      {nullptr, nullptr, nullptr},
-      {"Subject", "Edit the word lists", nullptr},
-      {"Print", "Print", nullptr},
-  };
-  for (const Button& b : buttons) {
-    if (b.key == nullptr) {
+  for (const ToolButtonSpec& b : ToolbarTable()) {
+    if (b.key.empty()) {
       Toolbar1->addSeparator();
       continue;
     }
-    QAction* action = Toolbar1->addAction(ToolbarIcon(b.key), b.tip);
-    action->setObjectName(QString("Toolbar1.") + b.key);
-    action->setToolTip(b.tip);
-    if (b.command != nullptr) {
-      const auto command = b.command;
-      connect(action, &QAction::triggered, this, [this, command] {
-        HideScheduleList();
-        RunCommand(command);
-      });
-      built_.insert(b.key);
-    } else {
-      action->setEnabled(false);
-    }
-    buttons_.insert(b.key, action);
+    const QString key = QString::fromStdString(b.key);
+    const QString tip = QString::fromStdString(b.tip);
+    QAction* action = Toolbar1->addAction(ToolbarIcon(key), tip);
+    action->setObjectName("Toolbar1." + key);
+    action->setToolTip(tip);
+    action->setEnabled(s_.commands.Has(b.command));
+    const CommandId id = b.command;
+    connect(action, &QAction::triggered, this, [this, id] {
+      HideScheduleList();
+      s_.commands.Run(id);
+    });
+    commandActions_.push_back({action, id, CommandPlace::Toolbar});
+    buttons_.insert(key, action);
   }
 }
 
@@ -235,17 +193,9 @@ void SchMain::BuildCentre() {
   SSTab1->setCornerWidget(corner, Qt::TopRightCorner);
 
   auto* bottom = new QHBoxLayout();
-  LabelProgress = new QLabel(centre);
-  LabelProgress->setObjectName("LabelProgress");
-  ProgressBar = new QProgressBar(centre);
-  ProgressBar->setObjectName("ProgressBar");
-  ProgressBar->setRange(0, 130);  // values above 100 mark the steps after reading or writing
-  ProgressBar->setTextVisible(false);
-  ProgressBar->setFixedWidth(220);
-  LabelProgress->hide();
-  ProgressBar->hide();
-  bottom->addWidget(LabelProgress);
-  bottom->addWidget(ProgressBar);
+  progress_ = std::make_unique<ProgressPanel>(centre);
+  bottom->addWidget(progress_->Caption());
+  bottom->addWidget(progress_->Bar());
   bottom->addStretch(1);
 
   auto* FrameDate = new QFrame(centre);
@@ -289,62 +239,9 @@ void SchMain::ShowFirstTab() {
   SSTab1->setCurrentIndex(0);
 }
 
-void SchMain::EnableSaveButton() {
-  buttons_.value("Save")->setEnabled(true);
-}
-
-void SchMain::DisableDeleteMonthYear() {
-  actions_.value("DelMonth")->setEnabled(false);
-  actions_.value("DelYear")->setEnabled(false);
-}
-
 void SchMain::HideScheduleList() {
   s_.views.List().Visible = false;
   if (schDT_ != nullptr) schDT_->hide();
-}
-
-void SchMain::RefreshViews() {
-  s_.views.RefreshViews();
-  ShowViews();
-}
-
-void SchMain::ShowDate(int year, int month, int day) {
-  // The combos and the calendar stand on the date; the fill that follows shows it.
-  const CivilDate date{year, month, day};
-  s_.views.Combo1Index = month - 1;
-  s_.views.Combo2Index = year - kFirstYear;
-  s_.views.DateHelper = date;
-  if (s_.views.Tab == 1) {
-    s_.views.CSCal4_Change(date);
-  } else {
-    s_.views.Day().CalendarDate = date;
-  }
-}
-
-void SchMain::ClearDayLists() {
-  s_.views.ClearDayLists();
-}
-
-void SchMain::UpdateMenus() {
-  s_.views.UpdateDeleteMenus();
-  ApplyMenus();
-}
-
-void SchMain::EnableMonthCommands() {
-  ApplyMenus();
-}
-
-void SchMain::RedrawShownTab() {
-  RefreshViews();
-}
-
-void SchMain::DisableSclDel() {
-  buttons_.value("SclDel")->setEnabled(false);
-}
-
-void SchMain::RefreshScheduleList() {
-  if (s_.views.List().Visible) s_.views.ShowScheduleList();
-  ShowViews();
 }
 
 void SchMain::BringToFront() {
@@ -355,41 +252,14 @@ void SchMain::BringToFront() {
   emit BroughtToFront();
 }
 
-void SchMain::SetCaption(const std::string& text) {
-  LabelProgress->setText(QString::fromStdString(text));
-}
-
-void SchMain::SetValue(int value) {
-  ProgressBar->setValue(value);
-}
-
-void SchMain::SetVisible(bool visible) {
-  LabelProgress->setVisible(visible);
-  ProgressBar->setVisible(visible);
-}
-
-void SchMain::Refresh() {
-  // Paints at once: the work that reports its progress holds the thread.
-  LabelProgress->repaint();
-  ProgressBar->repaint();
-}
-
-void SchMain::SetWaitPointer(bool waiting) {
-  if (waiting) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-  } else {
-    QApplication::restoreOverrideCursor();
-  }
-}
-
 void SchMain::MenuDefine_Open() {
-  actions_.value("MenuCheckMsg")
+  ActionOf(CommandId::TransferMessage)
       ->setChecked(s_.settings.GetSetting(kSettingsApp, "Global", "MsgDsp", "0") == "0");
 }
 
 void SchMain::MenuCheckMsg_Click() {
   // The action has already flipped its mark.
-  const bool checked = actions_.value("MenuCheckMsg")->isChecked();
+  const bool checked = ActionOf(CommandId::TransferMessage)->isChecked();
   s_.settings.SaveSetting(kSettingsApp, "Global", "MsgDsp", checked ? "0" : "1");
 }
 
@@ -428,16 +298,6 @@ void SchMain::closeEvent(QCloseEvent* event) {
 
 void SchMain::ShowLinkMenu(bool shown) {
   PcLink->menuAction()->setVisible(shown);
-}
-
-void SchMain::ResetToToday() {
-  if (commands_ != nullptr) commands_->ResetToToday(true);
-}
-
-void SchMain::StoreLastFile() {
-  if (doc_ != nullptr) {
-    sched::StoreLastFile(s_.settings, kDayviewSection, doc_->ScheduleFile, doc_->ScheduleOnPc);
-  }
 }
 
 void SchMain::RestoreWindowPlacement() {

@@ -7,25 +7,26 @@
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSet>
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolBar>
-#include <functional>
 #include <memory>
+#include <vector>
 
+#include "commands/command_set.h"
+#include "commands/command_table.h"
+#include "commands/document_view.h"
+#include "holidays/holiday_dialog_host.h"
 #include "platform/clock.h"
 #include "platform/date_formatter.h"
 #include "platform/device_files.h"
 #include "platform/holiday_calendar.h"
 #include "platform/messages.h"
 #include "platform/registry.h"
-#include "platform/progress_display.h"
 #include "platform/settings_store.h"
 #include "shell/app_state.h"
-#include "shell/shell_window.h"
-#include "holidays/holiday_dialog_host.h"
 #include "store/schedule_store.h"
+#include "ui/progress_panel.h"
 
 namespace sched {
 
@@ -34,8 +35,6 @@ class DocumentCommands;
 class MonthTab;
 class DayTab;
 class SchDT;
-struct PopupItems;
-struct ViewAction;
 
 // What the main window works with besides its own controls.
 struct SchMainServices {
@@ -46,20 +45,22 @@ struct SchMainServices {
   SettingsStore& settings;
   Messages& messages;
   CalendarViews& views;
+  CommandSet& commands;
   Registry& registry;
   HolidayCalendar& holidays;
   std::string pcAppsDir;  // the installation's country files
 };
 
-// The main window: menus, toolbar, the two tabs, the date frame and the progress display. The
-// commands it runs live in the shell; the window only shows their results.
-class SchMain : public QMainWindow, public ShellWindow, public ProgressDisplay {
+// The main window: menus, toolbar and popups built from the command table, the two tabs, the
+// date frame and the progress display. The commands it runs live in the command set; the
+// window shows their results and opens the dialogs.
+class SchMain : public QMainWindow, public DocumentView {
   Q_OBJECT
 
  public:
   explicit SchMain(SchMainServices services);
 
-  // The document, its store and its commands, once the store exists.
+  // The document and its file commands, once the store exists.
   void Attach(DocumentCommands* commands, ScheduleStore* store) {
     commands_ = commands;
     store_ = store;
@@ -70,14 +71,15 @@ class SchMain : public QMainWindow, public ShellWindow, public ProgressDisplay {
   QAction* ToolButton(const QString& key) const { return buttons_.value(key); }
   QTabWidget* Tabs() const { return SSTab1; }
   QLabel* DateLabel() const { return lblDate; }
-  QLabel* ProgressCaption() const { return LabelProgress; }
-  QProgressBar* Progress() const { return ProgressBar; }
+  QLabel* ProgressCaption() const { return progress_->Caption(); }
+  QProgressBar* Progress() const { return progress_->Bar(); }
+  ProgressPanel& ProgressDisplay() { return *progress_; }
   QTimer* DayTimer() const { return Timer2; }
   MonthTab* MonthPage() const { return monthTab_; }
   DayTab* DayPage() const { return dayTab_; }
   SchDT* ScheduleListDialog() const { return schDT_; }
   QLabel* Label6() const { return label6_; }
-  QMenu* Popup(const QString& name) const { return popups_.value(name); }
+  QMenu* Popup(const QString& name) const { return popups_.value(name).menu; }
   QPushButton* TodayButton() const { return ComToday; }
 
   // Starts the clock of the date frame: the first tick comes after a minute, or after three
@@ -91,30 +93,13 @@ class SchMain : public QMainWindow, public ShellWindow, public ProgressDisplay {
   void RestoreWindowPlacement();
   void SaveWindowPlacement();
 
-  // ShellWindow
+  // DocumentView
   void SetTitle(const std::string& title) override;
   void ShowFirstTab() override;
-  void EnableSaveButton() override;
-  void DisableDeleteMonthYear() override;
-  void BringToFront() override;
-  void ResetToToday() override;
-  void StoreLastFile() override;
   void HideScheduleList() override;
-  void RefreshViews() override;
-  void ShowDate(int year, int month, int day) override;
-  void ClearDayLists() override;
-  void UpdateMenus() override;
-  void EnableMonthCommands() override;
-  void RedrawShownTab() override;
-  void DisableSclDel() override;
-  void RefreshScheduleList() override;
-
-  // ProgressDisplay
-  void SetCaption(const std::string& text) override;
-  void SetValue(int value) override;
-  void SetVisible(bool visible) override;
-  void Refresh() override;
-  void SetWaitPointer(bool waiting) override;
+  void BringToFront() override;
+  void ShowViews() override;
+  void ShowMenus() override;
 
  signals:
   // A file was dropped on the window or on the tabs.
@@ -130,19 +115,29 @@ class SchMain : public QMainWindow, public ShellWindow, public ProgressDisplay {
   void moveEvent(QMoveEvent* event) override;
 
  private:
+  // A command's menu entry or toolbar button, enabled by the command's rule at its place.
+  struct CommandAction {
+    QAction* action;
+    CommandId id;
+    CommandPlace place;
+  };
+  struct PopupMenu {
+    QMenu* menu;
+    std::vector<CommandAction> entries;
+  };
+
   void BuildMenus();
   void BuildToolbar();
   void BuildCentre();
   void BuildPopups();
-  QMenu* AddPopup(const QString& name, const QString& prefix, bool withItems);
-  // Shows the views' state in the tabs, the date label, the list dialog and the menus.
-  void ShowViews();
+  // Adds the entries of `spec` to `menu`; each command entry goes to `actions`.
+  void AddEntries(QMenu* menu, const MenuSpec& spec, CommandPlace place,
+                  std::vector<CommandAction>& actions);
+  void BindWindowCommands();
+  QAction* ActionOf(CommandId id) const;
   // Runs what an event of the views asks for, then shows their new state.
   void RunViewAction(const ViewAction& action);
   void ShowPopup(const QString& name, const PopupItems& items);
-  // The menu entries and buttons by the views; a command not yet in the program stays off.
-  void ApplyMenus();
-  void Enable(const QString& name, bool enabled);
   void SSTab1_Click(int tab);
   void GoToday();
   void ApplyFocus();
@@ -150,9 +145,6 @@ class SchMain : public QMainWindow, public ShellWindow, public ProgressDisplay {
   void LayoutViews();
   void UpdateListFrame();
   double ViewDpi() const;
-  QAction* AddAction(QMenu* menu, const QString& name, const QString& caption,
-                     std::function<void()> run = {});
-  void RunCommand(void (DocumentCommands::*command)());
   void ShowAbout();
   void ShowClock();
   void MenuDefine_Open();
@@ -171,10 +163,11 @@ class SchMain : public QMainWindow, public ShellWindow, public ProgressDisplay {
   ScheduleStore* store_ = nullptr;
   const ScheduleDocument* doc_ = nullptr;
   std::unique_ptr<HolidayDialogHost> holidayHost_;
-  QMap<QString, QAction*> actions_;
+  std::unique_ptr<ProgressPanel> progress_;
+  std::vector<CommandAction> commandActions_;  // the menu bar's entries and the toolbar's buttons
+  QMap<QString, QAction*> actions_;            // by name, for a look from outside
   QMap<QString, QAction*> buttons_;
-  QSet<QString> built_;  // entries and buttons whose command the program has
-  QMap<QString, QMenu*> popups_;
+  QMap<QString, PopupMenu> popups_;
   MonthTab* monthTab_ = nullptr;
   DayTab* dayTab_ = nullptr;
   SchDT* schDT_ = nullptr;
@@ -183,9 +176,8 @@ class SchMain : public QMainWindow, public ShellWindow, public ProgressDisplay {
 
   QToolBar* Toolbar1 = nullptr;
   QMenu* PcLink = nullptr;
+  QMenu* DelCTRL = nullptr;
   QTabWidget* SSTab1 = nullptr;
-  QLabel* LabelProgress = nullptr;
-  QProgressBar* ProgressBar = nullptr;
   QLabel* lblDate = nullptr;
   QPushButton* ComToday = nullptr;
   QTimer* Timer2 = nullptr;

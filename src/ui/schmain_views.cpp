@@ -11,7 +11,7 @@
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
 #include "ui/schmain.h"
-#include "views/view_texts.h"
+#include "views/calendar_views.h"
 
 namespace sched {
 namespace {
@@ -38,67 +38,32 @@ constexpr double kDayNumberWidth = 220;
 
 }  // namespace
 
-QMenu* SchMain::AddPopup(const QString& name, const QString& prefix, bool withItems) {
-  auto* menu = new QMenu(this);
-  menu->setObjectName(name);
-  menu->setProperty("prefix", prefix);
-  if (withItems) AddAction(menu, prefix + "Copy", view_texts::kCopySchdat);
-  AddAction(menu, prefix + "Paste", view_texts::kPasteSchdat);
-  menu->addSeparator();
-  AddAction(menu, prefix + "New", view_texts::kNewSchdat);
-  if (withItems) {
-    AddAction(menu, prefix + "Update", view_texts::kUpdSchDat);
-    AddAction(menu, prefix + "Del", view_texts::kDelSchDat);
-  }
-  QMenu* holidays = menu->addMenu(view_texts::kHctl);
-  holidays->setObjectName(prefix == "Pop4" ? "Pop4HCtrl" : prefix + "Hctl");
-  AddAction(holidays, prefix + "WeekH", "By &Week...", [this] { ShowWeekHolidayDialog(); });
-  AddAction(holidays, prefix + "YearH", "Selected &Day...", [this] { ShowDayHolidayDialog(); });
-  AddAction(menu, prefix + "Today", "&Today", [this] { GoToday(); });
-  popups_.insert(name, menu);
-  return menu;
-}
-
 void SchMain::BuildPopups() {
-  AddPopup("PopMenuCTRL1", "Pop1", false);  // nothing pops it up
-  AddPopup("PopMenuCTRL2", "Pop2", true);
-  AddPopup("PopMenuCTRL3", "Pop3", false);
-  AddPopup("Pop4CTRL", "Pop4", true);
+  for (const MenuSpec& spec : PopupTable()) {
+    PopupMenu popup{new QMenu(this), {}};
+    popup.menu->setObjectName(QString::fromStdString(spec.name));
+    AddEntries(popup.menu, spec, CommandPlace::Popup, popup.entries);
+    popups_.insert(QString::fromStdString(spec.name), popup);
+  }
   schDT_ = new SchDT(
       s_.views, s_.messages, [this](const ViewAction& action) { RunViewAction(action); },
       [this](const PopupItems& items) { ShowPopup("Pop4CTRL", items); }, this);
 }
 
-void SchMain::Enable(const QString& name, bool enabled) {
-  if (QAction* action = actions_.value(name)) action->setEnabled(built_.contains(name) && enabled);
-}
-
-void SchMain::ApplyMenus() {
+void SchMain::ShowMenus() {
   const MenuState& m = s_.views.Menus();
-  Enable("DelMonth", m.DelMonth);
-  Enable("DelYear", m.DelYear);
-  Enable("DelBefore", m.DelBefore);
-  Enable("DelAfter", m.DelAfter);
-  if (auto* menu = findChild<QMenu*>("DelCTRL")) menu->setEnabled(m.DelCTRL);
-  Enable("CopySchdat", m.CopySchdat);
-  Enable("PasteSchdat", m.PasteSchdat);
-  Enable("UpdSchDat", m.UpdSchDat);
-  Enable("DelSchDat", m.DelSchDat);
-  Enable("Set_YearH", m.YearHolidays);
-  Enable("Ydsp", m.YearHolidays);
-  buttons_.value("SclDel")->setEnabled(built_.contains("SclDel") && m.ToolbarDelete);
+  for (const CommandAction& c : commandActions_) {
+    c.action->setEnabled(s_.commands.Enabled(c.id, c.place, m));
+  }
+  DelCTRL->setEnabled(DelCTRLEnabled(m));
 }
 
 void SchMain::ShowPopup(const QString& name, const PopupItems& items) {
-  QMenu* menu = popups_.value(name);
-  const QString prefix = menu->property("prefix").toString();
-  Enable(prefix + "Copy", items.Copy);
-  Enable(prefix + "Update", items.Update);
-  Enable(prefix + "Del", items.Del);
-  Enable(prefix + "Paste", items.Paste);
-  Enable(prefix + "WeekH", true);
-  Enable(prefix + "YearH", s_.views.Menus().YearHolidays);
-  menu->popup(QCursor::pos());
+  const PopupMenu popup = popups_.value(name);
+  for (const CommandAction& c : popup.entries) {
+    c.action->setEnabled(s_.commands.Enabled(c.id, c.place, s_.views.Menus(), items));
+  }
+  popup.menu->popup(QCursor::pos());
 }
 
 void SchMain::ShowViews() {
@@ -109,7 +74,7 @@ void SchMain::ShowViews() {
   label6_->setText(QString::fromStdString(s_.views.DateLabel));
   UpdateListFrame();
   schDT_->ShowModel(TwipsPerPixel(ViewDpi()));
-  ApplyMenus();
+  ShowMenus();
 }
 
 void SchMain::RunViewAction(const ViewAction& action) {
@@ -121,8 +86,8 @@ void SchMain::RunViewAction(const ViewAction& action) {
       schDT_->activateWindow();
       schDT_->List1()->setFocus();
       break;
-    case ViewCommand::AddSchedule:     // the edit dialog is not part of the program yet
-    case ViewCommand::ModifySchedule:  // likewise
+    case ViewCommand::AddSchedule: s_.commands.Run(CommandId::Add); break;
+    case ViewCommand::ModifySchedule: s_.commands.Run(CommandId::Modify); break;
     case ViewCommand::None: break;
   }
 }

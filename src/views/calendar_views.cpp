@@ -35,6 +35,17 @@ void CalendarViews::ZeroHolidayArrays() {
   s_.doc.NextYearMasks = {};
 }
 
+void CalendarViews::ShowDate(const CivilDate& date) {
+  Combo1Index = date.month - 1;
+  Combo2Index = date.year - kFirstYear;
+  DateHelper = date;
+  if (Tab == 1) {
+    CSCal4_Change(date);
+  } else {
+    day_.CalendarDate = date;
+  }
+}
+
 void CalendarViews::FillMonthGrid() {
   month_.FillMonthGrid(Combo2Index + kFirstYear, Combo1Index + 1);
   DateHelper = CurrentDate();
@@ -141,11 +152,11 @@ void CalendarViews::ShowScheduleList() {
   list_.Visible = true;
 }
 
-void CalendarViews::EditCTL_Open(bool clipboardFull) {
+void CalendarViews::EditCTL_Open() {
   const ListSelection selection =
       Tab == 1 ? ListSelection{day_.List1Rows(), day_.List1Row, day_.List1RowSel}
                : CellSelection(month_.SelectedCell);
-  const PopupItems items = PopupItemsFor(selection, clipboardFull);
+  const PopupItems items = PopupItemsFor(selection, ClipboardFull());
   menus_.PasteSchdat = items.Paste;
   menus_.CopySchdat = items.Copy;
   menus_.DelSchDat = items.Del;

@@ -66,6 +66,13 @@ class CalendarViews {
   void RefreshViews();
   void UpdateDeleteMenus();
   void ClearDayLists() { day_.ClearLists(); }
+  // The shown date moved (to today): the combos and the calendars stand on it; the fill that
+  // follows shows it.
+  void ShowDate(const CivilDate& date);
+  // The toolbar's delete button off until the next update of the menus.
+  void DisableSclDel() { menus_.ToolbarDelete = false; }
+  // True when Copy holds an item that Paste can put in.
+  bool ClipboardFull() const { return s_.doc.CopiedRow != -1; }
 
   // Selection in the grid.
   void SelectCell(int cell, int row = -1);
@@ -91,7 +98,7 @@ class CalendarViews {
   // Mouse and keys on the month grid.
   ViewAction Cell_Click(int cell);
   ViewAction Cell_DblClick(int cell);
-  ViewAction Cell_RightUp(int cell, bool clipboardFull);
+  ViewAction Cell_RightUp(int cell);
   ViewAction Grid1_MouseDown(int cell, int row);
   ViewAction Grid1_DblClick(int cell, int row);
   ViewAction ComDt_Click();
@@ -102,14 +109,14 @@ class CalendarViews {
   // Mouse and keys on the day tab.
   void List1_SelChange(int row, int rowSel);
   ViewAction List1_DblClick() const;
-  ViewAction List1_RightUp(bool clipboardFull);
-  ViewAction CSCal4_RightUp(bool clipboardFull);
+  ViewAction List1_RightUp();
+  ViewAction CSCal4_RightUp();
   ViewAction CSCal4_DblClick() const;
   static bool CSCal4_KeyDown(int key);
   void Timer1_Timer() { day_.Timer1_Timer(); }
 
   // The Edit menu as it opens.
-  void EditCTL_Open(bool clipboardFull);
+  void EditCTL_Open();
 
   int Tab = 0;          // SSTab1: 0 the month, 1 the day
   int Combo1Index = 0;  // month list, 0 January

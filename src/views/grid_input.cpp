@@ -14,11 +14,11 @@ ViewAction CalendarViews::Cell_DblClick(int cell) {
   return {ViewCommand::AddSchedule, -1, {}};
 }
 
-ViewAction CalendarViews::Cell_RightUp(int cell, bool clipboardFull) {
+ViewAction CalendarViews::Cell_RightUp(int cell) {
   if (!month_.Cell(cell).enabled) return {};
   SelectCell(cell);
   PopupActive = -1;
-  return {ViewCommand::ShowPopupMenu2, -1, PopupItemsFor(CellSelection(cell), clipboardFull)};
+  return {ViewCommand::ShowPopupMenu2, -1, PopupItemsFor(CellSelection(cell), ClipboardFull())};
 }
 
 ViewAction CalendarViews::Grid1_MouseDown(int cell, int row) {
@@ -88,17 +88,17 @@ ViewAction CalendarViews::List1_DblClick() const {
   return {ViewCommand::ModifySchedule, day_.SelectedDataRow(), {}};
 }
 
-ViewAction CalendarViews::List1_RightUp(bool clipboardFull) {
+ViewAction CalendarViews::List1_RightUp() {
   const ListSelection selection{day_.List1Rows(), day_.List1Row, day_.List1RowSel};
-  PopupItems items = PopupItemsFor(selection, clipboardFull);
+  PopupItems items = PopupItemsFor(selection, ClipboardFull());
   items.Hctl = true;
   PopupActive = -1;
   return {ViewCommand::ShowPopupMenu2, -1, items};
 }
 
-ViewAction CalendarViews::CSCal4_RightUp(bool clipboardFull) {
+ViewAction CalendarViews::CSCal4_RightUp() {
   PopupItems items;
-  items.Paste = clipboardFull;
+  items.Paste = ClipboardFull();
   PopupActive = -1;
   return {ViewCommand::ShowPopupMenu3, -1, items};
 }

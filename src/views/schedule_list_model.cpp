@@ -1,5 +1,6 @@
 #include "views/schedule_list_model.h"
 
+#include "core/app_texts.h"
 #include "store/schedule_store.h"
 #include "views/line_text.h"
 #include "views/view_texts.h"

@@ -34,23 +34,4 @@ inline constexpr const char* kAllDayList = "Allday  ";
 inline constexpr const char* kScheduleListCaption = "List of Schedule";
 inline constexpr const char* kCannotModifyMultiple = "Cannot modify multiple rows.";
 
-// The Edit menu.
-inline constexpr const char* kCopySchdat = "&Copy";
-inline constexpr const char* kPasteSchdat = "&Paste";
-inline constexpr const char* kNewSchdat = "&Add...";
-inline constexpr const char* kUpdSchDat = "&Modify...";
-inline constexpr const char* kDelSchDat = "&Delete";
-inline constexpr const char* kHctl = "Setting &Holiday";
-
-// The Delete menu.
-inline constexpr const char* kDelCTRL = "&Delete";
-inline constexpr const char* kDelMonth = "Delete this &Month";
-inline constexpr const char* kDelYear = "Delete this &Year";
-inline constexpr const char* kDelBefore = "Delete &Older than selected date";
-inline constexpr const char* kDelAfter = "Delete &Newer than selected date";
-
-// The companion word-list program's arguments, for the toolbar's "Subject" button.
-inline constexpr const char* kSubjectSwitch = "/F:";
-inline constexpr const char* kSubjectAppKey = "Dayview";
-
 }  // namespace sched::view_texts

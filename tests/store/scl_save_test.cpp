@@ -102,14 +102,13 @@ TEST(SclSave, AnEmptyScheduleIsTheHeaderAlone) {
   TestStore s;
   const std::vector<std::uint8_t> expected = {'Q', '3', '9', 'E', 0, 0, 1, 0, 0xFF, 0xFF, 0xFF, 0xFF};
   EXPECT_EQ(s.SaveTo("empty.scl"), expected);
-  s.LoadFrom(s.dir.File("empty.scl"));
-  EXPECT_TRUE(s.messages.Shown().empty());
+  EXPECT_TRUE(s.LoadFrom(s.dir.File("empty.scl")));
   EXPECT_EQ(s.doc.Tables.YearCount, 0);
 }
 
 TEST(SclSave, PrivateRecordsTakeTheDevicesLevelAndAreCountedOnceAMonth) {
   TestStore s;
-  WriteBytes(s.dir.File("System.ini"), {'S', 'Y', 'S', 'T', 'E', 'M', 4, 0});
+  s.doc.PrivateLevel = 4;
   SchRecord secret = MakeItem(1998, 7, 9, 540, 600, "secret");
   secret.Private = 1;
   s.store.InsertRecord(secret);
@@ -138,53 +137,19 @@ TEST(SclSave, AFailedSaveLeavesTheOldFileAsItWas) {
   s.store.InsertRecord(MakeItem(1998, 7, 10, 540, 600, "second"));
   // Something in the way of the file written beside the target.
   std::filesystem::create_directory(s.dir.File(".keep.scl.saving"));
-  EXPECT_FALSE(s.store.SaveScheduleFile());
-  ASSERT_EQ(s.messages.Shown().size(), 1u);
-  EXPECT_EQ(s.messages.Shown()[0].text, "Write error!");
-  EXPECT_EQ(s.messages.Shown()[0].title, "Scheduler");
-  EXPECT_EQ(s.messages.Shown()[0].icon, MsgIcon::Exclamation);
+  EXPECT_FALSE(s.store.SaveScheduleFile(s.dir.File("keep.scl")));
   EXPECT_EQ(ReadBytes(s.dir.File("keep.scl")), before);
-  EXPECT_FALSE(s.progress.visible);
-
-  s.doc.ScheduleFile = s.dir.File("no such folder/x.scl");
-  EXPECT_FALSE(s.store.SaveScheduleFile());
-  EXPECT_EQ(s.messages.Shown().size(), 2u);
+  EXPECT_FALSE(s.store.SaveScheduleFile(s.dir.File("no such folder/x.scl")));
 }
 
-TEST(SclSave, ASaveReplacesTheWholeFileAndShowsItsProgress) {
+TEST(SclSave, ASaveReplacesTheWholeFile) {
   TestStore s;
   WriteBytes(s.dir.File("old.scl"), std::vector<std::uint8_t>(5000, 0xAB));
   s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "new"));
   const auto bytes = s.SaveTo("old.scl");
   EXPECT_LT(bytes.size(), 5000u);
-  EXPECT_TRUE(s.messages.Shown().empty());
-  EXPECT_EQ(s.progress.events.front(), "caption Now writing...");
-  EXPECT_EQ(s.progress.values, (std::vector<int>{0, 0, 130, 0}));
-  EXPECT_TRUE(s.host.Called("StoreLastFile"));
+  EXPECT_EQ(bytes, s.store.BuildScheduleBytes());
   EXPECT_FALSE(std::filesystem::exists(s.dir.File(".old.scl.saving")));
-}
-
-TEST(SclSave, ToTheDeviceThroughATemporaryFile) {
-  TestStore s;
-  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "device"));
-  s.doc.ScheduleFile = s.dir.File("cache.scl");
-  s.doc.SaveToDevice = true;
-  s.doc.DevicePath = "\\PIM\\Schedule.scl";
-  EXPECT_TRUE(s.store.SaveScheduleFile());
-  ASSERT_EQ(s.device.files.count("\\PIM\\Schedule.scl"), 1u);
-  EXPECT_EQ(s.device.files["\\PIM\\Schedule.scl"].substr(0, 4), "Q39E");
-  EXPECT_EQ(s.device.alarmInfoUpdates, (std::vector<std::string>{"\\PIM\\Schedule.scl"}));
-  EXPECT_FALSE(s.doc.SaveToDevice);
-  EXPECT_EQ(s.doc.ScheduleFile, s.dir.File("cache.scl"));
-  EXPECT_TRUE(s.messages.Shown().empty());
-
-  s.doc.SaveToDevice = true;
-  s.device.putResult = 7;
-  EXPECT_FALSE(s.store.SaveScheduleFile());
-  ASSERT_EQ(s.messages.Shown().size(), 1u);
-  EXPECT_EQ(s.messages.Shown()[0].text, "File translate error when upload to Tarvex!");
-  EXPECT_EQ(s.messages.Shown()[0].title, "Scheduler");
-  EXPECT_EQ(s.device.alarmInfoUpdates.size(), 1u);
 }
 
 TEST(SclSave, TextsTooLongForTheRecordsSizeFieldAreCutMemoFirst) {
@@ -196,8 +161,7 @@ TEST(SclSave, TextsTooLongForTheRecordsSizeFieldAreCutMemoFirst) {
   const auto bytes = s.SaveTo("long.scl");
   const int varLen = bytes[12 + 36] | bytes[12 + 37] << 8;
   EXPECT_EQ(varLen, 32767 - 10);  // the whole budget, and no alarm
-  s.LoadFrom(s.dir.File("long.scl"));
-  ASSERT_TRUE(s.messages.Shown().empty());
+  ASSERT_TRUE(s.LoadFrom(s.dir.File("long.scl")));
   const SchDatRow& row = s.doc.Tables.SchDatList.At(0);
   EXPECT_EQ(row.Title, "Title");
   EXPECT_EQ(row.Place.size(), 20000u);

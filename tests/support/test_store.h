@@ -3,11 +3,9 @@
 #include <string>
 
 #include "platform/fake/fake_clock.h"
-#include "platform/fake/fake_device_files.h"
-#include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_progress.h"
 #include "store/schedule_store.h"
-#include "tests/support/recording_store_host.h"
+#include "tests/support/recording_alarm_hooks.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
@@ -15,15 +13,12 @@ namespace sched {
 // A schedule store over fakes, empty and ready.
 struct FakeStore {
   ScheduleDocument doc;
-  RecordingStoreHost host;
-  FakeMessages messages;
+  RecordingAlarmHooks alarms;
   FakeProgress progress;
   FakeClock clock;
-  FakeDeviceFiles device;
   ScheduleStore store;
 
-  explicit FakeStore(std::string systemIniPath = "")
-      : store(doc, StoreServices{host, messages, progress, clock, device, std::move(systemIniPath)}) {
+  FakeStore() : store(doc, StoreServices{alarms, progress, clock}) {
     store.ClearIndex();
     store.ResetHeader();
   }
@@ -35,26 +30,23 @@ struct WithTempDir {
 
 // A schedule store over fakes and a temporary folder, for tests.
 struct TestStore : WithTempDir, FakeStore {
-  TestStore() : FakeStore(dir.File("System.ini")) {}
-
-  // Saves to a file of the temporary folder and gives its bytes.
+  // Saves to a file of the temporary folder and gives its bytes, none when the save failed.
   std::vector<std::uint8_t> SaveTo(const std::string& name) {
     doc.ScheduleFile = dir.File(name);
-    store.SaveScheduleFile();
+    if (!store.SaveScheduleFile(doc.ScheduleFile)) return {};
     return ReadBytes(doc.ScheduleFile);
   }
 
-  // Loads a file as a PC file.
-  void LoadFrom(const std::string& path, int onPc = 1) {
+  // Loads a file, as a PC file unless told; false when it cannot be read.
+  bool LoadFrom(const std::string& path, int onPc = 1) {
     doc.ScheduleFile = path;
     doc.ScheduleOnPc = onPc;
-    store.LoadScheduleFile();
+    return store.LoadScheduleFile(path);
   }
 
-  // Saves and loads back into this same store.
-  void RoundTrip(const std::string& name = "roundtrip.scl") {
-    SaveTo(name);
-    LoadFrom(dir.File(name));
+  // Saves and loads back into this same store; false when either fails.
+  bool RoundTrip(const std::string& name = "roundtrip.scl") {
+    return !SaveTo(name).empty() && LoadFrom(dir.File(name));
   }
 };
 

@@ -99,7 +99,7 @@ TEST(DayView, BlankLineOrSeveralRowsStopTheBlink) {
   f.views.List1_SelChange(0, 1);  // two rows
   EXPECT_FALSE(f.views.Menus().UpdSchDat);
   EXPECT_EQ(f.views.List1_DblClick().command, ViewCommand::None);
-  EXPECT_FALSE(f.views.List1_RightUp(false).popup.Update);
+  EXPECT_FALSE(f.views.List1_RightUp().popup.Update);
   f.views.List1_SelChange(1, 1);
   EXPECT_TRUE(f.views.Menus().UpdSchDat);
   const ViewAction modify = f.views.List1_DblClick();

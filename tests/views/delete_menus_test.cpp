@@ -70,7 +70,8 @@ TEST(DeleteMenus, ByTheSelectedCell) {
   EXPECT_TRUE(m.DelBefore);
 
   // A right click on a grey cell selects it and shows the popup; the month commands go off.
-  const ViewAction popup = f.views.Cell_RightUp(0, true);
+  f.s.doc.CopiedRow = 0;  // something copied
+  const ViewAction popup = f.views.Cell_RightUp(0);
   EXPECT_EQ(popup.command, ViewCommand::ShowPopupMenu2);
   EXPECT_TRUE(popup.popup.Paste);
   EXPECT_FALSE(popup.popup.Copy);
@@ -99,11 +100,12 @@ TEST(EditMenu, ItemEntriesFollowTheListSelection) {
   ViewsFixture f;
   f.Insert(2010, 6, 1, 540, 600, "x");
   f.ShowMonth(2010, 6);
-  f.views.EditCTL_Open(false);
+  f.views.EditCTL_Open();
   EXPECT_TRUE(f.views.Menus().UpdSchDat);
   EXPECT_FALSE(f.views.Menus().PasteSchdat);
   f.views.Grid1_MouseDown(2, 1);  // the blank last row
-  f.views.EditCTL_Open(true);
+  f.s.doc.CopiedRow = 0;  // something copied
+  f.views.EditCTL_Open();
   EXPECT_FALSE(f.views.Menus().CopySchdat);
   EXPECT_FALSE(f.views.Menus().DelSchDat);
   EXPECT_TRUE(f.views.Menus().PasteSchdat);

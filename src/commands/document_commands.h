@@ -2,13 +2,14 @@
 
 #include <string>
 
-#include "platform/clock.h"
+#include "commands/command_set.h"
+#include "commands/document_session.h"
+#include "commands/document_view.h"
+#include "commands/pending_notices.h"
 #include "platform/device_files.h"
 #include "platform/file_dialogs.h"
 #include "platform/messages.h"
 #include "shell/app_state.h"
-#include "shell/shell_window.h"
-#include "store/schedule_store.h"
 
 namespace sched {
 
@@ -21,12 +22,12 @@ class CsvExchange {
 };
 
 struct DocumentServices {
-  ScheduleStore& store;
-  ShellWindow& window;
+  DocumentSession& session;
+  DocumentView& window;
+  PendingNotices& notices;
   Messages& messages;
   FileDialogs& dialogs;
   DeviceFiles& device;
-  const Clock& clock;
   AppState& state;
   std::string cacheDir;        // the cached copy of the device's PIM folder
   CsvExchange* csv = nullptr;  // nothing while CSV files cannot be exchanged
@@ -56,16 +57,14 @@ class DocumentCommands {
   // True when the file may be opened; else says why.
   bool CheckInputFnameSCL(const std::string& path);
 
-  // Empties the document and shows today; redraws unless told not to.
-  void ResetToToday(bool noRedraw);
-
  private:
-  ScheduleDocument& Doc() { return s_.store.Document(); }
+  ScheduleDocument& Doc() { return s_.session.Doc(); }
   bool Ask(const std::string& text, MsgButtons buttons, MsgIcon icon, MsgAnswer yes);
   std::optional<std::string> PcDialog(bool save, const std::string& filter,
                                       const std::string& proposal);
   bool SaveTo(const std::string& path);
-  void ShowTitle();
+  // The device's melodies, read again after the device's files were in use.
+  void RefreshSoundList();
   bool CsvAvailable();
   std::string DeviceFolder();
   // Puts the file in the place of the open document; false when it cannot be taken.
@@ -73,6 +72,9 @@ class DocumentCommands {
 
   DocumentServices s_;
 };
+
+// The file commands as the routines of their command ids.
+void BindDocumentCommands(CommandSet& set, DocumentCommands& commands);
 
 // True when the file begins with the schedule file's magic.
 bool CheckFileMagic(const std::string& path);

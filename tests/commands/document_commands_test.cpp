@@ -1,47 +1,21 @@
-#include "shell/document_commands.h"
+#include "commands/document_commands.h"
 
 #include <gtest/gtest.h>
 
 #include "platform/fake/fake_file_dialogs.h"
 #include "shell/texts.h"
-#include "tests/support/recording_shell_window.h"
-#include "tests/support/test_store.h"
+#include "tests/support/test_session.h"
 
 namespace sched {
 namespace {
 
-// The document commands over a store, a recording window, fake dialogs and a temporary folder.
-struct Shell {
-  TempDir dir;
-  ScheduleDocument doc;
-  RecordingShellWindow window;
-  FakeMessages messages;
-  FakeProgress progress;
-  FakeClock clock{{2026, 11, 21, 10, 0, 0}};
-  FakeDeviceFiles device;
+// The document commands over a session, fake dialogs and a temporary folder.
+struct Shell : TestSession {
   FakeFileDialogs dialogs;
+  RecordingNotices notices;
   AppState state;
-  ScheduleStore store{
-      doc, StoreServices{window, messages, progress, clock, device, dir.File("System.ini")}};
-  DocumentCommands commands{
-      DocumentServices{store, window, messages, dialogs, device, clock, state, dir.File("cache")}};
-
-  Shell() { commands.ResetToToday(true); }
-
-  // A schedule file on the PC with one item.
-  std::string MakeFile(const std::string& name, const std::string& title) {
-    FakeStore maker;
-    maker.store.InsertRecord(MakeItem(2026, 11, 21, 540, 600, title));
-    maker.doc.ScheduleFile = dir.File(name);
-    maker.store.SaveScheduleFile();
-    return maker.doc.ScheduleFile;
-  }
-
-  std::vector<std::string> Texts() const {
-    std::vector<std::string> texts;
-    for (const auto& m : messages.Shown()) texts.push_back(m.text);
-    return texts;
-  }
+  DocumentCommands commands{DocumentServices{session, window, notices, messages, dialogs, device,
+                                             state, dir.File("cache")}};
 
   std::string FirstTitle() const {
     return doc.Tables.RowCount > 0 ? doc.Tables.SchDatList.At(0).Title : "";
@@ -140,9 +114,11 @@ TEST(DocumentCommands, NewAsksForChangesAndEmptiesTheDocument) {
   EXPECT_EQ(s.window.title, "Scheduler - Untitled");
   EXPECT_EQ(s.doc.CurYear * 10000 + s.doc.CurMonth * 100 + s.doc.CurDay, 20261121);
   EXPECT_TRUE(s.window.Called("ShowFirstTab"));
-  EXPECT_TRUE(s.window.Called("ShowDate 2026/11/21"));
-  EXPECT_TRUE(s.window.Called("DisableDeleteMonthYear"));
+  EXPECT_EQ(s.views.DateHelper, (CivilDate{2026, 11, 21}));
+  EXPECT_EQ(s.views.Combo2Index, 2026 - 1901);
+  EXPECT_FALSE(s.views.Menus().DelMonth);  // nothing left to delete
   EXPECT_EQ(s.window.calls.front(), "HideScheduleList");
+  EXPECT_EQ(s.window.calls.back(), "SetTitle Scheduler - Untitled");
 }
 
 TEST(DocumentCommands, SaveAsOnPcProposesTheNameAndAddsTheExtension) {
@@ -177,7 +153,7 @@ TEST(DocumentCommands, SaveToPcOfADeviceFileAsksForANameOnThePc) {
   const auto cachedBytes = ReadBytes(cached);
   s.doc.ScheduleFile = cached;
   s.doc.ScheduleOnPc = 0;
-  s.store.LoadScheduleFile();
+  s.session.LoadScheduleFile();
   s.store.InsertRecord(MakeItem(2026, 11, 23, 540, 600, "added"));
   s.dialogs.QueueAnswer(s.dir.File("copy.scl"));
   s.commands.SaveToPc();
@@ -193,8 +169,7 @@ TEST(DocumentCommands, ADroppedFileOpensAndABadOneLeavesTheDocument) {
   EXPECT_EQ(s.commands.OpenFileByName(s.MakeFile("dropped.scl", "dropped")), 1);
   EXPECT_EQ(s.FirstTitle(), "dropped");
   EXPECT_EQ(s.window.title, "Scheduler - PC:dropped.scl");
-  EXPECT_TRUE(s.window.Called("BringToFront"));
-  EXPECT_TRUE(s.window.Called("EnableSaveButton"));
+  EXPECT_EQ(s.window.calls.front(), "BringToFront");
 
   WriteBytes(s.dir.File("fake.scl"), {'N', 'O', 'P', 'E', 0, 0, 0, 0, 0, 0, 0, 0});
   EXPECT_EQ(s.commands.OpenFileByName(s.dir.File("fake.scl")), 0);

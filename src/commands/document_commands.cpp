@@ -1,11 +1,12 @@
-#include "shell/document_commands.h"
+#include "commands/document_commands.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 
+#include "core/app_texts.h"
+#include "core/text_case.h"
 #include "shell/device_service.h"
-#include "shell/folder_case.h"
 #include "shell/texts.h"
 
 namespace sched {
@@ -70,22 +71,16 @@ std::optional<std::string> DocumentCommands::PcDialog(bool save, const std::stri
   const FileDialogRequest request{s_.state.LastPcDir, filter, proposal};
   auto chosen = save ? s_.dialogs.SaveFile(request) : s_.dialogs.OpenFile(request);
   s_.state.NoticesHeld = false;
-  s_.window.FlushPendingNotices();
+  s_.notices.FlushPendingNotices();
   return chosen;
 }
 
 bool DocumentCommands::SaveTo(const std::string& path) {
   Doc().ScheduleFile = path;
-  return s_.store.SaveScheduleFile();
+  return s_.session.SaveScheduleFile();
 }
 
-void DocumentCommands::ShowTitle() {
-  const ScheduleDocument& doc = Doc();
-  s_.window.SetTitle(doc.ScheduleFile.empty()
-                         ? std::string(kUntitledCaption)
-                         : std::string(kAppTitle) + " - " +
-                               FormatLocation(doc.ScheduleFile, doc.ScheduleOnPc));
-}
+void DocumentCommands::RefreshSoundList() { s_.state.DeviceSounds = ReadDeviceSounds(s_.device); }
 
 bool DocumentCommands::AskSaveChanges() {
   ScheduleDocument& doc = Doc();
@@ -128,21 +123,9 @@ bool DocumentCommands::AskSaveChanges() {
   doc.ScheduleOnPc = 1;
   doc.SaveToDevice = false;
   if (!SaveTo(target)) return false;
-  ShowTitle();
+  s_.session.ShowTitle();
   doc.Dirty = false;
   return true;
-}
-
-void DocumentCommands::ResetToToday(bool noRedraw) {
-  const DateTime now = s_.clock.Now();
-  ScheduleDocument& doc = Doc();
-  doc.CurYear = now.year;
-  doc.CurMonth = now.month;
-  doc.CurDay = now.day;
-  s_.window.ShowDate(now.year, now.month, now.day);
-  s_.store.ResetHeader();
-  s_.store.ClearIndex();
-  if (!noRedraw) s_.window.RefreshViews();
 }
 
 void DocumentCommands::New() {
@@ -155,11 +138,8 @@ void DocumentCommands::New() {
   doc.DevicePath.clear();
   doc.Header.PrivateCount = 0;
   doc.Tables.RowCount = 0;
-  ResetToToday(true);
-  s_.window.EnableSaveButton();
-  s_.window.DisableDeleteMonthYear();
-  s_.window.RefreshViews();
-  s_.window.ClearMonthBar();
+  s_.session.ResetToToday(true);
+  s_.session.RefreshViews();
   s_.window.SetTitle(kUntitledCaption);
 }
 
@@ -168,14 +148,14 @@ bool DocumentCommands::LoadDocument(const std::string& path, int onPc) {
   if (IsCsv(path) && !CsvAvailable()) return false;
   ScheduleDocument& doc = Doc();
   doc.ScheduleOnPc = onPc;
-  ResetToToday(true);
+  s_.session.ResetToToday(true);
   if (IsCsv(path)) {
     s_.csv->ImportCsv(path);
   } else {
     doc.ScheduleFile = path;
-    s_.store.LoadScheduleFile();
+    s_.session.LoadScheduleFile();
   }
-  s_.window.RefreshViews();
+  s_.session.RefreshViews();
   doc.Dirty = false;
   return true;
 }
@@ -186,7 +166,7 @@ void DocumentCommands::OpenOnPc() {
   const auto chosen = PcDialog(false, texts::kOpenFilter, "");
   if (!chosen || !CheckInputFnameSCL(*chosen)) return;
   s_.state.LastPcDir = FolderOf(*chosen);
-  if (LoadDocument(*chosen, 1)) s_.window.EnableSaveButton();
+  LoadDocument(*chosen, 1);
 }
 
 void DocumentCommands::SaveToPc() {
@@ -204,7 +184,7 @@ void DocumentCommands::SaveToPc() {
     doc.ScheduleOnPc = 1;
     doc.SaveToDevice = false;
     if (!SaveTo(*chosen)) return;
-    ShowTitle();
+    s_.session.ShowTitle();
   } else if (!CsvAvailable() || !s_.csv->ExportCsv(doc.ScheduleFile)) {
     return;
   }
@@ -224,7 +204,7 @@ void DocumentCommands::SaveAsOnPc() {
   doc.ScheduleOnPc = 1;
   doc.SaveToDevice = false;
   if (!SaveTo(*chosen)) return;
-  ShowTitle();
+  s_.session.ShowTitle();
   doc.Dirty = false;
 }
 
@@ -238,10 +218,10 @@ std::string DocumentCommands::DeviceFolder() {
 void DocumentCommands::OpenOnTarvex() {
   s_.window.HideScheduleList();
   if (!AskSaveChanges()) return;
-  s_.window.FlushPendingNotices();
+  s_.notices.FlushPendingNotices();
   const auto chosen = s_.device.Sor_PIMOpenFileDialog("scl", DeviceFolder());
   if (!chosen) return;
-  s_.window.RefreshSoundList();
+  RefreshSoundList();
   const auto local = s_.device.Sor_ConvPathSorvaneToCache(*chosen);
   if (!local || !CheckInputFnameSCL(*local)) return;
   LoadDocument(*local, 0);
@@ -258,7 +238,7 @@ void DocumentCommands::SaveToTarvex() {
   if (!devicePath || devicePath->empty()) return;
   doc.DevicePath = *devicePath;
   doc.SaveToDevice = true;
-  s_.store.SaveScheduleFile();
+  SaveTo(doc.ScheduleFile);
   doc.Dirty = false;
 }
 
@@ -281,17 +261,17 @@ void DocumentCommands::SaveAsOnTarvex() {
   if (!local) return;
   doc.DevicePath = *chosen;
   doc.ScheduleFile = *local;
-  s_.window.FlushPendingNotices();
+  s_.notices.FlushPendingNotices();
   doc.SaveToDevice = true;
   doc.ScheduleOnPc = 0;
-  s_.store.SaveScheduleFile();
-  s_.window.RefreshSoundList();
-  ShowTitle();
+  SaveTo(doc.ScheduleFile);
+  RefreshSoundList();
+  s_.session.ShowTitle();
   doc.Dirty = false;
 }
 
 void DocumentCommands::OpenAtStart(const std::string& path, int onPc) {
-  if (CheckInputFnameSCL(path) && LoadDocument(path, onPc)) s_.window.EnableSaveButton();
+  if (CheckInputFnameSCL(path)) LoadDocument(path, onPc);
 }
 
 int DocumentCommands::OpenFileByName(const std::string& path) {
@@ -303,11 +283,19 @@ int DocumentCommands::OpenFileByName(const std::string& path) {
   if (file.ScheduleOnPc == 1) {
     s_.state.LastPcDir = FolderOf(file.path);
   } else {
-    s_.window.RefreshSoundList();
+    RefreshSoundList();
   }
-  if (!LoadDocument(file.path, file.ScheduleOnPc)) return 0;
-  s_.window.EnableSaveButton();
-  return 1;
+  return LoadDocument(file.path, file.ScheduleOnPc) ? 1 : 0;
+}
+
+void BindDocumentCommands(CommandSet& set, DocumentCommands& commands) {
+  set.Bind(CommandId::New, [&commands] { commands.New(); });
+  set.Bind(CommandId::OpenOnPc, [&commands] { commands.OpenOnPc(); });
+  set.Bind(CommandId::SaveToPc, [&commands] { commands.SaveToPc(); });
+  set.Bind(CommandId::SaveAsOnPc, [&commands] { commands.SaveAsOnPc(); });
+  set.Bind(CommandId::OpenOnTarvex, [&commands] { commands.OpenOnTarvex(); });
+  set.Bind(CommandId::SaveToTarvex, [&commands] { commands.SaveToTarvex(); });
+  set.Bind(CommandId::SaveAsOnTarvex, [&commands] { commands.SaveAsOnTarvex(); });
 }
 
 }  // namespace sched

@@ -1,0 +1,54 @@
+#pragma once
+
+namespace sched {
+
+// Every command the window offers in its menus, popups and toolbar.
+enum class CommandId {
+  // File
+  New,
+  OpenOnPc,
+  SaveToPc,
+  SaveAsOnPc,
+  OpenOnTarvex,
+  SaveToTarvex,
+  SaveAsOnTarvex,
+  Print,
+  Exit,
+  // Edit and the popups
+  Copy,
+  Paste,
+  Add,
+  Modify,
+  Delete,
+  WeekHolidays,
+  DayHolidays,
+  Today,
+  // Delete
+  DeleteMonth,
+  DeleteYear,
+  DeleteOlder,
+  DeleteNewer,
+  // Holiday
+  SelectCountry,
+  // Data link
+  LinkImport,
+  LinkExport,
+  LinkImportExported,
+  // Options
+  RingAlarm,
+  AutoEditAlarm,
+  TransferMessage,
+  DisconnectionSetup,
+  // Help
+  HelpContents,
+  About,
+  // Toolbar only
+  WordLists,
+};
+
+inline constexpr int kCommandCount = static_cast<int>(CommandId::WordLists) + 1;
+
+// Where a command is offered: its enablement may differ by place.
+enum class CommandPlace { Menu, Popup, Toolbar };
+
+}  // namespace sched

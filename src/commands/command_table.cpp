@@ -1,0 +1,145 @@
+#include "commands/command_table.h"
+
+namespace sched {
+namespace {
+
+using Kind = MenuEntry::Kind;
+using enum CommandId;
+
+MenuEntry Entry(std::string name, std::string caption, CommandId command,
+                StandardKey key = StandardKey::None) {
+  return {Kind::Command, std::move(name), std::move(caption), command, key};
+}
+
+MenuEntry Separator() { return {Kind::Separator}; }
+
+MenuEntry Submenu(std::string name, std::string caption) {
+  return {Kind::Submenu, std::move(name), std::move(caption)};
+}
+
+MenuEntry EndSubmenu() { return {Kind::EndSubmenu}; }
+
+MenuEntry Check(std::string name, std::string caption, CommandId command, bool checked) {
+  MenuEntry entry = Entry(std::move(name), std::move(caption), command);
+  entry.checkable = true;
+  entry.checked = checked;
+  return entry;
+}
+
+// The holiday entries of the Edit menu and of the popups.
+void AddHolidayEntries(std::vector<MenuEntry>& entries, const std::string& submenu,
+                       const std::string& week, const std::string& day) {
+  entries.push_back(Submenu(submenu, "Setting &Holiday"));
+  entries.push_back(Entry(week, "By &Week...", WeekHolidays));
+  entries.push_back(Entry(day, "Selected &Day...", DayHolidays));
+  entries.push_back(EndSubmenu());
+}
+
+std::vector<MenuEntry> EditEntries() {
+  std::vector<MenuEntry> entries = {
+      Entry("CopySchdat", "&Copy", Copy),     Entry("PasteSchdat", "&Paste", Paste), Separator(),
+      Entry("NewSchdat", "&Add...", Add),     Entry("UpdSchDat", "&Modify...", Modify),
+      Entry("DelSchDat", "&Delete", Delete),  Separator()};
+  AddHolidayEntries(entries, "Hctl", "Wdsp", "Ydsp");
+  return entries;
+}
+
+std::vector<MenuSpec> MakeMenuBar() {
+  MenuEntry updateAlarm =
+      Check("UpdateAlarm", "&Automatic edit of alarm time", AutoEditAlarm, true);
+  updateAlarm.hidden = true;
+  return {
+      {"FileMenu",
+       "&File",
+       {Entry("New_Menu", "&New", New, StandardKey::New),
+        Entry("OpenF_Menu", "&Open...", OpenOnPc, StandardKey::Open),
+        Entry("SaveOvw_Menu", "&Save", SaveToPc, StandardKey::Save),
+        Entry("SaveName_Menu", "Save &As...", SaveAsOnPc), Separator(),
+        Entry("q390OpenF_Menu", "Open from &Tarvex...", OpenOnTarvex),
+        Entry("q390SaveOvw_Menu", "Save to Ta&rvex", SaveToTarvex),
+        Entry("q390SaveName_Menu", "Save as on Tar&vex...", SaveAsOnTarvex), Separator(),
+        Entry("MenuPrint", "&Print...", Print, StandardKey::Print), Separator(),
+        Entry("SchEnd_Menu", "E&xit", Exit)}},
+      {"EditCTL", "&Edit", EditEntries()},
+      {"DelCTRL",
+       "&Delete",
+       {Entry("DelMonth", "Delete this &Month", DeleteMonth),
+        Entry("DelYear", "Delete this &Year", DeleteYear),
+        Entry("DelBefore", "Delete &Older than selected date", DeleteOlder),
+        Entry("DelAfter", "Delete &Newer than selected date", DeleteNewer)}},
+      {"HdayCTL",
+       "&Holiday",
+       {Entry("Set_WeekH", "By &Week...", WeekHolidays),
+        Entry("Set_YearH", "Selected &Day...", DayHolidays), Separator(),
+        Entry("SelectHolidayInfo", "&Select Country...", SelectCountry)}},
+      {"PcLink",
+       "Data &Link",
+       {Entry("PcImport", "&Import...", LinkImport), Entry("PcExport", "&Export...", LinkExport),
+        Entry("PcExpOption", "Im&port exported data", LinkImportExported)}},
+      {"MenuDefine",
+       "&Options",
+       {Check("BeepAlarm", "&Ring an alarm on PC", RingAlarm, true), updateAlarm,
+        Check("MenuCheckMsg", "Show the &transfer message", TransferMessage, false), Separator(),
+        Entry("Disconnect_Setup", "&Disconnection Setup...", DisconnectionSetup)}},
+      {"HelpMenu",
+       "&Help",
+       {Entry("HelpTopic", "&Contents", HelpContents, StandardKey::HelpContents), Separator(),
+        Entry("GlobalVersion", "&About Scheduler...", About)}},
+  };
+}
+
+// A popup of the views; `prefix` names its entries ("Pop2Copy", ...). The popups of a list of
+// items have the item entries; those of a day without a list do not.
+MenuSpec Popup(const std::string& name, const std::string& prefix, bool withItems) {
+  MenuSpec popup{name, "", {}};
+  auto& entries = popup.entries;
+  if (withItems) entries.push_back(Entry(prefix + "Copy", "&Copy", Copy));
+  entries.push_back(Entry(prefix + "Paste", "&Paste", Paste));
+  entries.push_back(Separator());
+  entries.push_back(Entry(prefix + "New", "&Add...", Add));
+  if (withItems) {
+    entries.push_back(Entry(prefix + "Update", "&Modify...", Modify));
+    entries.push_back(Entry(prefix + "Del", "&Delete", Delete));
+  }
+  AddHolidayEntries(entries, prefix == "Pop4" ? "Pop4HCtrl" : prefix + "Hctl", prefix + "WeekH",
+                    prefix + "YearH");
+  entries.push_back(Entry(prefix + "Today", "&Today", Today));
+  return popup;
+}
+
+}  // namespace
+
+const std::vector<MenuSpec>& MenuBarTable() {
+  static const std::vector<MenuSpec> table = MakeMenuBar();
+  return table;
+}
+
+const std::vector<MenuSpec>& PopupTable() {
+  static const std::vector<MenuSpec> table = {
+      Popup("PopMenuCTRL1", "Pop1", false),  // nothing pops it up
+      Popup("PopMenuCTRL2", "Pop2", true),
+      Popup("PopMenuCTRL3", "Pop3", false),
+      Popup("Pop4CTRL", "Pop4", true),
+  };
+  return table;
+}
+
+const std::vector<ToolButtonSpec>& ToolbarTable() {
+  static const std::vector<ToolButtonSpec> table = {
+      {"NewF", "New schedule", New},
+      {"OpenF", "Open a schedule on the PC", OpenOnPc},
+      {"Save", "Save to the PC", SaveToPc},
+      {},
+      {"Q390Open", "Open a schedule on the Tarvex", OpenOnTarvex},
+      {"Q390Save", "Save to the Tarvex", SaveToTarvex},
+      {},
+      {"SclAdd", "Add a schedule", Add},
+      {"SclDel", "Delete the selected schedule", Delete},
+      {},
+      {"Subject", "Edit the word lists", WordLists},
+      {"Print", "Print", Print},
+  };
+  return table;
+}
+
+}  // namespace sched

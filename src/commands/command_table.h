@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "commands/command_id.h"
+
+namespace sched {
+
+// The keys of the platform's standard shortcuts that an entry takes.
+enum class StandardKey { None, New, Open, Save, Print, HelpContents };
+
+// One line of a menu: a command, a separator, or the start or end of a submenu.
+struct MenuEntry {
+  enum class Kind { Command, Separator, Submenu, EndSubmenu };
+  Kind kind = Kind::Command;
+  std::string name;     // the entry's (or submenu's) name: "New_Menu", "Hctl", "Pop2Copy"
+  std::string caption;  // with "&" before the access key
+  CommandId command = CommandId::New;
+  StandardKey key = StandardKey::None;
+  bool checkable = false;
+  bool checked = false;  // the check mark at start
+  bool hidden = false;
+};
+
+struct MenuSpec {
+  std::string name;  // "FileMenu", "EditCTL", ...
+  std::string caption;
+  std::vector<MenuEntry> entries;
+};
+
+struct ToolButtonSpec {
+  std::string key;  // "NewF", ...; empty for a separator
+  std::string tip;
+  CommandId command = CommandId::New;
+};
+
+// The menu bar, left to right.
+const std::vector<MenuSpec>& MenuBarTable();
+// The popup menus of the views: PopMenuCTRL1 to PopMenuCTRL3 and Pop4CTRL.
+const std::vector<MenuSpec>& PopupTable();
+// Toolbar1, left to right.
+const std::vector<ToolButtonSpec>& ToolbarTable();
+
+}  // namespace sched

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+
+#include "commands/document_view.h"
+#include "platform/clock.h"
+#include "platform/device_files.h"
+#include "platform/messages.h"
+#include "platform/progress_display.h"
+#include "platform/settings_store.h"
+#include "store/schedule_store.h"
+#include "views/calendar_views.h"
+
+namespace sched {
+
+struct SessionServices {
+  ScheduleStore& store;
+  CalendarViews& views;
+  DocumentView& view;
+  Messages& messages;
+  ProgressDisplay& progress;
+  DeviceFiles& device;
+  SettingsStore& settings;
+  const Clock& clock;
+  std::string systemIniPath;  // the cached copy of the device's System.ini
+};
+
+// The open document and what the program does around the store: reading and writing the file
+// with the progress display and the error messages, and the window's state after a load, after
+// a failure and after a reset. Every command that replaces or writes the document goes through
+// here.
+class DocumentSession {
+ public:
+  explicit DocumentSession(SessionServices services) : s_(services) {}
+
+  ScheduleDocument& Doc() { return s_.store.Document(); }
+  ScheduleStore& Store() { return s_.store; }
+
+  // Reads ScheduleFile into the store; a file that cannot be read leaves an empty untitled
+  // document after "Read error!".
+  void LoadScheduleFile();
+  // Writes the whole file, to the device when SaveToDevice is set; false after a failure, which
+  // was reported.
+  [[nodiscard]] bool SaveScheduleFile();
+
+  // Empties the document and shows today; redraws unless told not to.
+  void ResetToToday(bool noRedraw);
+  // The shown tab rebuilt from the store, then the menus, on the window.
+  void RefreshViews();
+  // "Scheduler - PC:name", "Scheduler - Tarvex:name" or "Scheduler - Untitled".
+  void ShowTitle();
+
+ private:
+  void AfterLoad();
+  void ReportReadError();
+  void StartProgress(const char* caption);
+  void FinishProgress();
+  bool SendToDevice(const std::string& temp);
+  void WriteError(const char* text);
+
+  SessionServices s_;
+};
+
+}  // namespace sched

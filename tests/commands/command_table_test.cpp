@@ -1,0 +1,144 @@
+#include "commands/command_table.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "commands/command_set.h"
+#include "commands/document_commands.h"
+#include "platform/fake/fake_file_dialogs.h"
+#include "tests/support/test_session.h"
+
+namespace sched {
+namespace {
+
+std::set<CommandId> OfferedCommands() {
+  std::set<CommandId> offered;
+  for (const auto* table : {&MenuBarTable(), &PopupTable()}) {
+    for (const MenuSpec& menu : *table) {
+      for (const MenuEntry& e : menu.entries) {
+        if (e.kind == MenuEntry::Kind::Command) offered.insert(e.command);
+      }
+    }
+  }
+  for (const ToolButtonSpec& b : ToolbarTable()) {
+    if (!b.key.empty()) offered.insert(b.command);
+  }
+  return offered;
+}
+
+TEST(CommandTable, EveryCommandIsOfferedAndEveryNameIsUnique) {
+  EXPECT_EQ(OfferedCommands().size(), static_cast<std::size_t>(kCommandCount));
+  std::set<std::string> names;
+  for (const auto* table : {&MenuBarTable(), &PopupTable()}) {
+    for (const MenuSpec& menu : *table) {
+      EXPECT_TRUE(names.insert(menu.name).second) << menu.name;
+      int depth = 0;
+      for (const MenuEntry& e : menu.entries) {
+        if (e.kind == MenuEntry::Kind::Command || e.kind == MenuEntry::Kind::Submenu) {
+          EXPECT_TRUE(names.insert(e.name).second) << e.name;
+          EXPECT_FALSE(e.caption.empty()) << e.name;
+        }
+        depth += e.kind == MenuEntry::Kind::Submenu ? 1 : e.kind == MenuEntry::Kind::EndSubmenu ? -1 : 0;
+        EXPECT_GE(depth, 0) << menu.name;
+      }
+      EXPECT_EQ(depth, 0) << menu.name;
+    }
+  }
+}
+
+TEST(CommandTable, TheFourPopupsOfTheViews) {
+  const auto& popups = PopupTable();
+  ASSERT_EQ(popups.size(), 4u);
+  const auto names = [](const MenuSpec& menu) {
+    std::vector<std::string> out;
+    for (const MenuEntry& e : menu.entries) {
+      if (e.kind != MenuEntry::Kind::Separator && e.kind != MenuEntry::Kind::EndSubmenu) {
+        out.push_back(e.name);
+      }
+    }
+    return out;
+  };
+  EXPECT_EQ(names(popups[1]), (std::vector<std::string>{"Pop2Copy", "Pop2Paste", "Pop2New",
+                                                         "Pop2Update", "Pop2Del", "Pop2Hctl",
+                                                         "Pop2WeekH", "Pop2YearH", "Pop2Today"}));
+  EXPECT_EQ(names(popups[2]),
+            (std::vector<std::string>{"Pop3Paste", "Pop3New", "Pop3Hctl", "Pop3WeekH", "Pop3YearH",
+                                      "Pop3Today"}));
+  EXPECT_EQ(names(popups[3])[5], "Pop4HCtrl");
+}
+
+struct RuleCase {
+  CommandId id;
+  CommandPlace place;
+  bool enabledWhenStateOn;  // every flag of the menu state and of the popup items on
+  bool enabledWhenStateOff;
+};
+
+TEST(CommandSet, EnablementFollowsTheViewsStateByPlace) {
+  MenuState on;
+  on.DelCTRL = on.DelMonth = on.DelYear = on.DelBefore = on.DelAfter = true;
+  on.CopySchdat = on.PasteSchdat = on.UpdSchDat = on.DelSchDat = true;
+  on.YearHolidays = on.ToolbarDelete = true;
+  MenuState off;
+  off.YearHolidays = false;
+  const PopupItems itemsOn{true, true, true, true, true};
+  const PopupItems itemsOff{};
+  using enum CommandId;
+  const RuleCase cases[] = {
+      {Copy, CommandPlace::Menu, true, false},          {Copy, CommandPlace::Popup, true, false},
+      {Paste, CommandPlace::Menu, true, false},         {Modify, CommandPlace::Popup, true, false},
+      {Delete, CommandPlace::Menu, true, false},        {Delete, CommandPlace::Toolbar, true, false},
+      {Delete, CommandPlace::Popup, true, false},       {DeleteMonth, CommandPlace::Menu, true, false},
+      {DeleteYear, CommandPlace::Menu, true, false},    {DeleteOlder, CommandPlace::Menu, true, false},
+      {DeleteNewer, CommandPlace::Menu, true, false},   {DayHolidays, CommandPlace::Menu, true, false},
+      {DayHolidays, CommandPlace::Popup, true, false},  {WeekHolidays, CommandPlace::Popup, true, true},
+      {New, CommandPlace::Toolbar, true, true},         {Today, CommandPlace::Popup, true, true},
+  };
+  for (const RuleCase& c : cases) {
+    const int id = static_cast<int>(c.id);
+    EXPECT_EQ(EnabledByRule(c.id, c.place, on, itemsOn), c.enabledWhenStateOn) << id;
+    EXPECT_EQ(EnabledByRule(c.id, c.place, off, itemsOff), c.enabledWhenStateOff) << id;
+  }
+  // A popup follows the items it was opened for, not the Edit menu's state; the toolbar's delete
+  // its own flag.
+  EXPECT_FALSE(EnabledByRule(Copy, CommandPlace::Popup, on, itemsOff));
+  MenuState onlyToolbar = off;
+  onlyToolbar.ToolbarDelete = true;
+  EXPECT_TRUE(EnabledByRule(Delete, CommandPlace::Toolbar, onlyToolbar, itemsOff));
+  EXPECT_FALSE(EnabledByRule(Delete, CommandPlace::Menu, onlyToolbar, itemsOff));
+}
+
+TEST(CommandSet, ACommandWithoutItsRoutineStaysOffAndDoesNothing) {
+  CommandSet set;
+  MenuState state;
+  EXPECT_FALSE(set.Has(CommandId::Print));
+  EXPECT_FALSE(set.Enabled(CommandId::Print, CommandPlace::Menu, state));
+  set.Run(CommandId::Print);
+  int runs = 0;
+  set.Bind(CommandId::Print, [&runs] { ++runs; });
+  EXPECT_TRUE(set.Enabled(CommandId::Print, CommandPlace::Toolbar, state));
+  set.Run(CommandId::Print);
+  EXPECT_EQ(runs, 1);
+}
+
+TEST(CommandSet, TheFileCommandsAreBoundToTheDocumentCommands) {
+  TestSession s;
+  FakeFileDialogs dialogs;
+  RecordingNotices notices;
+  AppState state;
+  DocumentCommands commands{DocumentServices{s.session, s.window, notices, s.messages, dialogs,
+                                             s.device, state, s.dir.File("cache")}};
+  CommandSet set;
+  BindDocumentCommands(set, commands);
+  std::set<CommandId> bound;
+  for (int i = 0; i < kCommandCount; ++i) {
+    if (set.Has(static_cast<CommandId>(i))) bound.insert(static_cast<CommandId>(i));
+  }
+  using enum CommandId;
+  EXPECT_EQ(bound, (std::set<CommandId>{New, OpenOnPc, SaveToPc, SaveAsOnPc, OpenOnTarvex,
+                                        SaveToTarvex, SaveAsOnTarvex}));
+}
+
+}  // namespace
+}  // namespace sched

@@ -1,0 +1,147 @@
+#include "commands/document_session.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "shell/settings.h"
+#include "tests/support/test_session.h"
+
+namespace sched {
+namespace {
+
+void ExpectOneMessage(const TestSession& s, const std::string& text) {
+  ASSERT_EQ(s.messages.Shown().size(), 1u);
+  const MessageRequest& shown = s.messages.Shown()[0];
+  EXPECT_EQ(shown.text, text);
+  EXPECT_EQ(shown.title, "Scheduler");
+  EXPECT_EQ(shown.icon, MsgIcon::Exclamation);
+  EXPECT_EQ(shown.buttons, MsgButtons::Ok);
+}
+
+TEST(DocumentSession, ALoadShowsItsProgressThenTheDocumentAndItsAlarms) {
+  TestSession s;
+  const std::string path = s.MakeFile("two years.scl", "A");
+  s.doc.CurYear = 2001;  // a month without data: the toolbar's delete goes off
+  s.doc.CurMonth = 1;
+  s.doc.ScheduleFile = path;
+  s.session.LoadScheduleFile();
+
+  EXPECT_EQ(s.progress.values, (std::vector<int>{0, 100, 100, 115, 130, 0}));
+  EXPECT_EQ(s.progress.events.front(), "caption Now reading...");
+  EXPECT_EQ(s.progress.events.back(), "refresh");
+  EXPECT_FALSE(s.progress.visible);
+  EXPECT_TRUE(s.messages.Shown().empty());
+  EXPECT_EQ(s.doc.Tables.RowCount, 1);
+  EXPECT_EQ(s.window.title, "Scheduler - PC:two years.scl");
+  EXPECT_TRUE(s.window.Called("ShowViews"));
+  EXPECT_FALSE(s.views.Menus().ToolbarDelete);
+  EXPECT_EQ(s.settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, ""),
+            "1,PC:two years.scl," + path);
+  const std::vector<std::string> tail(s.alarms.calls.end() - 2, s.alarms.calls.end());
+  EXPECT_EQ(tail, (std::vector<std::string>{"SortTodayAlarms", "ArmNextAlarm"}));
+
+  s.doc.ScheduleOnPc = 0;
+  s.session.LoadScheduleFile();
+  EXPECT_EQ(s.window.title, "Scheduler - Tarvex:two years.scl");
+}
+
+// A file that is missing or damaged ends the same way: one message, an empty untitled document.
+TEST(DocumentSession, AFileThatCannotBeReadLeavesAnEmptyUntitledDocument) {
+  for (const bool damaged : {false, true}) {
+    TestSession s;
+    s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "A"));
+    s.doc.Dirty = true;
+    s.doc.ScheduleFile = s.dir.File("bad.scl");
+    if (damaged) WriteBytes(s.doc.ScheduleFile, {'Q', '3', '9', 'E', 0, 0, 1, 0, 12, 0, 0, 0});
+    s.session.LoadScheduleFile();
+    ExpectOneMessage(s, "Read error!");
+    EXPECT_EQ(s.doc.ScheduleFile, "");
+    EXPECT_FALSE(s.doc.Dirty);
+    EXPECT_EQ(s.doc.Tables.RowCount, 0);
+    EXPECT_TRUE(s.doc.Tables.SchDatList.IsEmpty());
+    EXPECT_TRUE(s.window.Called("ShowFirstTab"));
+    EXPECT_EQ(s.window.calls.back(), "SetTitle Scheduler - Untitled");
+    EXPECT_FALSE(s.progress.visible);
+    EXPECT_EQ(s.settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, ""), "");
+  }
+}
+
+// The device's private level comes from its System.ini: it hides private records of a device
+// file below it, and it is the level written into a saved file.
+TEST(DocumentSession, TheDevicesPrivateLevelIsReadForADeviceFileAndForEverySave) {
+  TestSession s;
+  SchRecord secret = MakeItem(1998, 7, 9, 540, 600, "secret");
+  secret.Private = 1;
+  s.store.InsertRecord(secret);
+  WriteBytes(s.dir.File("System.ini"), {'S', 'Y', 'S', 'T', 'E', 'M', 3, 0});
+  s.doc.ScheduleFile = s.dir.File("private.scl");
+  ASSERT_TRUE(s.session.SaveScheduleFile());
+  EXPECT_EQ(ReadBytes(s.doc.ScheduleFile)[12 + 34], 3);
+
+  WriteBytes(s.dir.File("System.ini"), {'S', 'Y', 'S', 'T', 'E', 'M', 4, 0});
+  struct Case {
+    int onPc;
+    int rows;
+  };
+  for (const Case& c : {Case{1, 1}, Case{0, 0}}) {
+    s.doc.ScheduleFile = s.dir.File("private.scl");
+    s.doc.ScheduleOnPc = c.onPc;
+    s.session.LoadScheduleFile();
+    EXPECT_EQ(s.doc.Tables.RowCount, c.rows) << "on PC " << c.onPc;
+  }
+}
+
+TEST(DocumentSession, ASaveShowsItsProgressAndRemembersTheFile) {
+  TestSession s;
+  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "new"));
+  s.doc.ScheduleFile = s.dir.File("saved.scl");
+  ASSERT_TRUE(s.session.SaveScheduleFile());
+  EXPECT_TRUE(s.messages.Shown().empty());
+  EXPECT_EQ(s.progress.events.front(), "caption Now writing...");
+  EXPECT_EQ(s.progress.values, (std::vector<int>{0, 0, 130, 0}));
+  EXPECT_FALSE(s.progress.visible);
+  EXPECT_EQ(ReadBytes(s.doc.ScheduleFile), s.store.BuildScheduleBytes());
+  EXPECT_EQ(s.settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, ""),
+            "1,PC:saved.scl," + s.doc.ScheduleFile);
+}
+
+TEST(DocumentSession, AFailedSaveSaysWriteErrorAndLeavesTheOldFile) {
+  TestSession s;
+  const std::string path = s.MakeFile("keep.scl", "first");
+  const auto before = ReadBytes(path);
+  s.store.InsertRecord(MakeItem(1998, 7, 10, 540, 600, "second"));
+  std::filesystem::create_directory(s.dir.File(".keep.scl.saving"));  // in the way
+  s.doc.ScheduleFile = path;
+  EXPECT_FALSE(s.session.SaveScheduleFile());
+  ExpectOneMessage(s, "Write error!");
+  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_FALSE(s.progress.visible);
+  EXPECT_EQ(s.settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, ""), "");
+}
+
+TEST(DocumentSession, ADeviceFileIsSentThroughATemporaryFile) {
+  TestSession s;
+  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "device"));
+  s.doc.ScheduleFile = s.dir.File("cache.scl");
+  s.doc.ScheduleOnPc = 0;
+  s.doc.SaveToDevice = true;
+  s.doc.DevicePath = "\\PIM\\Schedule.scl";
+  EXPECT_TRUE(s.session.SaveScheduleFile());
+  ASSERT_EQ(s.device.files.count("\\PIM\\Schedule.scl"), 1u);
+  EXPECT_EQ(s.device.files["\\PIM\\Schedule.scl"].substr(0, 4), "Q39E");
+  EXPECT_EQ(s.device.alarmInfoUpdates, (std::vector<std::string>{"\\PIM\\Schedule.scl"}));
+  EXPECT_FALSE(s.doc.SaveToDevice);
+  EXPECT_EQ(s.doc.ScheduleFile, s.dir.File("cache.scl"));
+  EXPECT_TRUE(s.messages.Shown().empty());
+
+  s.doc.SaveToDevice = true;
+  s.device.putResult = 7;
+  EXPECT_FALSE(s.session.SaveScheduleFile());
+  ExpectOneMessage(s, "File translate error when upload to Tarvex!");
+  EXPECT_EQ(s.device.alarmInfoUpdates.size(), 1u);
+  EXPECT_FALSE(s.doc.SaveToDevice);
+}
+
+}  // namespace
+}  // namespace sched
