@@ -130,7 +130,7 @@ class SchYearHTest : public ::testing::Test {
   }
 
   TestStore t;
-  NamedDaysCalendar calendar{{{20261120, "Founders' Day"}}};
+  FakeHolidayCalendar calendar{{{20261120, "Founders' Day"}}};
   NamedHolidays named{&calendar, 1, -1};
   FakeDateFormatter dates;
   RecordingHolidayHost host;

@@ -4,12 +4,10 @@
 
 #include <string>
 
-#include "holiday_test_support.h"
+#include "tests/support/temp_dir.h"
 
 namespace sched {
 namespace {
-
-using testing::TempDir;
 
 class CountryCalendarTest : public ::testing::Test {
  protected:

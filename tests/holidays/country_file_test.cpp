@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "holiday_test_support.h"
+#include "tests/support/temp_dir.h"
 
 namespace sched {
 namespace {
@@ -133,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(
                               "longer than 99"}));
 
 TEST(CountryFile, LoadReportsMissingAndOversizedFiles) {
-  testing::TempDir dir;
+  TempDir dir;
   CountryFile file;
   CountryFileError error;
   EXPECT_FALSE(LoadCountryFile((dir.Path() / "none.ini").string(), file, error));

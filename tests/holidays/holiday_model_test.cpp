@@ -2,30 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include "platform/fake/fake_holiday_calendar.h"
 
 namespace sched {
 namespace {
 
-// Names two dates: Thursday 2026/1/1 and Saturday 2026/10/31.
-class TwoHolidays : public HolidayCalendar {
- public:
-  int SorCalender_InitFunction(const std::string&, CalendarHandle& handle) override {
-    handle = 7;
-    return 0;
-  }
-  int SorCalender_GetHolidayName(CalendarHandle handle, int year, int month, int day,
-                                 std::string& name) override {
-    const auto it = names_.find(year * 10000 + month * 100 + day);
-    if (handle != 7 || it == names_.end()) return 1;
-    name = it->second;
-    return 0;
-  }
-  void SorCalender_EndFunction(CalendarHandle) override {}
-
- private:
-  std::map<int, std::string> names_ = {{20260101, "New Year's Day"}, {20261031, "Halloween"}};
-};
+// Names two dates under handle 7: Thursday 2026/1/1 and Saturday 2026/10/31.
+FakeHolidayCalendar TwoHolidays() {
+  return FakeHolidayCalendar({{20260101, "New Year's Day"}, {20261031, "Halloween"}}, 7);
+}
 
 MonthMasks Mask(int month, int day) {
   MonthMasks masks{};
@@ -34,7 +19,7 @@ MonthMasks Mask(int month, int day) {
 }
 
 TEST(HolidayModel, ClassifiesEveryCombinationOfWeekRuleNameAndMarks) {
-  TwoHolidays calendar;
+  FakeHolidayCalendar calendar = TwoHolidays();
   const NamedHolidays named{&calendar, 7, -1};
   const WeekFlags sundaySaturday{1, 0, 0, 0, 0, 0, 1};
   const MonthMasks none{};
@@ -67,7 +52,7 @@ TEST(HolidayModel, ClassifiesEveryCombinationOfWeekRuleNameAndMarks) {
 }
 
 TEST(HolidayModel, WithoutACountryFileOnlyTheWeekAndTheMarksCount) {
-  TwoHolidays calendar;
+  FakeHolidayCalendar calendar = TwoHolidays();
   const NamedHolidays closed{&calendar, 7, 0};
   std::string name = "unchanged";
   EXPECT_EQ(closed.GetHolidayName(2026, 1, 1, name), 0);

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fstream>
-#include <random>
 
 #include "holidays/country_file.h"
 #include "holidays/holiday_rules.h"
@@ -26,24 +24,6 @@ std::string NamedDays(const std::string& rules, int year) {
     text += std::string(date) + " " + named.name;
   }
   return text;
-}
-
-TempDir::TempDir() {
-  std::random_device random;
-  path_ = std::filesystem::temp_directory_path() /
-          ("holidays_test_" + std::to_string(random()) + std::to_string(random()));
-  std::filesystem::create_directories(path_);
-}
-
-TempDir::~TempDir() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
-std::string TempDir::Write(const std::string& name, const std::string& bytes) const {
-  const std::filesystem::path file = path_ / name;
-  std::ofstream(file, std::ios::binary) << bytes;
-  return file.string();
 }
 
 std::string ShippedFile(const std::string& name) {

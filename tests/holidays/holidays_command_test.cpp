@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "holiday_test_support.h"
+#include "tests/support/temp_dir.h"
 
 namespace sched {
 namespace {
 
 using testing::ShippedFile;
-using testing::TempDir;
 
 constexpr const char* kUsageLine = "usage: scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n";
 

@@ -63,7 +63,7 @@ class SchYearHModelTest : public ::testing::Test {
 
   TestStore t;
   // Names Friday 2026/11/20 and Sunday 2026/11/22.
-  NamedDaysCalendar calendar{{{20261120, "Founders' Day"}, {20261122, "Harvest Day"}}};
+  FakeHolidayCalendar calendar{{{20261120, "Founders' Day"}, {20261122, "Harvest Day"}}, 3};
   NamedHolidays named{&calendar, 3, -1};
   FakeDateFormatter dates;
   RecordingHolidayHost host;

@@ -28,8 +28,8 @@ class RandomSchedule {
     }
     for (int i = 0; i < 4; ++i) {
       const int row = s.store.FindOrAddYear(Pick(kFirstYear, kLastYear));
-      auto& masks = Pick(0, 1) ? s.doc.Tables.AncYY.At(row).HolidayOn
-                               : s.doc.Tables.AncYY.At(row).HolidayOff;
+      auto& masks =
+          Pick(0, 1) ? s.doc.Tables.AncYY.At(row).HolidayOn : s.doc.Tables.AncYY.At(row).HolidayOff;
       masks[static_cast<std::size_t>(Pick(0, 11))] |= 1 << Pick(0, 30);
     }
     for (int w = 0; w < 7; ++w) s.doc.WeekHoliday[static_cast<std::size_t>(w)] = Pick(0, 2) == 0;
@@ -59,6 +59,8 @@ class RandomSchedule {
     const int start = allDay ? -1 : Pick(0, 1380);
     SchRecord r = MakeItem(date.year, date.month, date.day, start,
                            allDay ? -1 : std::min(1439, start + Pick(0, 240)), AnyText(4));
+    // Random items may come out alike; each entry of the schedule keeps a stamp of its own.
+    r.Stamp = static_cast<std::int32_t>(0xC0000000u | ++entries_);
     r.Place = AnyText(2);
     // Titles and places are one line.
     for (std::string* line : {&r.Title, &r.Place}) {
@@ -126,6 +128,7 @@ class RandomSchedule {
   }
 
   std::mt19937 random_;
+  std::uint32_t entries_ = 0;
 };
 
 // The live rows, as the load is expected to give them, sorted by date and then by content:
@@ -135,7 +138,9 @@ std::vector<std::string> Canonical(const ScheduleDocument& doc) {
   std::vector<std::string> rows;
   for (int row : LiveRowsInDateOrder(t)) {
     SchDatRow r = t.SchDatList.At(row);
-    if (r.RepeatKind == kMultiDayKind) r.SubNo = GetSeriesLowestSubNo(t, r.ParentSubNo, r.ParentStamp);
+    if (r.RepeatKind == kMultiDayKind) {
+      r.SubNo = GetSeriesLowestSubNo(t, r.ParentSubNo, r.ParentStamp);
+    }
     r.Next = -1;
     r.VarLen = 0;
     rows.push_back(Table<SchDatRow>::LineOf(r));
@@ -149,7 +154,9 @@ std::map<int, std::string> Masks(const ScheduleDocument& doc) {
   for (int y = 0; y < doc.Tables.YearCount; ++y) {
     const AncYYRow& row = doc.Tables.AncYY.At(y);
     std::string line = Table<AncYYRow>::LineOf(row);
-    if (row.HasHolidayMask()) masks[row.Year] = line.substr(line.find('\t', line.find('\t', 5) + 1));
+    if (row.HasHolidayMask()) {
+      masks[row.Year] = line.substr(line.find('\t', line.find('\t', 5) + 1));
+    }
   }
   return masks;
 }

@@ -1,17 +1,17 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "core/registry_keys.h"
 #include "holidays/country_calendar.h"
 #include "holidays/dlg_select_holiday_model.h"
 #include "holidays/holiday_dialog_host.h"
 #include "platform/fake/fake_device_files.h"
+#include "platform/fake/fake_holiday_calendar.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_registry.h"
-#include "core/registry_keys.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
@@ -30,27 +30,6 @@ class RecordingHolidayHost : public HolidayDialogHost {
   void RefillMonthView() override { calls.push_back("RefillMonthView"); }
   void ShowHelp() override { calls.push_back("ShowHelp"); }
   void EndProgram() override { calls.push_back("EndProgram"); }
-};
-
-// Names the dates it is given (by year * 10000 + month * 100 + day), whatever file it opens.
-class NamedDaysCalendar : public HolidayCalendar {
- public:
-  explicit NamedDaysCalendar(std::map<int, std::string> names) : names_(std::move(names)) {}
-  int SorCalender_InitFunction(const std::string&, CalendarHandle& handle) override {
-    handle = 1;
-    return 0;
-  }
-  int SorCalender_GetHolidayName(CalendarHandle, int year, int month, int day,
-                                 std::string& name) override {
-    const auto it = names_.find(year * 10000 + month * 100 + day);
-    if (it == names_.end()) return 1;
-    name = it->second;
-    return 0;
-  }
-  void SorCalender_EndFunction(CalendarHandle) override {}
-
- private:
-  std::map<int, std::string> names_;
 };
 
 // The country-file engine, with a record of the calls made on it: "Init <file name> <result>",

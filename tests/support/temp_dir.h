@@ -26,6 +26,12 @@ class TempDir {
   TempDir& operator=(const TempDir&) = delete;
 
   std::string File(const std::string& name) const { return (path_ / name).string(); }
+  // Writes `bytes` to the file `name` of the folder and gives its path.
+  std::string Write(const std::string& name, const std::string& bytes) const {
+    const std::string file = File(name);
+    std::ofstream(file, std::ios::binary) << bytes;
+    return file;
+  }
   const std::filesystem::path& Path() const { return path_; }
 
  private:
@@ -39,7 +45,8 @@ inline std::vector<std::uint8_t> ReadBytes(const std::string& path) {
 
 inline void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  out.write(reinterpret_cast<const char*>(bytes.data()),
+            static_cast<std::streamsize>(bytes.size()));
 }
 
 }  // namespace sched

@@ -50,6 +50,22 @@ struct TestStore : WithTempDir, FakeStore {
   }
 };
 
+// The stamp MakeItem gives an item, worked out from its day, times and title alone, so that an
+// item never depends on the items other tests made before it. Items alike in all four share it;
+// a test that needs them apart sets its own stamps.
+inline std::int32_t ItemStamp(int year, int month, int day, int start, int end,
+                              const std::string& title) {
+  std::uint32_t hash = 2166136261u;  // FNV-1a
+  const auto mix = [&hash](std::uint32_t byte) { hash = (hash ^ byte) * 16777619u; };
+  for (int field : {year, month, day, start, end}) {
+    for (int shift = 0; shift < 32; shift += 8) {
+      mix((static_cast<std::uint32_t>(field) >> shift) & 0xFFu);
+    }
+  }
+  for (char c : title) mix(static_cast<unsigned char>(c));
+  return static_cast<std::int32_t>(0xC0000000u | (hash & 0x3FFFFFFFu));
+}
+
 // A plain timed item on one day.
 inline SchRecord MakeItem(int year, int month, int day, int start, int end,
                           const std::string& title) {
@@ -63,14 +79,13 @@ inline SchRecord MakeItem(int year, int month, int day, int start, int end,
   r.StartTime = static_cast<std::int16_t>(start);
   r.EndTime = static_cast<std::int16_t>(end);
   r.Title = title;
-  static std::uint32_t made = 0;
-  r.Stamp = static_cast<std::int32_t>(0xC0000000u | ++made);  // distinct for every item
+  r.Stamp = ItemStamp(year, month, day, start, end, title);
   return r;
 }
 
 // A multi-day item as entered: a row for each day, SubNo rising, the span's end in every row.
 inline void InsertSpan(ScheduleStore& store, CivilDate first, int days, const std::string& title,
-                std::int32_t stamp) {
+                       std::int32_t stamp) {
   const CivilDate last = AddDays(first, days - 1);
   for (int i = 0; i < days; ++i) {
     const CivilDate date = AddDays(first, i);

@@ -1,40 +1,15 @@
 #pragma once
 
-#include <map>
 #include <string>
-#include <tuple>
 
 #include "platform/fake/fake_clock.h"
 #include "platform/fake/fake_date_formatter.h"
+#include "platform/fake/fake_holiday_calendar.h"
 #include "platform/fake/fake_messages.h"
-#include "platform/holiday_calendar.h"
 #include "tests/support/test_store.h"
 #include "views/calendar_views.h"
 
 namespace sched {
-
-// A calendar library that knows the names it is given.
-class FakeHolidayCalendar : public HolidayCalendar {
- public:
-  void Add(int year, int month, int day, const std::string& name) {
-    names_[{year, month, day}] = name;
-  }
-  int SorCalender_InitFunction(const std::string&, CalendarHandle& handle) override {
-    handle = 1;
-    return 0;
-  }
-  int SorCalender_GetHolidayName(CalendarHandle, int year, int month, int day,
-                                 std::string& name) override {
-    const auto it = names_.find({year, month, day});
-    if (it == names_.end()) return 1;
-    name = it->second;
-    return 0;
-  }
-  void SorCalender_EndFunction(CalendarHandle) override {}
-
- private:
-  std::map<std::tuple<int, int, int>, std::string> names_;
-};
 
 // The views over a test store, with named holidays, a fixed date form and a settable clock.
 struct ViewsFixture {
