@@ -1,5 +1,7 @@
 #include "core/calendar.h"
 
+#include <algorithm>
+
 namespace sched {
 
 // Civil-from-days and days-from-civil over the proleptic Gregorian calendar.
@@ -37,9 +39,31 @@ CivilDate AddDays(const CivilDate& date, int days) {
   return FromDaySerial(DaySerial(date) + days);
 }
 
+CivilDate AddMonths(const CivilDate& date, int months) {
+  const int index = date.year * 12 + date.month - 1 + months;
+  const int year = index / 12;
+  const int month = index % 12 + 1;
+  return {year, month, std::min(date.day, DaysInMonth(year, month))};
+}
+
 int WeekdayOf(const CivilDate& date) {
-  const std::int32_t serial = DaySerial(date);  // 1970/01/01 was a Thursday
-  return static_cast<int>(((serial % 7) + 7 + 4) % 7);
+  return WeekdayOfSerial(DaySerial(date));
+}
+
+int WeekdayOfSerial(std::int32_t serial) {
+  return static_cast<int>(((serial % 7) + 7 + 4) % 7);  // 1970/01/01 was a Thursday
+}
+
+std::optional<CivilDate> NthWeekdayOfMonth(int year, int month, int weekday, int nth) {
+  const int first = 1 + (weekday - WeekdayOf({year, month, 1}) + 7) % 7;
+  const int day = first + 7 * (nth - 1);
+  if (nth < 1 || day > DaysInMonth(year, month)) return std::nullopt;
+  return CivilDate{year, month, day};
+}
+
+CivilDate LastWeekdayOfMonth(int year, int month, int weekday) {
+  const int last = DaysInMonth(year, month);
+  return {year, month, last - (WeekdayOf({year, month, last}) - weekday + 7) % 7};
 }
 
 }  // namespace sched
