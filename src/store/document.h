@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/calendar.h"
 #include "store/sch_tables.h"
 #include "store/scl_format.h"
 
@@ -35,7 +36,7 @@ struct ScheduleDocument {
   bool SaveToDevice = false;
   std::string DevicePath;  // the file's name on the device, for a save to the device
 
-  int CurYear = 1901;
+  int CurYear = kFirstYear;
   int CurMonth = 1;
   int CurDay = 1;
 };
