@@ -22,8 +22,28 @@ TEST(CountryFileList, ListsHolidayIniFilesInAnyCaseSortedAsAFileList) {
   }
   std::filesystem::create_directory(dir.Path() / "holidayDir.ini");
   EXPECT_EQ(ListCountryFiles(dir.Path().string()),
-            (std::vector<std::string>{"holiday.ini", "HOLIDAYde.INI", "holidayUS.ini"}));
+            (std::vector<std::string>{"HOLIDAYde.INI", "holidayUS.ini"}));
   EXPECT_TRUE(ListCountryFiles(dir.File("missing")).empty());
+}
+
+TEST(CountryFileList, ACountryFileNameHasSomethingBetweenHolidayAndIni) {
+  const struct {
+    const char* name;
+    bool isCountryFile;
+  } cases[] = {
+      {"holidayJ.ini", true},
+      {"HOLIDAYUS.INI", true},
+      {"Holidayde.Ini", true},
+      {"holiday.ini", false},
+      {"HOLIDAY.INI", false},
+      {"holidayJ.in", false},
+      {"holidayJ.ini.bak", false},
+      {"myholidayJ.ini", false},
+      {"holidaJ.ini", false},
+      {"holidayJ_ini", false},
+      {"", false},
+  };
+  for (const auto& c : cases) EXPECT_EQ(IsCountryFileName(c.name), c.isCountryFile) << c.name;
 }
 
 TEST(CountryFileList, TheTitleIsTheFirstLineUpToCrOrLf) {
