@@ -54,16 +54,25 @@ int WeekdayOfSerial(std::int32_t serial) {
   return static_cast<int>(((serial % 7) + 7 + 4) % 7);  // 1970/01/01 was a Thursday
 }
 
+std::int32_t WeekdayOnOrAfter(std::int32_t serial, int weekday) {
+  return serial + (weekday - WeekdayOfSerial(serial) + 7) % 7;
+}
+
+std::int32_t WeekdayOnOrBefore(std::int32_t serial, int weekday) {
+  return serial - (WeekdayOfSerial(serial) - weekday + 7) % 7;
+}
+
 std::optional<CivilDate> NthWeekdayOfMonth(int year, int month, int weekday, int nth) {
-  const int first = 1 + (weekday - WeekdayOf({year, month, 1}) + 7) % 7;
-  const int day = first + 7 * (nth - 1);
-  if (nth < 1 || day > DaysInMonth(year, month)) return std::nullopt;
-  return CivilDate{year, month, day};
+  if (nth < 1) return std::nullopt;
+  const std::int32_t first = WeekdayOnOrAfter(DaySerial({year, month, 1}), weekday);
+  const CivilDate date = FromDaySerial(first + 7 * (nth - 1));
+  if (date.month != month) return std::nullopt;
+  return date;
 }
 
 CivilDate LastWeekdayOfMonth(int year, int month, int weekday) {
-  const int last = DaysInMonth(year, month);
-  return {year, month, last - (WeekdayOf({year, month, last}) - weekday + 7) % 7};
+  return FromDaySerial(
+      WeekdayOnOrBefore(DaySerial({year, month, DaysInMonth(year, month)}), weekday));
 }
 
 }  // namespace sched

@@ -57,6 +57,11 @@ CivilDate AddMonths(const CivilDate& date, int months);
 int WeekdayOf(const CivilDate& date);
 int WeekdayOfSerial(std::int32_t serial);
 
+// The serial day of the first `weekday` (0 Sunday to 6 Saturday) on or after, or on or before,
+// the serial day `serial`; `serial` itself when it is that weekday.
+std::int32_t WeekdayOnOrAfter(std::int32_t serial, int weekday);
+std::int32_t WeekdayOnOrBefore(std::int32_t serial, int weekday);
+
 // The `nth` (1 for the first) `weekday` (0 Sunday to 6 Saturday) of a month; nothing when the
 // month has fewer such weekdays, as most months have no fifth Monday.
 std::optional<CivilDate> NthWeekdayOfMonth(int year, int month, int weekday, int nth);

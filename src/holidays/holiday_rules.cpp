@@ -50,10 +50,8 @@ std::optional<int> RuleDate(const HolidayRule& rule, int year) {
     case RuleKind::kWeekdayAfter: {
       // Counted from the first of the month, so that 02-29 means March 1 in common years.
       const int anchor = MakeDate(year, rule.month, rule.day);
-      if (rule.kind == RuleKind::kWeekdayBefore) {
-        return anchor - 1 - (WeekdayOfSerial(anchor - 1) - rule.weekday + 7) % 7;
-      }
-      return anchor + 1 + (rule.weekday - WeekdayOfSerial(anchor + 1) + 7) % 7;
+      if (rule.kind == RuleKind::kWeekdayBefore) return WeekdayOnOrBefore(anchor - 1, rule.weekday);
+      return WeekdayOnOrAfter(anchor + 1, rule.weekday);
     }
   }
   return std::nullopt;

@@ -88,7 +88,7 @@ std::vector<CivilDate> EveryWeek(const CivilDate& first, int count) {
 }
 
 CivilDate NextWeekday(const CivilDate& from, int weekday) {
-  return AddDays(from, (weekday - WeekdayOf(from) + 7) % 7);
+  return FromDaySerial(WeekdayOnOrAfter(DaySerial(from), weekday));
 }
 
 }  // namespace

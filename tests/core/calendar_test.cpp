@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <optional>
 
 namespace sched {
@@ -111,6 +112,28 @@ TEST(Calendar, NthAndLastWeekdayOfKnownMonths) {
   for (const LastCase& c : lastCases) {
     EXPECT_EQ(LastWeekdayOfMonth(c.year, c.month, c.weekday), (CivilDate{c.year, c.month, c.day}))
         << c.year << "/" << c.month << " weekday " << c.weekday;
+  }
+}
+
+TEST(Calendar, WeekdayOnOrAfterAndOnOrBefore) {
+  struct Case {
+    CivilDate from;
+    int weekday;
+    CivilDate after, before;
+  };
+  // 1901/01/01 was a Tuesday, 2099/12/31 a Thursday, 2000/02/29 a Tuesday.
+  const Case cases[] = {
+      {{1901, 1, 1}, 2, {1901, 1, 1}, {1901, 1, 1}},
+      {{1901, 1, 1}, 1, {1901, 1, 7}, {1900, 12, 31}},
+      {{1901, 1, 1}, 3, {1901, 1, 2}, {1900, 12, 26}},
+      {{2099, 12, 31}, 5, {2100, 1, 1}, {2099, 12, 25}},
+      {{2000, 2, 28}, 2, {2000, 2, 29}, {2000, 2, 22}},
+      {{2000, 3, 1}, 2, {2000, 3, 7}, {2000, 2, 29}},
+  };
+  for (const Case& c : cases) {
+    const std::int32_t serial = DaySerial(c.from);
+    EXPECT_EQ(FromDaySerial(WeekdayOnOrAfter(serial, c.weekday)), c.after) << c.from.year;
+    EXPECT_EQ(FromDaySerial(WeekdayOnOrBefore(serial, c.weekday)), c.before) << c.from.year;
   }
 }
 
