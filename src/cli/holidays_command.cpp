@@ -3,7 +3,10 @@
 #include <charconv>
 #include <iomanip>
 #include <optional>
+#include <string>
+#include <vector>
 
+#include "core/calendar.h"
 #include "holidays/country_file.h"
 #include "holidays/holiday_table.h"
 
@@ -17,7 +20,7 @@ std::optional<int> ParseYear(const std::string& text) {
   const char* end = text.data() + text.size();
   const auto [ptr, ec] = std::from_chars(text.data(), end, year);
   if (text.empty() || text[0] == '-' || ec != std::errc{} || ptr != end) return std::nullopt;
-  if (year < HolidayTable::kFirstYear || year > HolidayTable::kLastYear) return std::nullopt;
+  if (year < kFirstYear || year > kLastYear) return std::nullopt;
   return year;
 }
 
@@ -33,7 +36,10 @@ int RunHolidaysCommand(const std::vector<std::string>& args, std::ostream& out, 
   if (args.size() < 2 || args.size() > 3) return Usage(err, "");
   const std::optional<int> from = ParseYear(args[1]);
   const std::optional<int> to = args.size() == 3 ? ParseYear(args[2]) : from;
-  if (!from || !to) return Usage(err, "years run from 1901 to 2099");
+  if (!from || !to) {
+    return Usage(
+        err, "years run from " + std::to_string(kFirstYear) + " to " + std::to_string(kLastYear));
+  }
   if (*from > *to) return Usage(err, "FROMYEAR is later than TOYEAR");
 
   CountryFile file;

@@ -1,5 +1,7 @@
 #include "core/calendar.h"
 
+#include <algorithm>
+
 namespace sched {
 
 // Civil-from-days and days-from-civil over the proleptic Gregorian calendar.
@@ -37,9 +39,40 @@ CivilDate AddDays(const CivilDate& date, int days) {
   return FromDaySerial(DaySerial(date) + days);
 }
 
+CivilDate AddMonths(const CivilDate& date, int months) {
+  const int index = date.year * 12 + date.month - 1 + months;
+  const int year = index / 12;
+  const int month = index % 12 + 1;
+  return {year, month, std::min(date.day, DaysInMonth(year, month))};
+}
+
 int WeekdayOf(const CivilDate& date) {
-  const std::int32_t serial = DaySerial(date);  // 1970/01/01 was a Thursday
-  return static_cast<int>(((serial % 7) + 7 + 4) % 7);
+  return WeekdayOfSerial(DaySerial(date));
+}
+
+int WeekdayOfSerial(std::int32_t serial) {
+  return static_cast<int>(((serial % 7) + 7 + 4) % 7);  // 1970/01/01 was a Thursday
+}
+
+std::int32_t WeekdayOnOrAfter(std::int32_t serial, int weekday) {
+  return serial + (weekday - WeekdayOfSerial(serial) + 7) % 7;
+}
+
+std::int32_t WeekdayOnOrBefore(std::int32_t serial, int weekday) {
+  return serial - (WeekdayOfSerial(serial) - weekday + 7) % 7;
+}
+
+std::optional<CivilDate> NthWeekdayOfMonth(int year, int month, int weekday, int nth) {
+  if (nth < 1) return std::nullopt;
+  const std::int32_t first = WeekdayOnOrAfter(DaySerial({year, month, 1}), weekday);
+  const CivilDate date = FromDaySerial(first + 7 * (nth - 1));
+  if (date.month != month) return std::nullopt;
+  return date;
+}
+
+CivilDate LastWeekdayOfMonth(int year, int month, int weekday) {
+  return FromDaySerial(
+      WeekdayOnOrBefore(DaySerial({year, month, DaysInMonth(year, month)}), weekday));
 }
 
 }  // namespace sched

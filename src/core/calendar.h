@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 namespace sched {
 
@@ -47,7 +48,25 @@ std::int32_t MakeDate(int year, int month, int day);
 
 CivilDate AddDays(const CivilDate& date, int days);
 
+// The date moved by whole months, its day clamped to the end of the target month: January 31
+// plus one month is February 28 (29 in a leap year), February 29 plus twelve months is
+// February 28 in a common year, and a day that exists in the target month is kept.
+CivilDate AddMonths(const CivilDate& date, int months);
+
 // 0 Sunday to 6 Saturday.
 int WeekdayOf(const CivilDate& date);
+int WeekdayOfSerial(std::int32_t serial);
+
+// The serial day of the first `weekday` (0 Sunday to 6 Saturday) on or after, or on or before,
+// the serial day `serial`; `serial` itself when it is that weekday.
+std::int32_t WeekdayOnOrAfter(std::int32_t serial, int weekday);
+std::int32_t WeekdayOnOrBefore(std::int32_t serial, int weekday);
+
+// The `nth` (1 for the first) `weekday` (0 Sunday to 6 Saturday) of a month; nothing when the
+// month has fewer such weekdays, as most months have no fifth Monday.
+std::optional<CivilDate> NthWeekdayOfMonth(int year, int month, int weekday, int nth);
+
+// The last `weekday` (0 Sunday to 6 Saturday) of a month.
+CivilDate LastWeekdayOfMonth(int year, int month, int weekday);
 
 }  // namespace sched

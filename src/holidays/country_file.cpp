@@ -1,9 +1,12 @@
 #include "holidays/country_file.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "core/calendar.h"
+#include "core/text_case.h"
 #include "holidays/rule_tokens.h"
 
 namespace sched {
@@ -11,7 +14,7 @@ namespace sched {
 using namespace rule_tokens;
 
 bool RuleSpan::Covers(int year, int month, int day) const {
-  const int code = year * 10000 + month * 100 + day;
+  const std::int32_t code = DateCode(year, month, day);
   if (code < firstDate || code > lastDate) return false;
   for (int skipped : exceptYears) {
     if (skipped == year) return false;
@@ -44,7 +47,7 @@ struct Options {
 };
 
 Observance ParseObservance(std::string_view text) {
-  const std::string mode = Lower(text);
+  const std::string mode = ToLowerAscii(text);
   if (mode == "nearest") return Observance::kNearestWeekday;
   if (mode == "monday") return Observance::kSundayToMonday;
   if (mode == "next-weekday") return Observance::kNextWeekday;
@@ -59,7 +62,7 @@ Options ParseOptions(Words& words, bool observeAllowed) {
     seen = true;
   };
   while (!words.Done()) {
-    const std::string option = Lower(words.Take("option"));
+    const std::string option = ToLowerAscii(words.Take("option"));
     if (option == "from") {
       once(seenFrom, option);
       options.span.firstDate = ParseBound(words.Take("year after 'from'"), false);
@@ -102,7 +105,7 @@ bool ParseRuleDate(const std::string& keyword, Words& words, HolidayRule& rule) 
     rule.kind = RuleKind::kEaster;
     rule.offset = ParseSigned(words.Take("day offset after 'easter'"), -300, 300, "offset");
   } else if (keyword == "equinox") {
-    const std::string which = Lower(words.Take("'march' or 'september' after 'equinox'"));
+    const std::string which = ToLowerAscii(words.Take("'march' or 'september' after 'equinox'"));
     if (which != "march" && which != "september") Fail("unknown equinox " + Quoted(which));
     rule.kind = RuleKind::kEquinox;
     rule.month = which == "march" ? 3 : 9;
@@ -138,7 +141,7 @@ void ParseLine(std::string_view line, CountryFile& file) {
   if (observedName.find('|') != std::string::npos) Fail("more than one '|'");
 
   Words words(line.substr(0, equals));
-  const std::string keyword = Lower(words.Take("keyword"));
+  const std::string keyword = ToLowerAscii(words.Take("keyword"));
   HolidayRule rule;
   if (ParseRuleDate(keyword, words, rule)) {
     const Options options = ParseOptions(words, true);
@@ -154,7 +157,8 @@ void ParseLine(std::string_view line, CountryFile& file) {
   }
   if (bar != std::string_view::npos) Fail("'|' belongs to holiday rules only");
   if (keyword == "substitute") {
-    const std::string mode = Lower(words.Take("'next-day' or 'next-free' after 'substitute'"));
+    const std::string mode =
+        ToLowerAscii(words.Take("'next-day' or 'next-free' after 'substitute'"));
     if (mode != "next-day" && mode != "next-free") Fail("unknown substitute mode " + Quoted(mode));
     file.substitutes.push_back(
         {mode == "next-day" ? SubstituteMode::kNextDay : SubstituteMode::kNextFree,

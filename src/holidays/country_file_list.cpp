@@ -1,28 +1,23 @@
 #include "holidays/country_file_list.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "core/codepage.h"
+#include "core/text_case.h"
 
 namespace sched {
-namespace {
 
-std::string Lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
+bool IsCountryFileName(std::string_view name) {
+  constexpr std::string_view kHead = "holiday";
+  constexpr std::string_view kTail = ".ini";
+  return name.size() >= kHead.size() + kTail.size() &&
+         EqualsIgnoringCase(name.substr(0, kHead.size()), kHead) &&
+         EqualsIgnoringCase(name.substr(name.size() - kTail.size()), kTail);
 }
-
-bool IsCountryFileName(const std::string& name) {
-  const std::string lower = Lower(name);
-  return lower.size() >= 11 && lower.starts_with("holiday") && lower.ends_with(".ini");
-}
-
-}  // namespace
 
 std::vector<std::string> ListCountryFiles(const std::string& folder) {
   std::vector<std::string> names;
@@ -33,11 +28,7 @@ std::vector<std::string> ListCountryFiles(const std::string& folder) {
     std::string name = entry.path().filename().string();
     if (IsCountryFileName(name)) names.push_back(std::move(name));
   }
-  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-    const std::string la = Lower(a);
-    const std::string lb = Lower(b);
-    return la != lb ? la < lb : a < b;
-  });
+  std::sort(names.begin(), names.end(), LessIgnoringCase);
   return names;
 }
 

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace sched {
 
-// The country files of a folder: the names (without folder) of its files named
-// "holiday*.ini", in any case, sorted as a file list shows them. Empty when the folder is
+// True for a name of the pattern "holiday*.ini", in any case: the names of country files.
+bool IsCountryFileName(std::string_view name);
+
+// The country files of a folder: the names (without folder) of its files that
+// IsCountryFileName accepts, sorted as a file list shows them. Empty when the folder is
 // missing.
 std::vector<std::string> ListCountryFiles(const std::string& folder);
 

@@ -3,7 +3,7 @@
 namespace sched {
 
 // The anonymous Gregorian computus (Meeus, Jones and Butcher); exact for every Gregorian year.
-std::chrono::year_month_day WesternEaster(int year) {
+CivilDate WesternEaster(int year) {
   const int a = year % 19;
   const int b = year / 100;
   const int c = year % 100;
@@ -18,9 +18,7 @@ std::chrono::year_month_day WesternEaster(int year) {
   const int m = (a + 11 * h + 22 * l) / 451;
   const int month = (h + l - 7 * m + 114) / 31;
   const int day = (h + l - 7 * m + 114) % 31 + 1;
-  return std::chrono::year_month_day{std::chrono::year{year},
-                                     std::chrono::month{static_cast<unsigned>(month)},
-                                     std::chrono::day{static_cast<unsigned>(day)}};
+  return {year, month, day};
 }
 
 }  // namespace sched

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <chrono>
+#include "core/calendar.h"
 
 namespace sched {
 
 // Western Easter Sunday of a Gregorian year.
-std::chrono::year_month_day WesternEaster(int year);
+CivilDate WesternEaster(int year);
 
 }  // namespace sched

@@ -4,7 +4,7 @@
 
 namespace sched {
 
-// Day of March (20 or 21) of the March equinox in Japanese time, as the Japanese calendar
+// Day of March (19 to 22) of the March equinox in Japanese time, as the Japanese calendar
 // fixes the Vernal Equinox Day; nothing outside 1900-2099, where the formula is not valid.
 std::optional<int> MarchEquinoxDay(int year);
 

@@ -1,85 +1,57 @@
 #include "holidays/holiday_rules.h"
 
 #include <algorithm>
-#include <chrono>
 #include <map>
 #include <optional>
+#include <string>
+#include <vector>
 
+#include "core/calendar.h"
 #include "holidays/easter.h"
 #include "holidays/equinox.h"
 
 namespace sched {
 namespace {
 
-using std::chrono::sys_days;
-using std::chrono::year_month_day;
-
 // A substitute day is looked for this many days ahead at most, so that no file can make the
 // search run on.
 constexpr int kMaxSubstituteSearch = 31;
 
-year_month_day MakeDate(int year, int month, int day) {
-  return year_month_day{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
-                        std::chrono::day{static_cast<unsigned>(day)}};
-}
-
-int Serial(sys_days date) {
-  return static_cast<int>(date.time_since_epoch().count());
-}
-
-year_month_day DateOf(int serial) {
-  return year_month_day{sys_days{std::chrono::days{serial}}};
-}
-
-// 0 Sunday to 6 Saturday.
-int WeekdayOf(int serial) {
-  return static_cast<int>(std::chrono::weekday{sys_days{std::chrono::days{serial}}}.c_encoding());
-}
-
 bool SpanCovers(const RuleSpan& span, int serial) {
-  const year_month_day date = DateOf(serial);
-  return span.Covers(static_cast<int>(date.year()), static_cast<int>(unsigned{date.month()}),
-                     static_cast<int>(unsigned{date.day()}));
+  const CivilDate date = FromDaySerial(serial);
+  return span.Covers(date.year, date.month, date.day);
 }
 
 // The date `rule` names in `year`, if any.
 std::optional<int> RuleDate(const HolidayRule& rule, int year) {
-  const std::chrono::year y{year};
-  const std::chrono::month m{static_cast<unsigned>(rule.month)};
-  const std::chrono::weekday wd{static_cast<unsigned>(rule.weekday)};
   switch (rule.kind) {
     case RuleKind::kOnce:
       if (rule.year != year) return std::nullopt;
       [[fallthrough]];
-    case RuleKind::kFixed: {
-      const year_month_day date = MakeDate(year, rule.month, rule.day);
-      if (!date.ok()) return std::nullopt;  // February 29 outside leap years
-      return Serial(date);
-    }
+    case RuleKind::kFixed:
+      if (rule.day > DaysInMonth(year, rule.month)) return std::nullopt;  // February 29
+      return DaySerial({year, rule.month, rule.day});
     case RuleKind::kNthWeekday: {
-      const std::chrono::year_month_weekday date{y, m, wd[static_cast<unsigned>(rule.nth)]};
-      if (!date.ok()) return std::nullopt;  // no fifth such weekday this month
-      return Serial(sys_days{date});
+      const std::optional<CivilDate> date =
+          NthWeekdayOfMonth(year, rule.month, rule.weekday, rule.nth);
+      if (!date) return std::nullopt;  // no fifth such weekday this month
+      return DaySerial(*date);
     }
-    case RuleKind::kLastWeekday: {
-      const std::chrono::year_month_weekday_last date{y, m, wd[std::chrono::last]};
-      return Serial(sys_days{date});
-    }
-    case RuleKind::kEaster: return Serial(WesternEaster(year)) + rule.offset;
+    case RuleKind::kLastWeekday:
+      return DaySerial(LastWeekdayOfMonth(year, rule.month, rule.weekday));
+    case RuleKind::kEaster: return DaySerial(WesternEaster(year)) + rule.offset;
     case RuleKind::kEquinox: {
       const std::optional<int> day =
           rule.month == 3 ? MarchEquinoxDay(year) : SeptemberEquinoxDay(year);
       if (!day) return std::nullopt;
-      return Serial(MakeDate(year, rule.month, *day));
+      return DaySerial({year, rule.month, *day});
     }
     case RuleKind::kWeekdayBefore:
     case RuleKind::kWeekdayAfter: {
       // Counted from the first of the month, so that 02-29 means March 1 in common years.
-      const int anchor = Serial(MakeDate(year, rule.month, 1)) + rule.day - 1;
-      if (rule.kind == RuleKind::kWeekdayBefore) {
-        return anchor - 1 - (WeekdayOf(anchor - 1) - rule.weekday + 7) % 7;
-      }
-      return anchor + 1 + (rule.weekday - WeekdayOf(anchor + 1) + 7) % 7;
+      const int anchor = MakeDate(year, rule.month, rule.day);
+      if (rule.kind == RuleKind::kWeekdayBefore) return WeekdayOnOrBefore(anchor - 1, rule.weekday);
+      return WeekdayOnOrAfter(anchor + 1, rule.weekday);
     }
   }
   return std::nullopt;
@@ -108,7 +80,7 @@ class DayBook {
   // The first day after `serial` that is no holiday (and a weekday when asked).
   std::optional<int> NextFree(int serial, bool weekdaysOnly) const {
     for (int next = serial + 1; next <= serial + kMaxSubstituteSearch; ++next) {
-      const int weekday = WeekdayOf(next);
+      const int weekday = WeekdayOfSerial(next);
       if (weekdaysOnly && (weekday == 0 || weekday == 6)) continue;
       if (!IsHoliday(next)) return next;
     }
@@ -126,7 +98,7 @@ struct RuleDay {
 };
 
 std::optional<int> ObservedDay(const DayBook& book, const RuleDay& holiday) {
-  const int weekday = WeekdayOf(holiday.serial);
+  const int weekday = WeekdayOfSerial(holiday.serial);
   switch (holiday.rule->observance) {
     case Observance::kNone: return std::nullopt;
     case Observance::kNearestWeekday:
@@ -157,7 +129,7 @@ void AddSubstitutes(const CountryFile& file, const std::vector<RuleDay>& ruleDay
       const HolidayRule& rule = *holiday.rule;
       book.Add(*observed, rule.observedName.empty() ? rule.name : rule.observedName, false);
     }
-    if (WeekdayOf(holiday.serial) != 0 || lastSunday == holiday.serial) continue;
+    if (WeekdayOfSerial(holiday.serial) != 0 || lastSunday == holiday.serial) continue;
     lastSunday = holiday.serial;  // two rules on one Sunday make one substitute day
     for (const SubstituteRule& substitute : file.substitutes) {
       if (!SpanCovers(substitute.span, holiday.serial)) continue;
@@ -172,7 +144,8 @@ void AddSubstitutes(const CountryFile& file, const std::vector<RuleDay>& ruleDay
 void AddBridges(const CountryFile& file, const std::vector<RuleDay>& ruleDays, DayBook& book) {
   for (const RuleDay& holiday : ruleDays) {
     const int between = holiday.serial + 1;
-    if (!book.IsRuleDay(holiday.serial + 2) || book.IsHoliday(between) || WeekdayOf(between) == 0) {
+    if (!book.IsRuleDay(holiday.serial + 2) || book.IsHoliday(between) ||
+        WeekdayOfSerial(between) == 0) {
       continue;
     }
     for (const BridgeRule& bridge : file.bridges) {
@@ -215,10 +188,9 @@ std::vector<NamedDay> EvaluateYear(const CountryFile& file, int year) {
 
   std::vector<NamedDay> named;
   for (const auto& [serial, day] : book.Days()) {
-    const year_month_day date = DateOf(serial);
-    if (static_cast<int>(date.year()) != year) continue;
-    named.push_back({static_cast<int>(unsigned{date.month()}),
-                     static_cast<int>(unsigned{date.day()}), JoinNames(day)});
+    const CivilDate date = FromDaySerial(serial);
+    if (date.year != year) continue;
+    named.push_back({date.month, date.day, JoinNames(day)});
   }
   return named;
 }

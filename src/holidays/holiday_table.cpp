@@ -1,18 +1,19 @@
 #include "holidays/holiday_table.h"
 
+#include <cstddef>
+#include <memory>
 #include <utility>
 
-#include "holidays/holiday_rules.h"
+#include "core/calendar.h"
 #include "core/codepage.h"
+#include "holidays/holiday_rules.h"
 
 namespace sched {
 
 HolidayTable::HolidayTable(CountryFile file) : file_(std::move(file)) {}
 
 const std::string* HolidayTable::Find(int year, int month, int day) {
-  if (year < kFirstYear || year > kLastYear || month < 1 || month > 12 || day < 1 || day > 31) {
-    return nullptr;
-  }
+  if (!IsValidDate(year, month, day)) return nullptr;
   const Year& table = YearOf(year);
   const int slot = table.slot[static_cast<std::size_t>((month - 1) * 31 + day - 1)];
   return slot == 0 ? nullptr : &table.names[static_cast<std::size_t>(slot - 1)];

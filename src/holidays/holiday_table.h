@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/calendar.h"
 #include "holidays/country_file.h"
 
 namespace sched {
@@ -14,9 +15,6 @@ namespace sched {
 // first lookup and kept; later lookups of it are an array access.
 class HolidayTable {
  public:
-  static constexpr int kFirstYear = 1901;
-  static constexpr int kLastYear = 2099;
-
   explicit HolidayTable(CountryFile file);
 
   // The UTF-8 name of the holiday on that date; nullptr when there is none, and for dates that

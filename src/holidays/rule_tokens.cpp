@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <string>
+#include <utility>
+
+#include "core/text_case.h"
 
 namespace sched::rule_tokens {
 namespace {
@@ -20,19 +24,13 @@ bool IsDigits(std::string_view text) {
 
 // The index of `text` in `names`, matching the full name or its first three letters.
 int FindName(std::string_view text, const auto& names) {
-  const std::string lower = Lower(text);
+  const std::string lower = ToLowerAscii(text);
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (lower == names[i] || (lower.size() == 3 && names[i].substr(0, 3) == lower)) {
       return static_cast<int>(i);
     }
   }
   return -1;
-}
-
-int DaysInMonth(int year, int month) {
-  constexpr std::array<int, 12> kDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-  return kDays[static_cast<std::size_t>(month - 1)] + (month == 2 && leap ? 1 : 0);
 }
 
 // Splits "A-B" or "A-B-C" at '-', requiring digits in every part.
@@ -90,14 +88,6 @@ std::vector<std::string_view> SplitWords(std::string_view text) {
   return words;
 }
 
-std::string Lower(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return lower;
-}
-
 int ParseNumber(std::string_view text, int min, int max, std::string_view what) {
   int value = 0;
   const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -143,10 +133,13 @@ CivilDate ParseDate(std::string_view text) {
 }
 
 int ParseBound(std::string_view text, bool endOfYear) {
-  if (text.find('-') != std::string_view::npos) return ParseDate(text).Code();
+  if (text.find('-') != std::string_view::npos) {
+    const CivilDate date = ParseDate(text);
+    return DateCode(date.year, date.month, date.day);
+  }
   if (text.size() != 4) Fail("bad year " + Quoted(text));
   const int year = ParseNumber(text, 1000, 9999, "year");
-  return year * 10000 + (endOfYear ? 1231 : 101);
+  return endOfYear ? DateCode(year, 12, 31) : DateCode(year, 1, 1);
 }
 
 std::vector<int> ParseYearList(std::string_view text) {

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/calendar.h"
+
 namespace sched::rule_tokens {
 
 // The small lexical pieces of a country file line. Each parser throws SyntaxError with a
@@ -20,7 +22,6 @@ std::string Quoted(std::string_view text);
 
 std::string_view Trim(std::string_view text);
 std::vector<std::string_view> SplitWords(std::string_view text);
-std::string Lower(std::string_view text);
 
 // A decimal number of digits only, within [min, max].
 int ParseNumber(std::string_view text, int min, int max, std::string_view what);
@@ -34,12 +35,6 @@ struct MonthDay {
 // "MM-DD"; February 29 is accepted.
 MonthDay ParseMonthDay(std::string_view text);
 
-struct CivilDate {
-  int year = 0;
-  int month = 0;
-  int day = 0;
-  int Code() const { return year * 10000 + month * 100 + day; }
-};
 // "YYYY-MM-DD", a real date.
 CivilDate ParseDate(std::string_view text);
 // "YYYY" (its first or, with `endOfYear`, its last day) or "YYYY-MM-DD", as yyyymmdd.

@@ -2,10 +2,12 @@
 
 #include <cstdint>
 
+#include "core/calendar.h"
+
 namespace sched {
 
 struct DateTime {
-  int year = 1901;
+  int year = kFirstYear;
   int month = 1;
   int day = 1;
   int hour = 0;

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <algorithm>
-#include <cctype>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/text_case.h"
 #include "platform/path_names.h"
 
 namespace sched {
@@ -19,10 +18,7 @@ inline std::vector<std::string> RegistryKeyNames(std::string_view key) {
 // The form in which two names compare equal when they differ only in case, as the registry's
 // key and value names do.
 inline std::string FoldedName(std::string_view name) {
-  std::string folded(name);
-  std::transform(folded.begin(), folded.end(), folded.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return folded;
+  return ToLowerAscii(name);
 }
 
 // A key path in one spelling for all its spellings: folded names joined by backslashes.

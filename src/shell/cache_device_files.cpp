@@ -1,9 +1,12 @@
 #include "shell/cache_device_files.h"
 
 #include <algorithm>
-#include <cctype>
+#include <optional>
+#include <string>
 #include <system_error>
+#include <vector>
 
+#include "core/text_case.h"
 #include "shell/folder_case.h"
 
 namespace sched {
@@ -53,14 +56,6 @@ bool IsUsableFileName(const std::string& name) {
 bool HasExtension(const std::string& name, const std::string& extension) {
   const std::size_t dot = name.rfind('.');
   return dot != std::string::npos && EqualsIgnoringCase(name.substr(dot + 1), extension);
-}
-
-bool LessIgnoringCase(const std::string& a, const std::string& b) {
-  const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
-  const bool less = std::lexicographical_compare(
-      a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) < lower(y); });
-  if (less || !EqualsIgnoringCase(a, b)) return less;
-  return a < b;
 }
 
 }  // namespace
@@ -175,11 +170,6 @@ std::optional<std::string> CacheDeviceFiles::RunDialog(DeviceDialogMode mode,
   if (!extension.empty() && !HasExtension(*chosen, extension)) *chosen += "." + extension;
   folder.push_back(*chosen);
   return DevicePathOf(folder);
-}
-
-void CacheDeviceFiles::Sor_UpdateSchAlarmInfo(const std::string& devicePath) {
-  // A real device would now refresh its alarm table from the file; the cache has none.
-  lastAlarmInfoPath_ = devicePath;
 }
 
 }  // namespace sched

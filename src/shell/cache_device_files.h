@@ -24,8 +24,6 @@ class CacheDeviceFiles : public DeviceFiles {
 
   void SetChooser(DeviceFileChooser* chooser) { chooser_ = chooser; }
   const std::string& CacheRoot() const { return root_; }
-  // The schedule file last reported by Sor_UpdateSchAlarmInfo; empty before the first.
-  const std::string& LastAlarmInfoPath() const { return lastAlarmInfoPath_; }
 
   bool Sor_IsExist(const std::string& devicePath) override;
   std::optional<std::string> Sor_GetFile(const std::string& devicePath) override;
@@ -39,7 +37,8 @@ class CacheDeviceFiles : public DeviceFiles {
                                                    const std::string& startPath) override;
   std::optional<std::string> Sor_PIMSaveFileDialog(const std::string& extension,
                                                    const std::string& proposal) override;
-  void Sor_UpdateSchAlarmInfo(const std::string& devicePath) override;
+  // A real device would now refresh its alarm table from the file; the cache has none.
+  void Sor_UpdateSchAlarmInfo(const std::string&) override {}
   void Sor_SetupDisconnection() override {}
   int Sor_DoDisconnect() override { return 0; }
 
@@ -51,7 +50,6 @@ class CacheDeviceFiles : public DeviceFiles {
 
   std::string root_;
   DeviceFileChooser* chooser_;
-  std::string lastAlarmInfoPath_;
 };
 
 }  // namespace sched

@@ -1,8 +1,9 @@
 #include "shell/clock_text.h"
 
-#include <cstdio>
+#include <string>
 
 #include "core/calendar.h"
+#include "core/time_text.h"
 #include "store/date_text.h"
 
 namespace sched {
@@ -15,10 +16,7 @@ bool InLastMinute(const DateTime& now) {
 }  // namespace
 
 std::string ClockTime(int hour, int minute) {
-  char text[16];
-  std::snprintf(text, sizeof text, " %d:%02d %s", (hour + 11) % 12 + 1, minute % 60,
-                hour < 12 ? "AM" : "PM");
-  return text;
+  return " " + TwelveHourTime(hour, minute % 60, false, " AM", " PM");
 }
 
 std::string DateCaption(const DateFormatter& dates, const DateTime& now) {

@@ -1,15 +1,21 @@
 #include "shell/install.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <optional>
+#include <string>
 #include <system_error>
+#include <vector>
 
+#include "core/registry_keys.h"
+#include "core/text_case.h"
+#include "holidays/country_file_list.h"
 #include "platform/clock.h"
 #include "platform/std/console.h"
 #include "shell/folder_case.h"
 #include "shell/paths.h"
-#include "core/registry_keys.h"
 #include "shell/sample_schedule.h"
 #include "shell/stock_sounds.h"
 #include "store/schedule_store.h"
@@ -50,18 +56,13 @@ bool Exists(const fs::path& path) {
   return fs::exists(path, error);
 }
 
-bool IsHolidayFile(const std::string& name) {
-  return name.size() > 11 && EqualsIgnoringCase(name.substr(0, 7), "holiday") &&
-         EqualsIgnoringCase(name.substr(name.size() - 4), ".ini");
-}
-
 // The country files of a folder, sorted by name.
 std::vector<fs::path> HolidayFiles(const fs::path& folder) {
   std::vector<fs::path> files;
   std::error_code error;
   for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
     std::error_code kindError;
-    if (it->is_regular_file(kindError) && IsHolidayFile(it->path().filename().string())) {
+    if (it->is_regular_file(kindError) && IsCountryFileName(it->path().filename().string())) {
       files.push_back(it->path());
     }
   }

@@ -1,8 +1,10 @@
 #include "shell/sample_schedule.h"
 
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "core/calendar.h"
 #include "store/stamp.h"
 
 namespace sched {
@@ -70,8 +72,8 @@ class SampleBuilder {
   // Stamps of items made one after another, two seconds apart, on the morning of today.
   std::int32_t NextStamp() {
     const int second = 2 * made_++;
-    return StampOf({today_.year, today_.month, today_.day, 8 + second / 3600, second / 60 % 60,
-                    second % 60});
+    return StampOf(
+        {today_.year, today_.month, today_.day, 8 + second / 3600, second / 60 % 60, second % 60});
   }
 
   ScheduleStore& store_;
@@ -85,14 +87,8 @@ std::vector<CivilDate> EveryWeek(const CivilDate& first, int count) {
   return dates;
 }
 
-CivilDate LastWeekdayOfMonth(int year, int month, int weekday) {
-  CivilDate date{year, month, DaysInMonth(year, month)};
-  while (WeekdayOf(date) != weekday) --date.day;
-  return date;
-}
-
 CivilDate NextWeekday(const CivilDate& from, int weekday) {
-  return AddDays(from, (weekday - WeekdayOf(from) + 7) % 7);
+  return FromDaySerial(WeekdayOnOrAfter(DaySerial(from), weekday));
 }
 
 }  // namespace
@@ -111,16 +107,15 @@ void BuildSampleSchedule(ScheduleStore& store, const CivilDate& today) {
   // Monthly: project review on the last Friday, from two months back, six times.
   std::vector<CivilDate> reviews;
   for (int i = -2; i < 4; ++i) {
-    const int index = today.year * 12 + today.month - 1 + i;
-    reviews.push_back(LastWeekdayOfMonth(index / 12, index % 12 + 1, 5));
+    const CivilDate month = AddMonths({today.year, today.month, 1}, i);
+    reviews.push_back(LastWeekdayOfMonth(month.year, month.month, 5));
   }
   b.Add({"Project review", "Board room", "", 840, 930, 15}, reviews,
         static_cast<std::int16_t>(0x2040 | 7 * 8 | 5));
 
   // Yearly: two birthdays, five years each.
-  for (const auto& [title, month, day] :
-       std::vector<std::tuple<std::string, int, int>>{{"Anna's birthday", today.month, 12},
-                                                      {"Father's birthday", today.month % 12 + 1, 3}}) {
+  for (const auto& [title, month, day] : std::vector<std::tuple<std::string, int, int>>{
+           {"Anna's birthday", today.month, 12}, {"Father's birthday", today.month % 12 + 1, 3}}) {
     std::vector<CivilDate> dates;
     const int firstYear = month >= today.month ? today.year : today.year + 1;
     for (int y = firstYear; y < firstYear + 5; ++y) dates.push_back({y, month, day});
@@ -131,8 +126,8 @@ void BuildSampleSchedule(ScheduleStore& store, const CivilDate& today) {
   // A trip over four days, starting in ten days.
   std::vector<CivilDate> trip;
   for (int i = 10; i < 14; ++i) trip.push_back(b.Day(i));
-  b.Add({"Trip to Lisbon", "Lisbon", "Flight TP 1234 at 7:05.\r\nHotel Avenida, booking 55812.",
-         -1, -1, -1},
+  b.Add({"Trip to Lisbon", "Lisbon", "Flight TP 1234 at 7:05.\r\nHotel Avenida, booking 55812.", -1,
+         -1, -1},
         trip, kMultiDayKind);
 
   // Single items around today.

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/calendar.h"
 #include "store/sch_tables.h"
 #include "store/scl_format.h"
 
@@ -37,7 +38,7 @@ struct ScheduleDocument {
 
   int CopiedRow = -1;  // the row that Copy took, -1 while nothing is copied
 
-  int CurYear = 1901;
+  int CurYear = kFirstYear;
   int CurMonth = 1;
   int CurDay = 1;
 };

@@ -1,5 +1,5 @@
+#include "store/chains.h"
 #include "store/schedule_store.h"
-
 #include "store/stamp.h"
 
 namespace sched {
@@ -97,10 +97,9 @@ int ScheduleStore::FindOrAddMonth(int month, int yearRow) {
     return added;
   }
   int last = year.FirstMonth;
-  for (int at = last, steps = 0; at != -1 && steps < t.AncMM.Rows(); ++steps) {
+  for (int at : MonthChain(t.AncMM, year.FirstMonth)) {
     if (t.AncMM.At(at).Month == month) return at;
     last = at;
-    at = t.AncMM.At(at).NextMonth;
   }
   ++t.MonthCount;
   const int added = t.AncMM.Append(row);
@@ -126,18 +125,16 @@ int ScheduleStore::InsertRow(int head, int monthRow, int day, const SchRecord& r
     // Behind every row that starts no later: equal times keep their order of entry.
     const std::int32_t start = list.At(newRow).StartTime;
     int prev = -1;
-    int at = head;
-    for (int steps = 0; at != -1 && steps < list.Rows(); ++steps) {
+    for (int at : DayChain(list, head)) {
       if (list.At(at).StartTime > start) break;
       prev = at;
-      at = list.At(at).Next;
     }
     if (prev == -1) {
       list.At(newRow).Next = head;
       dayHead = newRow;
     } else {
+      list.At(newRow).Next = list.At(prev).Next;
       list.At(prev).Next = newRow;
-      list.At(newRow).Next = at;
     }
   }
   if (AlarmDueToday(list.At(newRow))) svc_.alarms.AddAlarmOfRecord(newRow);
@@ -201,12 +198,11 @@ MonthData ScheduleStore::MonthHasData(int year, int month) const {
   if (data.monthRow < 0 || data.hasData) return data;
   const auto& list = t.SchDatList;
   for (std::int32_t head : t.AncMM.At(data.monthRow).DayHead) {
-    for (int row = head, steps = 0; row != -1 && steps < list.Rows(); ++steps) {
+    for (int row : DayChain(list, head)) {
       if (list.At(row).IsLive()) {
         data.hasData = true;
         return data;
       }
-      row = list.At(row).Next;
     }
   }
   return data;

@@ -1,7 +1,11 @@
 #include "store/row_order.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <tuple>
+#include <vector>
+
+#include "store/chains.h"
 
 namespace sched {
 
@@ -10,10 +14,8 @@ std::vector<int> LiveRowsInDateOrder(const SchDatCTL& ctl) {
   std::vector<std::tuple<int, int, int>> months;
   for (int y = 0; y < ctl.YearCount; ++y) {
     const AncYYRow& year = ctl.AncYY.At(y);
-    int row = year.FirstMonth;
-    for (int steps = 0; row >= 0 && row < ctl.AncMM.Rows() && steps < ctl.AncMM.Rows(); ++steps) {
+    for (int row : MonthChain(ctl.AncMM, year.FirstMonth)) {
       months.emplace_back(year.Year, ctl.AncMM.At(row).Month, row);
-      row = ctl.AncMM.At(row).NextMonth;
     }
   }
   std::stable_sort(months.begin(), months.end(), [](const auto& a, const auto& b) {
@@ -23,9 +25,8 @@ std::vector<int> LiveRowsInDateOrder(const SchDatCTL& ctl) {
   const auto& list = ctl.SchDatList;
   for (const auto& month : months) {
     for (std::int32_t head : ctl.AncMM.At(std::get<2>(month)).DayHead) {
-      for (int row = head, steps = 0; row >= 0 && row < list.Rows() && steps < list.Rows(); ++steps) {
+      for (int row : DayChain(list, head)) {
         if (list.At(row).IsLive()) rows.push_back(row);
-        row = list.At(row).Next;
       }
     }
   }

@@ -14,10 +14,10 @@ struct SchRecord {
   std::int32_t Next = -1;
   std::uint8_t Day = 1;
   std::uint8_t Month = 1;
-  std::uint16_t Year = 1901;
+  std::uint16_t Year = kFirstYear;
   std::uint8_t EndDay = 1;
   std::uint8_t EndMonth = 1;
-  std::uint16_t EndYear = 1901;
+  std::uint16_t EndYear = kFirstYear;
   std::int16_t StartTime = -1;  // minutes after 0:00, -1 all day
   std::int16_t EndTime = -1;
   std::int16_t SubNo = 0;
@@ -40,7 +40,6 @@ struct SchRecord {
 // RepeatKind of an item over multiple days (the bit pattern 0x8000).
 inline constexpr std::int16_t kMultiDayKind = -32768;
 inline constexpr const char* kDefaultAlarmSound = "SCHALARM";
-inline constexpr const char* kNoTitle = "No Title";
 
 struct AlarmMoment {
   std::int32_t dateCode;  // the day on which the alarm rings

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 
+#include "store/chains.h"
 #include "store/sch_record.h"
 
 namespace sched {
 namespace {
 
-std::string Num(std::int32_t value) { return std::to_string(value); }
+std::string Num(std::int32_t value) {
+  return std::to_string(value);
+}
 
 }  // namespace
 
@@ -86,11 +89,10 @@ std::string SchDatRow::Cell(int col) const {
 }
 
 void SchDatRow::SetCell(int col, std::string_view text) {
-  std::int32_t* const numbers[] = {&Prev,      &Next,        &Day,         &Month,
-                                   &Year,      &EndDay,      &EndMonth,    &EndYear,
-                                   &StartTime, &EndTime,     &SubNo,       &Stamp,
-                                   &ParentSubNo, &ParentStamp, &RepeatKind, &Private,
-                                   &VarLen};
+  std::int32_t* const numbers[] = {&Prev,    &Next,     &Day,         &Month,       &Year,
+                                   &EndDay,  &EndMonth, &EndYear,     &StartTime,   &EndTime,
+                                   &SubNo,   &Stamp,    &ParentSubNo, &ParentStamp, &RepeatKind,
+                                   &Private, &VarLen};
   switch (col) {
     case kColTitle: Title = text; return;
     case kColPlace: Place = text; return;
@@ -104,8 +106,12 @@ void SchDatRow::SetCell(int col, std::string_view text) {
   }
 }
 
-std::int32_t SchDatRow::StartCode() const { return DateCode(Year, Month, Day); }
-std::int32_t SchDatRow::EndCode() const { return DateCode(EndYear, EndMonth, EndDay); }
+std::int32_t SchDatRow::StartCode() const {
+  return DateCode(Year, Month, Day);
+}
+std::int32_t SchDatRow::EndCode() const {
+  return DateCode(EndYear, EndMonth, EndDay);
+}
 
 void ClearTables(SchDatCTL& ctl) {
   ctl.AncYY.Clear();
@@ -129,12 +135,8 @@ int FindYearRow(const SchDatCTL& ctl, int year) {
 }
 
 int FindMonthRow(const SchDatCTL& ctl, int yearRow, int month) {
-  // A month chain never holds more rows than the table; the bound keeps a bad link from looping.
-  int row = ctl.AncYY.At(yearRow).FirstMonth;
-  for (int steps = 0; row >= 0 && row < ctl.AncMM.Rows() && steps < ctl.AncMM.Rows(); ++steps) {
-    const AncMMRow& m = ctl.AncMM.At(row);
-    if (m.Month == month) return row;
-    row = m.NextMonth;
+  for (int row : MonthChain(ctl.AncMM, ctl.AncYY.At(yearRow).FirstMonth)) {
+    if (ctl.AncMM.At(row).Month == month) return row;
   }
   return -1;
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace sched {
@@ -81,8 +82,6 @@ class Table {
     PutFirst(std::move(row));
     return 0;
   }
-
-  void Reserve(std::size_t rows) { rows_.reserve(rows); }
 
   // Counts every change other than an append, so that an index over appended rows knows when
   // it has to start again.

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "holidays/holiday_dialog_host.h"
+#include "ui/rgb_color.h"
 
 namespace sched {
 namespace {
@@ -32,8 +33,7 @@ QColor FormColor(std::uint32_t color, const QPalette& palette) {
     return (color & 0xFF) == kSystemButtonText ? palette.color(QPalette::ButtonText)
                                                : palette.color(QPalette::WindowText);
   }
-  return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
-                static_cast<int>((color >> 16) & 0xFF));
+  return RgbColor(color);
 }
 
 OkCancelButtons AddOkCancel(QDialog* dialog, QBoxLayout* layout, const char* okName,

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 
+#include "ui/rgb_color.h"
 #include "views/layout.h"
 #include "views/view_colors.h"
 #include "views/view_commands.h"
@@ -21,8 +22,7 @@ using ViewActionSink = std::function<void(const ViewAction&)>;
 // the palette's base, the ground of lists and editable fields.
 inline QColor ViewColor(std::uint32_t color, const QPalette& palette) {
   if (color == kWindowColor) return palette.color(QPalette::Base);
-  return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
-                static_cast<int>((color >> 16) & 0xFF));
+  return RgbColor(color);
 }
 inline QColor ViewColor(CellBack back, const QPalette& palette) {
   return ViewColor(ColorValue(back), palette);

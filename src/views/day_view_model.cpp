@@ -1,5 +1,6 @@
 #include "views/day_view_model.h"
 
+#include "store/chains.h"
 #include "views/line_text.h"
 #include "views/month_view_model.h"
 
@@ -53,8 +54,7 @@ bool DayView::Fill(int year, int month, int day, bool onDayTab, bool withMarks) 
   TimeBarColor = 1;
   DayItemCount = 0;
   const auto& list = t.SchDatList;
-  for (int row = head, steps = 0; row >= 0 && row < list.Rows() && steps < list.Rows();
-       ++steps, row = list.At(row).Next) {
+  for (int row : DayChain(list, head)) {
     const SchDatRow& r = list.At(row);
     if (!r.IsLive()) continue;
     List1.push_back(DayLineText(t, row));

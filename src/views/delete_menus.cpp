@@ -1,5 +1,6 @@
 #include "views/delete_menus.h"
 
+#include "store/chains.h"
 #include "views/month_view_model.h"
 
 namespace sched {
@@ -15,9 +16,7 @@ bool LiveInDays(const SchDatCTL& ctl, int monthRow, int firstDay, int lastDay) {
 // Calls `visit(monthRow)` for each month of the year's chain until it returns true.
 template <typename Visit>
 bool AnyMonth(const SchDatCTL& ctl, const AncYYRow& year, Visit visit) {
-  int monthRow = year.FirstMonth;
-  for (int steps = 0; monthRow >= 0 && monthRow < ctl.AncMM.Rows() && steps < ctl.AncMM.Rows();
-       ++steps, monthRow = ctl.AncMM.At(monthRow).NextMonth) {
+  for (int monthRow : MonthChain(ctl.AncMM, year.FirstMonth)) {
     if (visit(monthRow)) return true;
   }
   return false;

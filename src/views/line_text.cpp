@@ -1,6 +1,9 @@
 #include "views/line_text.h"
 
+#include <string>
+
 #include "core/calendar.h"
+#include "core/time_text.h"
 #include "store/sch_record.h"
 #include "views/view_texts.h"
 
@@ -14,17 +17,7 @@ int MinuteOfDay(int minutes) {
 
 std::string TimeText(int minutes, bool padHour) {
   const int m = MinuteOfDay(minutes);
-  const int hour24 = m / 60;
-  const int hour = hour24 % 12 == 0 ? 12 : hour24 % 12;
-  const int minute = m % 60;
-  std::string text;
-  if (padHour && hour < 10) text += '0';
-  text += std::to_string(hour);
-  text += ':';
-  if (minute < 10) text += '0';
-  text += std::to_string(minute);
-  text += hour24 < 12 ? "am" : "pm";
-  return text;
+  return TwelveHourTime(m / 60, m % 60, padHour, "am", "pm");
 }
 
 std::string PadTwo(int number) {

@@ -1,15 +1,13 @@
 #include "views/month_view_model.h"
 
+#include "store/chains.h"
 #include "views/line_text.h"
 
 namespace sched {
 
 int FirstLiveRow(const SchDatCTL& ctl, int row) {
-  const auto& list = ctl.SchDatList;
-  // The step limit keeps a damaged chain that loops from hanging the view.
-  for (int steps = 0; row >= 0 && row < list.Rows() && steps < list.Rows(); ++steps) {
-    if (list.At(row).IsLive()) return row;
-    row = list.At(row).Next;
+  for (int at : DayChain(ctl.SchDatList, row)) {
+    if (ctl.SchDatList.At(at).IsLive()) return at;
   }
   return -1;
 }
@@ -146,8 +144,7 @@ void MonthView::FillDays(int yearRow, int month, int firstDay, int lastDay, int 
     if (first == -1) continue;
     MonthCell& cell = Cell(firstCell + day - firstDay);
     cell.hasItems = true;
-    for (int row = first, steps = 0; row >= 0 && row < list.Rows() && steps < list.Rows();
-         ++steps, row = list.At(row).Next) {
+    for (int row : DayChain(list, first)) {
       if (!list.At(row).IsLive()) continue;
       cell.lines.push_back(MonthLineText(t, row));
       cell.rows.push_back(row);

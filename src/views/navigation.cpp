@@ -2,6 +2,7 @@
 // calendar and arrows, the Today command and the change of tab.
 #include <algorithm>
 
+#include "core/calendar.h"
 #include "views/calendar_views.h"
 
 namespace sched {
@@ -12,14 +13,6 @@ bool IsFirstMonth(int year, int month) {
 }
 bool IsLastMonth(int year, int month) {
   return year == kLastYear && month == 12;
-}
-
-// The date moved by whole months, its day cut to the length of the target month.
-CivilDate AddMonths(const CivilDate& date, int months) {
-  const int index = date.year * 12 + date.month - 1 + months;
-  const int year = index / 12;
-  const int month = index % 12 + 1;
-  return {year, month, std::min(date.day, DaysInMonth(year, month))};
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "views/schedule_list_model.h"
 
 #include "core/app_texts.h"
+#include "store/chains.h"
 #include "store/schedule_store.h"
 #include "views/line_text.h"
 #include "views/view_texts.h"
@@ -32,8 +33,7 @@ int ScheduleList::FillDayIndex(const SchDatCTL& ctl, const CivilDate& date, bool
   List3Index = -1;
   int count = 0;
   const auto& list = ctl.SchDatList;
-  for (int row = head, steps = 0; row >= 0 && row < list.Rows() && steps < list.Rows();
-       ++steps, row = list.At(row).Next) {
+  for (int row : DayChain(list, head)) {
     const SchDatRow& r = list.At(row);
     if (r.blank || r.Deleted == kDeleted) continue;
     if (!indexOnly) Lines.push_back(ListLineText(ctl, row));

@@ -26,6 +26,27 @@ TEST(CountryFileList, ListsHolidayIniFilesInAnyCaseSortedAsAFileList) {
   EXPECT_TRUE(ListCountryFiles(dir.File("missing")).empty());
 }
 
+TEST(CountryFileList, ACountryFileNameFollowsThePatternHolidayStarIni) {
+  const struct {
+    const char* name;
+    bool isCountryFile;
+  } cases[] = {
+      {"holidayJ.ini", true},
+      {"HOLIDAYUS.INI", true},
+      {"Holidayde.Ini", true},
+      {"holiday.ini", true},
+      {"HOLIDAY.INI", true},
+      {"holiday.in", false},
+      {"holidayJ.in", false},
+      {"holidayJ.ini.bak", false},
+      {"myholidayJ.ini", false},
+      {"holidaJ.ini", false},
+      {"holidayJ_ini", false},
+      {"", false},
+  };
+  for (const auto& c : cases) EXPECT_EQ(IsCountryFileName(c.name), c.isCountryFile) << c.name;
+}
+
 TEST(CountryFileList, TheTitleIsTheFirstLineUpToCrOrLf) {
   TempDir dir;
   const struct {

@@ -4,7 +4,8 @@
 
 namespace sched {
 
-// The machine's local time; the tick counter moves on 64 times a second, as a system timer does.
+// The machine's local time; the tick counter counts 16-millisecond steps of the monotonic
+// clock, about 62 a second, as a system timer does.
 class SystemClock : public Clock {
  public:
   DateTime Now() const override;
