@@ -33,14 +33,12 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       SchMainServices{state_, p_.clock, p_.dates, *device_, p_.settings, p_.messages, *views_,
                       commandSet_, p_.registry, p_.holidays, paths_.PcAppsDir});
   ProgressDisplay& progress = window_->ProgressDisplay();
-  store_ = std::make_unique<ScheduleStore>(doc_,
-                                           StoreServices{alarms_.hooks, progress, p_.clock});
+  store_ = std::make_unique<ScheduleStore>(doc_, StoreServices{alarms_.hooks, progress, p_.clock});
   session_ = std::make_unique<DocumentSession>(
       SessionServices{*store_, *views_, *window_, p_.messages, progress, *device_, p_.settings,
                       p_.clock, paths_.SystemIniPath});
-  commands_ = std::make_unique<DocumentCommands>(
-      DocumentServices{*session_, *window_, alarms_, p_.messages, p_.dialogs, *device_, state_,
-                       paths_.CacheDir});
+  commands_ = std::make_unique<DocumentCommands>(DocumentServices{
+      *session_, *window_, alarms_, p_.messages, p_.dialogs, *device_, state_, paths_.CacheDir});
   BindDocumentCommands(commandSet_, *commands_);
   window_->Attach(commands_.get(), store_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),

@@ -49,8 +49,7 @@ void WriteRow(std::ostream& out, const SchDatRow& r) {
       << ",\"RepeatKind\":" << r.RepeatKind << ",\"Private\":" << (r.Private != 0 ? 1 : 0)
       << ",\"Title\":" << JsonString(r.Title) << ",\"Place\":" << JsonString(r.Place)
       << ",\"Memo\":" << JsonString(r.Memo) << ",\"AlarmOn\":" << r.AlarmOn
-      << ",\"AlarmSound\":" << JsonString(r.AlarmSound) << ",\"AlarmLead\":" << r.AlarmLead
-      << '}';
+      << ",\"AlarmSound\":" << JsonString(r.AlarmSound) << ",\"AlarmLead\":" << r.AlarmLead << '}';
 }
 
 }  // namespace

@@ -26,8 +26,10 @@ Summary Summarize(const SchDatCTL& t) {
     const AncYYRow& year = t.AncYY.At(y);
     s.monthsOfYear[year.Year];
     for (int m = 0; m < 12; ++m) {
-      s.holidayOn += std::popcount(static_cast<std::uint32_t>(year.HolidayOn[static_cast<std::size_t>(m)]));
-      s.holidayOff += std::popcount(static_cast<std::uint32_t>(year.HolidayOff[static_cast<std::size_t>(m)]));
+      s.holidayOn +=
+          std::popcount(static_cast<std::uint32_t>(year.HolidayOn[static_cast<std::size_t>(m)]));
+      s.holidayOff +=
+          std::popcount(static_cast<std::uint32_t>(year.HolidayOff[static_cast<std::size_t>(m)]));
     }
   }
   std::set<std::pair<int, int>> repeatSeries;

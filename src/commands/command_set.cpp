@@ -3,13 +3,19 @@
 namespace sched {
 namespace {
 
-std::size_t Index(CommandId id) { return static_cast<std::size_t>(id); }
+std::size_t Index(CommandId id) {
+  return static_cast<std::size_t>(id);
+}
 
 }  // namespace
 
-void CommandSet::Bind(CommandId id, Routine routine) { routines_[Index(id)] = std::move(routine); }
+void CommandSet::Bind(CommandId id, Routine routine) {
+  routines_[Index(id)] = std::move(routine);
+}
 
-bool CommandSet::Has(CommandId id) const { return static_cast<bool>(routines_[Index(id)]); }
+bool CommandSet::Has(CommandId id) const {
+  return static_cast<bool>(routines_[Index(id)]);
+}
 
 void CommandSet::Run(CommandId id) const {
   if (Has(id)) routines_[Index(id)]();

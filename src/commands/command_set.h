@@ -33,6 +33,8 @@ bool EnabledByRule(CommandId id, CommandPlace place, const MenuState& menus,
                    const PopupItems& popup);
 
 // The Delete menu itself, which stays enabled while any of its commands could act.
-constexpr bool DelCTRLEnabled(const MenuState& menus) { return menus.DelCTRL; }
+constexpr bool DelCTRLEnabled(const MenuState& menus) {
+  return menus.DelCTRL;
+}
 
 }  // namespace sched

@@ -8,16 +8,36 @@ using enum CommandId;
 
 MenuEntry Entry(std::string name, std::string caption, CommandId command,
                 StandardKey key = StandardKey::None) {
-  return {Kind::Command, std::move(name), std::move(caption), command, key};
+  MenuEntry entry;
+  entry.name = std::move(name);
+  entry.caption = std::move(caption);
+  entry.command = command;
+  entry.key = key;
+  return entry;
 }
 
-MenuEntry Separator() { return {Kind::Separator}; }
+// A line that is no command: a separator or the end of a submenu.
+MenuEntry Marker(Kind kind) {
+  MenuEntry entry;
+  entry.kind = kind;
+  return entry;
+}
+
+MenuEntry Separator() {
+  return Marker(Kind::Separator);
+}
 
 MenuEntry Submenu(std::string name, std::string caption) {
-  return {Kind::Submenu, std::move(name), std::move(caption)};
+  MenuEntry entry;
+  entry.kind = Kind::Submenu;
+  entry.name = std::move(name);
+  entry.caption = std::move(caption);
+  return entry;
 }
 
-MenuEntry EndSubmenu() { return {Kind::EndSubmenu}; }
+MenuEntry EndSubmenu() {
+  return Marker(Kind::EndSubmenu);
+}
 
 MenuEntry Check(std::string name, std::string caption, CommandId command, bool checked) {
   MenuEntry entry = Entry(std::move(name), std::move(caption), command);
@@ -36,10 +56,13 @@ void AddHolidayEntries(std::vector<MenuEntry>& entries, const std::string& subme
 }
 
 std::vector<MenuEntry> EditEntries() {
-  std::vector<MenuEntry> entries = {
-      Entry("CopySchdat", "&Copy", Copy),     Entry("PasteSchdat", "&Paste", Paste), Separator(),
-      Entry("NewSchdat", "&Add...", Add),     Entry("UpdSchDat", "&Modify...", Modify),
-      Entry("DelSchDat", "&Delete", Delete),  Separator()};
+  std::vector<MenuEntry> entries = {Entry("CopySchdat", "&Copy", Copy),
+                                    Entry("PasteSchdat", "&Paste", Paste),
+                                    Separator(),
+                                    Entry("NewSchdat", "&Add...", Add),
+                                    Entry("UpdSchDat", "&Modify...", Modify),
+                                    Entry("DelSchDat", "&Delete", Delete),
+                                    Separator()};
   AddHolidayEntries(entries, "Hctl", "Wdsp", "Ydsp");
   return entries;
 }

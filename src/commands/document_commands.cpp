@@ -80,7 +80,9 @@ bool DocumentCommands::SaveTo(const std::string& path) {
   return s_.session.SaveScheduleFile();
 }
 
-void DocumentCommands::RefreshSoundList() { s_.state.DeviceSounds = ReadDeviceSounds(s_.device); }
+void DocumentCommands::RefreshSoundList() {
+  s_.state.DeviceSounds = ReadDeviceSounds(s_.device);
+}
 
 bool DocumentCommands::AskSaveChanges() {
   ScheduleDocument& doc = Doc();

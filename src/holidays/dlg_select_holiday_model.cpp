@@ -1,9 +1,9 @@
 #include "holidays/dlg_select_holiday_model.h"
 
+#include "core/app_texts.h"
+#include "core/registry_keys.h"
 #include "holidays/country_file_list.h"
 #include "holidays/holiday_texts.h"
-#include "core/registry_keys.h"
-#include "core/app_texts.h"
 #include "store/schedule_store.h"
 
 namespace sched {

@@ -19,7 +19,9 @@ int NamedHolidays::GetHolidayName(int year, int month, int day, std::string& nam
   return -1;
 }
 
-bool IsHolidayOn(int month, int day, const MonthMasks& masks) { return BitOf(month, day, masks); }
+bool IsHolidayOn(int month, int day, const MonthMasks& masks) {
+  return BitOf(month, day, masks);
+}
 
 bool IsHolidayOff(int month, int day, int weekday, const MonthMasks& masks,
                   const WeekFlags& weekHoliday) {

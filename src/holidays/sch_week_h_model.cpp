@@ -1,7 +1,7 @@
 #include "holidays/sch_week_h_model.h"
 
-#include "holidays/holiday_texts.h"
 #include "core/calendar.h"
+#include "holidays/holiday_texts.h"
 
 namespace sched {
 namespace {

@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <string>
 
+#include "core/calendar.h"
 #include "holidays/holiday_dialog_host.h"
 #include "holidays/holiday_model.h"
 #include "platform/date_formatter.h"
-#include "core/calendar.h"
 #include "store/schedule_store.h"
 
 namespace sched {

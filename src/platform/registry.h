@@ -14,10 +14,14 @@ class Registry {
   virtual bool KeyExists(const std::string& key) = 0;
   // Creates the key (and its parents) when absent; false when it cannot be made.
   virtual bool CreateKey(const std::string& key) = 0;
-  virtual std::optional<std::string> ReadString(const std::string& key, const std::string& name) = 0;
-  virtual std::optional<std::uint32_t> ReadNumber(const std::string& key, const std::string& name) = 0;
-  virtual bool WriteString(const std::string& key, const std::string& name, const std::string& value) = 0;
-  virtual bool WriteNumber(const std::string& key, const std::string& name, std::uint32_t value) = 0;
+  virtual std::optional<std::string> ReadString(const std::string& key,
+                                                const std::string& name) = 0;
+  virtual std::optional<std::uint32_t> ReadNumber(const std::string& key,
+                                                  const std::string& name) = 0;
+  virtual bool WriteString(const std::string& key, const std::string& name,
+                           const std::string& value) = 0;
+  virtual bool WriteNumber(const std::string& key, const std::string& name,
+                           std::uint32_t value) = 0;
 };
 
 }  // namespace sched

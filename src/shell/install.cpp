@@ -123,7 +123,7 @@ class Installer {
     Note(to, !error);
   }
 
-  void SaveSample(const InstallPaths& paths, const fs::path& file, const CivilDate& today) {
+  void SaveSample(const fs::path& file, const CivilDate& today) {
     if (Exists(file)) return;
     ScheduleDocument doc;
     NoAlarmHooks alarms;
@@ -177,8 +177,8 @@ void LayOut(Installer& installer, const std::string& installDir, const std::stri
                        EncodeSnd(melody));
   }
   // The same sample on the PC and on the device, each made only where none is yet.
-  installer.SaveSample(paths, ResolveIgnoringCase(paths.PimDataDir, kSampleName), today);
-  installer.SaveSample(paths, ResolveIgnoringCase(paths.CacheDir, kSampleName), today);
+  installer.SaveSample(ResolveIgnoringCase(paths.PimDataDir, kSampleName), today);
+  installer.SaveSample(ResolveIgnoringCase(paths.CacheDir, kSampleName), today);
 }
 
 // The country file of a new installation: the United States one when it is there, else the

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/registry.h"
 #include "core/calendar.h"
+#include "platform/registry.h"
 
 namespace sched {
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "shell/folder_case.h"
 #include "core/registry_keys.h"
+#include "shell/folder_case.h"
 
 namespace sched {
 namespace fs = std::filesystem;

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "shell/device_service.h"
 #include "core/registry_keys.h"
+#include "shell/device_service.h"
 #include "store/schedule_store.h"
 
 namespace sched {

@@ -16,7 +16,7 @@ struct AncYYRow {
   static constexpr int kColumns = 27;
   bool blank = false;
   std::int32_t Year = 0;
-  std::int32_t NextYear = -1;   // not walked by any code: years are found by scanning rows
+  std::int32_t NextYear = -1;    // not walked by any code: years are found by scanning rows
   std::int32_t FirstMonth = -1;  // row in AncMM of the year's first month, -1 for none
   std::array<std::int32_t, 12> HolidayOn{};
   std::array<std::int32_t, 12> HolidayOff{};
@@ -31,7 +31,7 @@ struct AncMMRow {
   static constexpr int kColumns = 33;
   bool blank = false;
   std::int32_t Month = 0;
-  std::int32_t NextMonth = -1;  // row of the year's next month, -1 at the last
+  std::int32_t NextMonth = -1;           // row of the year's next month, -1 at the last
   std::array<std::int32_t, 31> DayHead;  // first SchDatList row of day 1 to 31, -1 for none
 
   AncMMRow() { DayHead.fill(-1); }
@@ -41,10 +41,30 @@ struct AncMMRow {
 
 // Columns of SchDatList.
 enum SchDatColumn : int {
-  kColPrev, kColNext, kColDay, kColMonth, kColYear, kColEndDay, kColEndMonth, kColEndYear,
-  kColStartTime, kColEndTime, kColSubNo, kColStamp, kColParentSubNo, kColParentStamp,
-  kColRepeatKind, kColPrivate, kColVarLen, kColTitle, kColPlace, kColMemo, kColAlarmOn,
-  kColAlarmSound, kColAlarmLead, kColDeleted
+  kColPrev,
+  kColNext,
+  kColDay,
+  kColMonth,
+  kColYear,
+  kColEndDay,
+  kColEndMonth,
+  kColEndYear,
+  kColStartTime,
+  kColEndTime,
+  kColSubNo,
+  kColStamp,
+  kColParentSubNo,
+  kColParentStamp,
+  kColRepeatKind,
+  kColPrivate,
+  kColVarLen,
+  kColTitle,
+  kColPlace,
+  kColMemo,
+  kColAlarmOn,
+  kColAlarmSound,
+  kColAlarmLead,
+  kColDeleted
 };
 
 // Values of the Deleted column.
@@ -104,9 +124,9 @@ struct SchDatCTL {
   Table<AncMMRow> AncMM;
   Table<SchDatRow> SchDatList;
   Table<TextRow> SchHlist;
-  int YearCount = 0;   // data rows of AncYY
-  int MonthCount = 0;  // data rows of AncMM
-  int RowCount = 0;    // live rows of SchDatList
+  int YearCount = 0;           // data rows of AncYY
+  int MonthCount = 0;          // data rows of AncMM
+  int RowCount = 0;            // live rows of SchDatList
   mutable SeriesIndex Series;  // rows of each series, kept in step with SchDatList
 };
 

@@ -260,7 +260,9 @@ std::string FormatLocation(const std::string& path, int onPc) {
   return (onPc == 1 ? "PC:" : "Tarvex:") + name;
 }
 
-void ScheduleStore::ClearIndex() { ClearTables(doc_.Tables); }
+void ScheduleStore::ClearIndex() {
+  ClearTables(doc_.Tables);
+}
 
 void ScheduleStore::ResetHeader() {
   doc_.Header = SclHeader{};

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "core/codepage.h"
+#include "store/chains.h"
 #include "store/schedule_store.h"
 #include "store/stamp.h"
 
@@ -12,7 +13,9 @@ namespace sched {
 namespace {
 
 // The 8-bit form of a text for the file.
-std::string FileText(const std::string& text) { return Utf8ToCp1252(text); }
+std::string FileText(const std::string& text) {
+  return Utf8ToCp1252(text);
+}
 
 // The variable part's size must fit its signed 16-bit count, which a reader may use to find
 // the next record: the memo gives way first, then the place, then the title.
@@ -92,10 +95,10 @@ class SclWriter {
     }
   }
 
-  std::int32_t WriteMonths(int row) {
+  std::int32_t WriteMonths(int firstMonth) {
     std::int32_t first = -1;
     std::int32_t previousMonth = -1;
-    for (int steps = 0; row != -1 && steps < t_.AncMM.Rows(); ++steps) {
+    for (int row : MonthChain(t_.AncMM, firstMonth)) {
       const AncMMRow& m = t_.AncMM.At(row);
       const std::int32_t start = out_.Position();
       SclMonth month;
@@ -106,7 +109,6 @@ class SclWriter {
       for (std::int32_t& head : month.DayHead) {
         if (head != -1) head = WriteDay(head, month);
       }
-      row = m.NextMonth;
       if (out_.Position() == start && month.MultiDayHead == -1) continue;  // an empty month
       const std::int32_t at = out_.Position();
       WriteMonth(out_, month);
@@ -122,21 +124,15 @@ class SclWriter {
 
   // Writes the live rows of a day's chain and gives the offset of the first, -1 for none. An
   // item over several dates goes once into the month's multi-day chain instead.
-  std::int32_t WriteDay(int row, SclMonth& month) {
+  std::int32_t WriteDay(int head, SclMonth& month) {
     std::int32_t first = -1;
     std::int32_t previous = -1;
-    const auto& list = t_.SchDatList;
-    for (int steps = 0; row != -1 && steps < list.Rows(); ++steps) {
-      const SchDatRow& r = list.At(row);
-      const int next = r.Next;
-      if (r.Deleted == kDeleted) {
-        row = next;
-        continue;
-      }
+    for (int row : DayChain(t_.SchDatList, head)) {
+      const SchDatRow& r = t_.SchDatList.At(row);
+      if (r.Deleted == kDeleted) continue;
       const SeriesRange& range = ranges_[r.Series()];
       if (r.RepeatKind == kMultiDayKind && range.firstCode != range.lastCode) {
         WriteMultiDay(r, range, month);
-        row = next;
         continue;
       }
       SchRecord rec = BuildDiskRecord(r);
@@ -154,7 +150,6 @@ class SclWriter {
       }
       WriteRecord(out_, rec);
       previous = at;
-      row = next;
     }
     return first;
   }
@@ -192,8 +187,8 @@ class SclWriter {
     rec.Memo = FileText(StripCR(rec.Memo));
     FitVariablePart(rec);
     rec.AlarmSound = FileText(rec.AlarmSound).substr(0, kAlarmSoundBytes);
-    const std::size_t length = rec.Title.size() + rec.Place.size() + rec.Memo.size() + 8 +
-                               (rec.AlarmOn == 1 ? 10 : 0);
+    const std::size_t length =
+        rec.Title.size() + rec.Place.size() + rec.Memo.size() + 8 + (rec.AlarmOn == 1 ? 10 : 0);
     rec.VarLen = static_cast<std::int16_t>(length);
     return rec;
   }
@@ -213,7 +208,8 @@ namespace {
 bool WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   if (!out) return false;
-  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  out.write(reinterpret_cast<const char*>(bytes.data()),
+            static_cast<std::streamsize>(bytes.size()));
   out.close();
   return static_cast<bool>(out);
 }
@@ -239,7 +235,9 @@ bool ReplaceFile(const std::string& target, const std::vector<std::uint8_t>& byt
 
 }  // namespace
 
-std::vector<std::uint8_t> ScheduleStore::BuildScheduleBytes() { return SclWriter(*this).Build(); }
+std::vector<std::uint8_t> ScheduleStore::BuildScheduleBytes() {
+  return SclWriter(*this).Build();
+}
 
 bool ScheduleStore::SaveScheduleFile(const std::string& path) {
   return ReplaceFile(path, BuildScheduleBytes());

@@ -37,7 +37,8 @@ class SeriesIndex {
       edits_ = table.Edits();
     }
     if (table.IsEmpty()) return;
-    for (; indexed_ < table.Rows(); ++indexed_) rows_[keyOf(table.At(indexed_))].push_back(indexed_);
+    for (; indexed_ < table.Rows(); ++indexed_)
+      rows_[keyOf(table.At(indexed_))].push_back(indexed_);
   }
 
   const std::vector<int>& RowsOf(const SeriesKey& key) const {

@@ -10,7 +10,9 @@ constexpr std::uint32_t kLinkBit = 0x40000000u;
 constexpr std::uint32_t kTopBit = 0x80000000u;
 }  // namespace
 
-std::int32_t MakeStamp(const Clock& clock) { return StampOf(clock.Now()); }
+std::int32_t MakeStamp(const Clock& clock) {
+  return StampOf(clock.Now());
+}
 
 std::int32_t StampOf(const DateTime& now) {
   const auto term = static_cast<std::uint32_t>(((now.year % 10) * 16 + now.month) * 32 + now.day);

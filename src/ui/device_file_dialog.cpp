@@ -11,7 +11,6 @@
 
 namespace sched {
 
-
 std::optional<std::string> DeviceFileDialog::ChooseDeviceFile(const DeviceFileRequest& request) {
   const bool save = request.mode == DeviceDialogMode::Save;
   QDialog dialog(parent_);

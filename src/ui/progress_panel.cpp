@@ -19,7 +19,9 @@ void ProgressPanel::SetCaption(const std::string& text) {
   caption_->setText(QString::fromStdString(text));
 }
 
-void ProgressPanel::SetValue(int value) { bar_->setValue(value); }
+void ProgressPanel::SetValue(int value) {
+  bar_->setValue(value);
+}
 
 void ProgressPanel::SetVisible(bool visible) {
   caption_->setVisible(visible);

@@ -17,9 +17,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "commands/document_commands.h"
 #include "core/app_texts.h"
 #include "shell/clock_text.h"
-#include "commands/document_commands.h"
 #include "shell/settings.h"
 #include "ui/day_tab.h"
 #include "ui/month_tab.h"

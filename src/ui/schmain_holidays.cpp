@@ -53,7 +53,9 @@ HolidayDialogHost& SchMain::HolidayHost() {
   return *holidayHost_;
 }
 
-void SchMain::AfterHolidayDialog() { s_.views.PopupActive = 0; }
+void SchMain::AfterHolidayDialog() {
+  s_.views.PopupActive = 0;
+}
 
 void SchMain::ShowWeekHolidayDialog() {
   if (store_ == nullptr) return;

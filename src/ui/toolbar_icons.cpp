@@ -177,6 +177,8 @@ class DrawnIconEngine : public QIconEngine {
 
 }  // namespace
 
-QIcon ToolbarIcon(const QString& key) { return QIcon(new DrawnIconEngine(key)); }
+QIcon ToolbarIcon(const QString& key) {
+  return QIcon(new DrawnIconEngine(key));
+}
 
 }  // namespace sched

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "holidays/holiday_model.h"
 #include "core/calendar.h"
+#include "holidays/holiday_model.h"
 #include "store/document.h"
 #include "views/view_colors.h"
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/messages.h"
 #include "core/calendar.h"
+#include "platform/messages.h"
 #include "store/sch_tables.h"
 #include "views/layout.h"
 #include "views/view_commands.h"

@@ -73,5 +73,4 @@ struct MenuState {
 // Where the keyboard focus goes after a move of the date.
 enum class FocusTarget { Text1, List1, CSCal4 };
 
-
 }  // namespace sched

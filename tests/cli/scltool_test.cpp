@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <array>
 #include <cstdio>
-#include <sys/wait.h>
 
 #include "tests/support/test_store.h"
 
@@ -20,13 +20,16 @@ Result Scltool(const std::string& args) {
   FILE* pipe = popen(command.c_str(), "r");
   Result result{-1, ""};
   std::array<char, 4096> buffer;
-  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe)) result.out.append(buffer.data(), n);
+  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe))
+    result.out.append(buffer.data(), n);
   const int status = pclose(pipe);
   result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   return result;
 }
 
-std::string Quoted(const std::string& path) { return "'" + path + "'"; }
+std::string Quoted(const std::string& path) {
+  return "'" + path + "'";
+}
 
 TEST(Scltool, DumpGivesTheLoadedScheduleAsJson) {
   TestStore s;
@@ -47,20 +50,23 @@ TEST(Scltool, DumpGivesTheLoadedScheduleAsJson) {
 
   const Result r = Scltool("dump " + Quoted(s.dir.File("dump.scl")));
   EXPECT_EQ(r.status, 0);
-  EXPECT_EQ(r.out,
-            "{\"weekHoliday\":[1,0,0,0,0,0,1],\"years\":["
-            "{\"year\":1999,\"holidayOn\":[2,0,0,0,0,0,0,0,0,0,0,0],\"holidayOff\":[0,0,0,0,0,0,0,0,0,0,0,0]},"
-            "{\"year\":1998,\"holidayOn\":[0,0,0,0,0,0,0,0,0,0,0,0],\"holidayOff\":[0,0,0,0,0,0,0,0,0,0,0,0]}],"
-            "\"rows\":["
-            "{\"Day\":31,\"Month\":12,\"Year\":1998,\"EndDay\":31,\"EndMonth\":12,\"EndYear\":1998,"
-            "\"StartTime\":-1,\"EndTime\":-1,\"SubNo\":0,\"Stamp\":-1073741822,\"ParentSubNo\":0,"
-            "\"ParentStamp\":0,\"RepeatKind\":0,\"Private\":1,\"Title\":\"Caf\u00E9\",\"Place\":\"\","
-            "\"Memo\":\"\",\"AlarmOn\":1,\"AlarmSound\":\"SCHALARM\",\"AlarmLead\":15},"
-            "{\"Day\":2,\"Month\":1,\"Year\":1999,\"EndDay\":2,\"EndMonth\":1,\"EndYear\":1999,"
-            "\"StartTime\":540,\"EndTime\":600,\"SubNo\":0,\"Stamp\":-1073741823,\"ParentSubNo\":0,"
-            "\"ParentStamp\":0,\"RepeatKind\":0,\"Private\":0,\"Title\":\"Say \\\"hi\\\"\\\\\","
-            "\"Place\":\"\",\"Memo\":\"one\\r\\ntwo\",\"AlarmOn\":0,\"AlarmSound\":\"\",\"AlarmLead\":0}"
-            "]}\n");
+  EXPECT_EQ(
+      r.out,
+      "{\"weekHoliday\":[1,0,0,0,0,0,1],\"years\":["
+      "{\"year\":1999,\"holidayOn\":[2,0,0,0,0,0,0,0,0,0,0,0],\"holidayOff\":[0,0,0,0,0,0,0,0,0,0,"
+      "0,0]},"
+      "{\"year\":1998,\"holidayOn\":[0,0,0,0,0,0,0,0,0,0,0,0],\"holidayOff\":[0,0,0,0,0,0,0,0,0,0,"
+      "0,0]}],"
+      "\"rows\":["
+      "{\"Day\":31,\"Month\":12,\"Year\":1998,\"EndDay\":31,\"EndMonth\":12,\"EndYear\":1998,"
+      "\"StartTime\":-1,\"EndTime\":-1,\"SubNo\":0,\"Stamp\":-1073741822,\"ParentSubNo\":0,"
+      "\"ParentStamp\":0,\"RepeatKind\":0,\"Private\":1,\"Title\":\"Caf\u00E9\",\"Place\":\"\","
+      "\"Memo\":\"\",\"AlarmOn\":1,\"AlarmSound\":\"SCHALARM\",\"AlarmLead\":15},"
+      "{\"Day\":2,\"Month\":1,\"Year\":1999,\"EndDay\":2,\"EndMonth\":1,\"EndYear\":1999,"
+      "\"StartTime\":540,\"EndTime\":600,\"SubNo\":0,\"Stamp\":-1073741823,\"ParentSubNo\":0,"
+      "\"ParentStamp\":0,\"RepeatKind\":0,\"Private\":0,\"Title\":\"Say \\\"hi\\\"\\\\\","
+      "\"Place\":\"\",\"Memo\":\"one\\r\\ntwo\",\"AlarmOn\":0,\"AlarmSound\":\"\",\"AlarmLead\":0}"
+      "]}\n");
 }
 
 TEST(Scltool, InfoSampleAndResave) {
@@ -72,7 +78,8 @@ TEST(Scltool, InfoSampleAndResave) {
   EXPECT_NE(info.out.find("Weekly holidays: Sun Sat\n"), std::string::npos) << info.out;
   EXPECT_NE(info.out.find("Items over multiple days: 1\n"), std::string::npos) << info.out;
   EXPECT_NE(info.out.find("Private rows: 1\n"), std::string::npos) << info.out;
-  EXPECT_NE(info.out.find("Holiday days set: 2 (1 as holidays, 1 as workdays)\n"), std::string::npos)
+  EXPECT_NE(info.out.find("Holiday days set: 2 (1 as holidays, 1 as workdays)\n"),
+            std::string::npos)
       << info.out;
 
   const std::string copy = Quoted(dir.File("copy.scl"));

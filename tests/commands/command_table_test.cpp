@@ -39,7 +39,9 @@ TEST(CommandTable, EveryCommandIsOfferedAndEveryNameIsUnique) {
           EXPECT_TRUE(names.insert(e.name).second) << e.name;
           EXPECT_FALSE(e.caption.empty()) << e.name;
         }
-        depth += e.kind == MenuEntry::Kind::Submenu ? 1 : e.kind == MenuEntry::Kind::EndSubmenu ? -1 : 0;
+        depth += e.kind == MenuEntry::Kind::Submenu      ? 1
+                 : e.kind == MenuEntry::Kind::EndSubmenu ? -1
+                                                         : 0;
         EXPECT_GE(depth, 0) << menu.name;
       }
       EXPECT_EQ(depth, 0) << menu.name;
@@ -59,12 +61,11 @@ TEST(CommandTable, TheFourPopupsOfTheViews) {
     }
     return out;
   };
-  EXPECT_EQ(names(popups[1]), (std::vector<std::string>{"Pop2Copy", "Pop2Paste", "Pop2New",
-                                                         "Pop2Update", "Pop2Del", "Pop2Hctl",
-                                                         "Pop2WeekH", "Pop2YearH", "Pop2Today"}));
-  EXPECT_EQ(names(popups[2]),
-            (std::vector<std::string>{"Pop3Paste", "Pop3New", "Pop3Hctl", "Pop3WeekH", "Pop3YearH",
-                                      "Pop3Today"}));
+  EXPECT_EQ(names(popups[1]),
+            (std::vector<std::string>{"Pop2Copy", "Pop2Paste", "Pop2New", "Pop2Update", "Pop2Del",
+                                      "Pop2Hctl", "Pop2WeekH", "Pop2YearH", "Pop2Today"}));
+  EXPECT_EQ(names(popups[2]), (std::vector<std::string>{"Pop3Paste", "Pop3New", "Pop3Hctl",
+                                                        "Pop3WeekH", "Pop3YearH", "Pop3Today"}));
   EXPECT_EQ(names(popups[3])[5], "Pop4HCtrl");
 }
 
@@ -86,14 +87,22 @@ TEST(CommandSet, EnablementFollowsTheViewsStateByPlace) {
   const PopupItems itemsOff{};
   using enum CommandId;
   const RuleCase cases[] = {
-      {Copy, CommandPlace::Menu, true, false},          {Copy, CommandPlace::Popup, true, false},
-      {Paste, CommandPlace::Menu, true, false},         {Modify, CommandPlace::Popup, true, false},
-      {Delete, CommandPlace::Menu, true, false},        {Delete, CommandPlace::Toolbar, true, false},
-      {Delete, CommandPlace::Popup, true, false},       {DeleteMonth, CommandPlace::Menu, true, false},
-      {DeleteYear, CommandPlace::Menu, true, false},    {DeleteOlder, CommandPlace::Menu, true, false},
-      {DeleteNewer, CommandPlace::Menu, true, false},   {DayHolidays, CommandPlace::Menu, true, false},
-      {DayHolidays, CommandPlace::Popup, true, false},  {WeekHolidays, CommandPlace::Popup, true, true},
-      {New, CommandPlace::Toolbar, true, true},         {Today, CommandPlace::Popup, true, true},
+      {Copy, CommandPlace::Menu, true, false},
+      {Copy, CommandPlace::Popup, true, false},
+      {Paste, CommandPlace::Menu, true, false},
+      {Modify, CommandPlace::Popup, true, false},
+      {Delete, CommandPlace::Menu, true, false},
+      {Delete, CommandPlace::Toolbar, true, false},
+      {Delete, CommandPlace::Popup, true, false},
+      {DeleteMonth, CommandPlace::Menu, true, false},
+      {DeleteYear, CommandPlace::Menu, true, false},
+      {DeleteOlder, CommandPlace::Menu, true, false},
+      {DeleteNewer, CommandPlace::Menu, true, false},
+      {DayHolidays, CommandPlace::Menu, true, false},
+      {DayHolidays, CommandPlace::Popup, true, false},
+      {WeekHolidays, CommandPlace::Popup, true, true},
+      {New, CommandPlace::Toolbar, true, true},
+      {Today, CommandPlace::Popup, true, true},
   };
   for (const RuleCase& c : cases) {
     const int id = static_cast<int>(c.id);

@@ -19,7 +19,7 @@ TEST(Codepage, KnownCharacters) {
     std::string utf8;
   };
   const Case cases[] = {
-      {"\x80", "\u20AC"},           // euro sign
+      {"\x80", "\u20AC"},  // euro sign
       {"\x93quoted\x94", "\u201Cquoted\u201D"},
       {"caf\xE9", "caf\u00E9"},
       {"\x9F", "\u0178"},
@@ -33,9 +33,11 @@ TEST(Codepage, KnownCharacters) {
 
 TEST(Codepage, UnmappableAndMalformedBecomeQuestionMarks) {
   EXPECT_EQ(Utf8ToCp1252("\u65E5\u672C"), "??");  // no 8-bit form
-  EXPECT_EQ(Utf8ToCp1252("a\xC3"), "a?");            // cut sequence
-  EXPECT_EQ(Utf8ToCp1252("\xFF" "b"), "?b");
-  EXPECT_EQ(Utf8ToCp1252("\xF0\x9F\x98\x80"), "?");   // one character outside the BMP
+  EXPECT_EQ(Utf8ToCp1252("a\xC3"), "a?");         // cut sequence
+  EXPECT_EQ(Utf8ToCp1252("\xFF"
+                         "b"),
+            "?b");
+  EXPECT_EQ(Utf8ToCp1252("\xF0\x9F\x98\x80"), "?");  // one character outside the BMP
   EXPECT_EQ(Cp1252Length("\u00E9t\u00E9"), 3u);
 }
 

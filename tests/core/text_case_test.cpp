@@ -24,9 +24,14 @@ TEST(TextCase, LessIgnoringCaseOrdersAsAFileList) {
   };
   // Each pair in order: `a` before `b`, never the other way round.
   const Case cases[] = {
-      {"apple", "Banana"}, {"APPLE", "banana"}, {"Zeta", "zetas"}, {"HOLIDAYde", "holidayus"},
-      {"A", "a"},          {"Ab", "aB"},        {"z", "\xE4"},  // bytes above 127 come after the
-                                                                // letters
+      {"apple", "Banana"},
+      {"APPLE", "banana"},
+      {"Zeta", "zetas"},
+      {"HOLIDAYde", "holidayus"},
+      {"A", "a"},
+      {"Ab", "aB"},
+      {"z", "\xE4"},  // bytes above 127 come after the
+                      // letters
       {"", "a"},
   };
   for (const Case& c : cases) {

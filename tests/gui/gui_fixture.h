@@ -1,10 +1,12 @@
 #pragma once
 
-#include <QApplication>
-#include <QSignalSpy>
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QSignalSpy>
+
 #include "app/scheduler_app.h"
+#include "core/registry_keys.h"
 #include "holidays/country_calendar.h"
 #include "platform/fake/fake_clock.h"
 #include "platform/fake/fake_date_formatter.h"
@@ -13,7 +15,6 @@
 #include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
 #include "shell/install.h"
-#include "core/registry_keys.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
@@ -38,8 +39,7 @@ class GuiTest : public ::testing::Test {
  protected:
   GuiTest() {
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(dir.File("config")));
-    install = EnsureInstallation(registry, SCHEDULER_DATA_DIR, dir.File("install"),
-                                 {2026, 11, 21})
+    install = EnsureInstallation(registry, SCHEDULER_DATA_DIR, dir.File("install"), {2026, 11, 21})
                   .installDir;
   }
 

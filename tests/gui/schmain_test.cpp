@@ -1,6 +1,6 @@
 #include <QDropEvent>
-#include <QMimeData>
 #include <QMenu>
+#include <QMimeData>
 #include <QUrl>
 
 #include "shell/settings.h"
@@ -24,16 +24,16 @@ void DropFile(QWidget* target, const std::string& path) {
 TEST_F(GuiTest, TheWindowHasEveryMenuAndButtonAndOnlyWorkingOnesAreEnabled) {
   ASSERT_FALSE(Start().has_value());
   SchMain* w = app->Window();
-  for (const char* name : {"New_Menu", "OpenF_Menu", "SaveOvw_Menu", "SaveName_Menu",
-                           "q390OpenF_Menu", "q390SaveOvw_Menu", "q390SaveName_Menu",
-                           "SchEnd_Menu", "MenuCheckMsg", "Disconnect_Setup", "GlobalVersion",
-                           "Set_WeekH", "Set_YearH", "SelectHolidayInfo", "Wdsp", "Ydsp"}) {
+  for (const char* name :
+       {"New_Menu", "OpenF_Menu", "SaveOvw_Menu", "SaveName_Menu", "q390OpenF_Menu",
+        "q390SaveOvw_Menu", "q390SaveName_Menu", "SchEnd_Menu", "MenuCheckMsg", "Disconnect_Setup",
+        "GlobalVersion", "Set_WeekH", "Set_YearH", "SelectHolidayInfo", "Wdsp", "Ydsp"}) {
     ASSERT_NE(w->Action(name), nullptr) << name;
     EXPECT_TRUE(w->Action(name)->isEnabled()) << name;
   }
-  for (const char* name : {"CopySchdat", "PasteSchdat", "NewSchdat", "UpdSchDat", "DelSchDat",
-                           "DelMonth", "DelYear", "DelBefore", "DelAfter", "MenuPrint",
-                           "HelpTopic"}) {
+  for (const char* name :
+       {"CopySchdat", "PasteSchdat", "NewSchdat", "UpdSchDat", "DelSchDat", "DelMonth", "DelYear",
+        "DelBefore", "DelAfter", "MenuPrint", "HelpTopic"}) {
     ASSERT_NE(w->Action(name), nullptr) << name;
     EXPECT_FALSE(w->Action(name)->isEnabled()) << name;
   }
@@ -74,8 +74,7 @@ TEST_F(GuiTest, FileCommandsFromTheMenuAndToolbarSetTheTitle) {
   w->ToolButton("Q390Open")->trigger();
   EXPECT_EQ(Title(), "Scheduler - Tarvex:Sample.scl");
   EXPECT_EQ(app->Document().Tables.RowCount, 43);
-  EXPECT_EQ(chooser.asked.back().files,
-            (std::vector<std::string>{"Sample.scl", "Week plan.scl"}));
+  EXPECT_EQ(chooser.asked.back().files, (std::vector<std::string>{"Sample.scl", "Week plan.scl"}));
 
   const_cast<ScheduleDocument&>(app->Document()).Dirty = true;
   messages.QueueAnswer(MsgAnswer::Cancel);

@@ -1,9 +1,8 @@
-#include "tests/gui/gui_fixture.h"
-
 #include <QTest>
 
 #include "shell/settings.h"
 #include "shell/texts.h"
+#include "tests/gui/gui_fixture.h"
 
 namespace sched {
 namespace {
@@ -57,8 +56,8 @@ TEST_F(GuiTest, TheCountryFileAtStart) {
 }
 
 TEST_F(GuiTest, StartsOnTheFileOfTheCommandLineQuotedOrNot) {
-  for (const QString& arg : {QString::fromStdString(Sample()),
-                             QString::fromStdString("\"" + Sample() + "\"")}) {
+  for (const QString& arg :
+       {QString::fromStdString(Sample()), QString::fromStdString("\"" + Sample() + "\"")}) {
     ASSERT_FALSE(Start({arg}).has_value());
     EXPECT_EQ(Title(), "Scheduler - PC:Sample.scl");
     EXPECT_EQ(app->Document().Tables.RowCount, 43);

@@ -31,18 +31,10 @@ TEST(CountryFileList, ACountryFileNameFollowsThePatternHolidayStarIni) {
     const char* name;
     bool isCountryFile;
   } cases[] = {
-      {"holidayJ.ini", true},
-      {"HOLIDAYUS.INI", true},
-      {"Holidayde.Ini", true},
-      {"holiday.ini", true},
-      {"HOLIDAY.INI", true},
-      {"holiday.in", false},
-      {"holidayJ.in", false},
-      {"holidayJ.ini.bak", false},
-      {"myholidayJ.ini", false},
-      {"holidaJ.ini", false},
-      {"holidayJ_ini", false},
-      {"", false},
+      {"holidayJ.ini", true}, {"HOLIDAYUS.INI", true},     {"Holidayde.Ini", true},
+      {"holiday.ini", true},  {"HOLIDAY.INI", true},       {"holiday.in", false},
+      {"holidayJ.in", false}, {"holidayJ.ini.bak", false}, {"myholidayJ.ini", false},
+      {"holidaJ.ini", false}, {"holidayJ_ini", false},     {"", false},
   };
   for (const auto& c : cases) EXPECT_EQ(IsCountryFileName(c.name), c.isCountryFile) << c.name;
 }

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "shell/paths.h"
 #include "core/registry_keys.h"
+#include "shell/paths.h"
 #include "shell/settings.h"
 #include "tests/platform_qt/qt_test_environment.h"
 #include "tests/shell/shell_test_support.h"

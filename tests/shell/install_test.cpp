@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <map>
 
+#include "core/registry_keys.h"
 #include "platform/fake/fake_registry.h"
 #include "shell/paths.h"
-#include "core/registry_keys.h"
 #include "tests/shell/shell_test_support.h"
 #include "tests/support/test_store.h"
 

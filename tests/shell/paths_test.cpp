@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "platform/fake/fake_registry.h"
 #include "core/registry_keys.h"
+#include "platform/fake/fake_registry.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {

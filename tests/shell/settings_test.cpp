@@ -4,10 +4,10 @@
 
 #include <filesystem>
 
+#include "core/registry_keys.h"
 #include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
 #include "shell/cache_device_files.h"
-#include "core/registry_keys.h"
 #include "tests/shell/shell_test_support.h"
 #include "tests/support/temp_dir.h"
 

@@ -17,13 +17,13 @@ TEST(AlarmDateCode, RingsOnTheDayBeforeWhenTheLeadCrossesMidnight) {
     int ringMinute;
   };
   const Case cases[] = {
-      {1998, 7, 9, 9, 30, 15, 19980709, 555},    // same day
-      {1998, 7, 9, 0, 10, 30, 19980708, 1420},   // 0:10 less 30 min: 23:40 the day before
-      {2000, 1, 1, 0, 10, 30, 19991231, 1420},   // across a year's end
-      {2000, 3, 1, 0, 0, 1, 20000229, 1439},     // into a leap day
+      {1998, 7, 9, 9, 30, 15, 19980709, 555},   // same day
+      {1998, 7, 9, 0, 10, 30, 19980708, 1420},  // 0:10 less 30 min: 23:40 the day before
+      {2000, 1, 1, 0, 10, 30, 19991231, 1420},  // across a year's end
+      {2000, 3, 1, 0, 0, 1, 20000229, 1439},    // into a leap day
       {2099, 12, 31, 23, 59, 0, 20991231, 1439},
-      {1998, 7, 9, 0, 30, 30, 19980709, 0},       // exactly midnight stays on the day
-      {1998, 7, 9, 2, 0, 999, 19980708, 561},     // the longest lead
+      {1998, 7, 9, 0, 30, 30, 19980709, 0},    // exactly midnight stays on the day
+      {1998, 7, 9, 2, 0, 999, 19980708, 561},  // the longest lead
   };
   for (const Case& c : cases) {
     const AlarmMoment m = AlarmDateCode(c.year, c.month, c.day, c.hour, c.minute, c.lead);

@@ -25,10 +25,10 @@ TEST(SclLoad, ASpanAcrossTwoMonthsKeepsItsFirstDayThroughSavesAndLoads) {
   InsertSpan(s.store, {1998, 7, 28}, 7, "Span", 0x77);
   for (int pass = 0; pass < 2; ++pass) {
     ASSERT_TRUE(s.RoundTrip("span" + std::to_string(pass) + ".scl"));
-    EXPECT_EQ(Rows(s.doc), (std::vector<std::string>{
-                               "1998/7/28 Span", "1998/7/29 Span", "1998/7/30 Span",
-                               "1998/7/31 Span", "1998/8/1 Span", "1998/8/2 Span",
-                               "1998/8/3 Span", "1998/8/20 August first"}))
+    EXPECT_EQ(Rows(s.doc),
+              (std::vector<std::string>{"1998/7/28 Span", "1998/7/29 Span", "1998/7/30 Span",
+                                        "1998/7/31 Span", "1998/8/1 Span", "1998/8/2 Span",
+                                        "1998/8/3 Span", "1998/8/20 August first"}))
         << "pass " << pass;
     const SeriesRange range = GetSeriesRange(s.doc.Tables, 1, 0x77);
     EXPECT_EQ(range.firstCode, 19980728);
@@ -42,9 +42,9 @@ TEST(SclLoad, ASpanIsExpandedOnlyOverTheDaysThatExist) {
     int days;
     int rowsInFirstMonth;
   };
-  for (const Case& c : {Case{{1998, 6, 28}, 6, 3}, Case{{1999, 2, 27}, 4, 2},
-                        Case{{2000, 2, 27}, 4, 3}, Case{{1998, 12, 30}, 4, 2},
-                        Case{{2099, 12, 29}, 3, 3}}) {
+  for (const Case& c :
+       {Case{{1998, 6, 28}, 6, 3}, Case{{1999, 2, 27}, 4, 2}, Case{{2000, 2, 27}, 4, 3},
+        Case{{1998, 12, 30}, 4, 2}, Case{{2099, 12, 29}, 3, 3}}) {
     TestStore s;
     InsertSpan(s.store, c.first, c.days, "Span", 0x99);
     s.RoundTrip();
@@ -72,8 +72,8 @@ TEST(SclLoad, RepeatOccurrencesTakeTheirDateFromTheirDayAndKeepTheSeriesEnd) {
     s.store.InsertRecord(r);
   }
   s.RoundTrip();
-  EXPECT_EQ(Rows(s.doc), (std::vector<std::string>{"1998/7/1 Weekly", "1998/7/8 Weekly",
-                                                    "1998/7/15 Weekly"}));
+  EXPECT_EQ(Rows(s.doc),
+            (std::vector<std::string>{"1998/7/1 Weekly", "1998/7/8 Weekly", "1998/7/15 Weekly"}));
   for (int row : LiveRowsInDateOrder(s.doc.Tables)) {
     EXPECT_EQ(s.doc.Tables.SchDatList.At(row).EndCode(), 19980715);
     EXPECT_EQ(s.doc.Tables.SchDatList.At(row).RepeatKind, 0x1000 | 3 * 4);
@@ -111,7 +111,7 @@ TEST(SclLoad, RowsOfADayAreSortedByStartTimeWhateverTheFilesOrder) {
   t.AncMM.At(0).DayHead[8] = 0;
   s.RoundTrip();
   EXPECT_EQ(Rows(s.doc), (std::vector<std::string>{"1998/7/9 all day", "1998/7/9 nine",
-                                                    "1998/7/9 nine too", "1998/7/9 ten"}));
+                                                   "1998/7/9 nine too", "1998/7/9 ten"}));
 }
 
 TEST(SclLoad, TextsComeBackWithTheirLineEndsAndWithoutTabs) {
@@ -151,9 +151,9 @@ TEST(SclLoad, PrivateRecordsBelowTheDevicesLevelAreLeftOutOfADeviceFileOnly) {
     int onPc;
     int rows;
   };
-  for (const Case& c : {Case{"level1.scl", 0, 0}, Case{"level2.scl", 0, 1},
-                        Case{"level3.scl", 0, 1}, Case{"level1.scl", 1, 1},
-                        Case{"public.scl", 0, 1}}) {
+  for (const Case& c :
+       {Case{"level1.scl", 0, 0}, Case{"level2.scl", 0, 1}, Case{"level3.scl", 0, 1},
+        Case{"level1.scl", 1, 1}, Case{"public.scl", 0, 1}}) {
     s.doc.PrivateLevel = 2;
     EXPECT_TRUE(s.LoadFrom(s.dir.File(c.file), c.onPc));
     EXPECT_EQ(s.doc.Tables.RowCount, c.rows) << c.file << " on PC " << c.onPc;

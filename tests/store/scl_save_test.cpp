@@ -35,8 +35,8 @@ struct Expected {
     i32(parentStamp).u16(static_cast<unsigned>(kind) & 0xFFFF).u16(static_cast<unsigned>(priv));
     return u16(static_cast<unsigned>(varLen));
   }
-  Expected& month(unsigned m, std::int64_t next, const std::vector<std::pair<int, std::int64_t>>& heads,
-                  std::int64_t multiDay) {
+  Expected& month(unsigned m, std::int64_t next,
+                  const std::vector<std::pair<int, std::int64_t>>& heads, std::int64_t multiDay) {
     u16(m).i32(next);
     for (int d = 1; d <= 31; ++d) {
       std::int64_t head = -1;
@@ -74,20 +74,32 @@ TEST(SclSave, WritesTheFileLeavesFirstByteForByte) {
   e.u8('Q').u8('3').u8('9').u8('E').u16(1).u16(0x41).i32(487);
   // 12: B, all day, first in the chain of July 9; private with the default level 1.
   e.record(-1, 59, 9, 7, 1998, 9, 7, 1998, -1, -1, 0, 0x22, 0, 0, 0, 1, 9)
-      .text("B").text("").text("").u16(0);
+      .text("B")
+      .text("")
+      .text("")
+      .u16(0);
   // 59: A with memo (LF alone) and alarm.
   e.record(12, -1, 9, 7, 1998, 9, 7, 1998, 540, 600, 0, 0x11, 0, 0, 0, 0, 22)
-      .text("A").text("").text("x\ny").u16(1);
+      .text("A")
+      .text("")
+      .text("x\ny")
+      .u16(1);
   for (char c : std::string("SCHALARM")) e.u8(static_cast<unsigned char>(c));
   e.u16(15);
   // 119: the trip, once in July's multi-day chain, with its whole span and its lowest SubNo.
   e.record(-1, -1, 30, 7, 1998, 2, 8, 1998, -1, -1, 1, 0x33, 1, 0x33, 0x8000, 0, 12)
-      .text("Trip").text("").text("").u16(0);
+      .text("Trip")
+      .text("")
+      .text("")
+      .u16(0);
   e.month(7, 353, {{9, 12}}, 119);  // 169
   e.record(-1, -1, 30, 7, 1998, 2, 8, 1998, -1, -1, 1, 0x33, 1, 0x33, 0x8000, 0, 12)
-      .text("Trip").text("").text("").u16(0);  // 303
-  e.month(8, -1, {}, 303);                     // 353
-  e.u16(1998).i32(593).i32(169);               // 487
+      .text("Trip")
+      .text("")
+      .text("")
+      .u16(0);                    // 303
+  e.month(8, -1, {}, 303);        // 353
+  e.u16(1998).i32(593).i32(169);  // 487
   for (int m = 0; m < 12; ++m) e.i32(m == 6 ? 8 : 0);
   for (int m = 0; m < 12; ++m) e.i32(0);
   e.u16(1999).i32(-1).i32(-1);  // 593: holiday settings only
@@ -100,7 +112,8 @@ TEST(SclSave, WritesTheFileLeavesFirstByteForByte) {
 
 TEST(SclSave, AnEmptyScheduleIsTheHeaderAlone) {
   TestStore s;
-  const std::vector<std::uint8_t> expected = {'Q', '3', '9', 'E', 0, 0, 1, 0, 0xFF, 0xFF, 0xFF, 0xFF};
+  const std::vector<std::uint8_t> expected = {'Q', '3', '9',  'E',  0,    0,
+                                              1,   0,   0xFF, 0xFF, 0xFF, 0xFF};
   EXPECT_EQ(s.SaveTo("empty.scl"), expected);
   EXPECT_TRUE(s.LoadFrom(s.dir.File("empty.scl")));
   EXPECT_EQ(s.doc.Tables.YearCount, 0);
@@ -115,7 +128,7 @@ TEST(SclSave, PrivateRecordsTakeTheDevicesLevelAndAreCountedOnceAMonth) {
   InsertSpan(s.store, {1998, 7, 31}, 2, "private trip", 0x44);
   for (int row = 1; row <= 2; ++row) s.doc.Tables.SchDatList.At(row).Private = 1;
   const auto bytes = s.SaveTo("private.scl");
-  EXPECT_EQ(bytes[4], 3);  // one plain record and the trip in July and in August
+  EXPECT_EQ(bytes[4], 3);        // one plain record and the trip in July and in August
   EXPECT_EQ(bytes[12 + 34], 4);  // the first record's Private is the level
 }
 

@@ -104,7 +104,7 @@ TEST(EditMenu, ItemEntriesFollowTheListSelection) {
   EXPECT_TRUE(f.views.Menus().UpdSchDat);
   EXPECT_FALSE(f.views.Menus().PasteSchdat);
   f.views.Grid1_MouseDown(2, 1);  // the blank last row
-  f.s.doc.CopiedRow = 0;  // something copied
+  f.s.doc.CopiedRow = 0;          // something copied
   f.views.EditCTL_Open();
   EXPECT_FALSE(f.views.Menus().CopySchdat);
   EXPECT_FALSE(f.views.Menus().DelSchDat);

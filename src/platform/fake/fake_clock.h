@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/clock.h"
 #include "core/calendar.h"
+#include "platform/clock.h"
 
 namespace sched {
 

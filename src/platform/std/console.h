@@ -1,25 +1,12 @@
 #pragma once
 
-#include <ostream>
-
 #include "platform/date_formatter.h"
 #include "platform/device_files.h"
-#include "platform/messages.h"
 #include "platform/progress_display.h"
 
 namespace sched {
 
-// For programs without a window: message boxes become lines on a stream, answered with the
-// first button.
-class StreamMessages : public Messages {
- public:
-  explicit StreamMessages(std::ostream& out) : out_(out) {}
-  MsgAnswer Show(const MessageRequest& request) override;
-
- private:
-  std::ostream& out_;
-};
-
+// For programs without a window: progress goes nowhere.
 class SilentProgress : public ProgressDisplay {
  public:
   void SetCaption(const std::string&) override {}

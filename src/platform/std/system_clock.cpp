@@ -15,7 +15,9 @@ DateTime SystemClock::Now() const {
 
 std::uint64_t SystemClock::TickCount() const {
   const auto since = std::chrono::steady_clock::now().time_since_epoch();
-  return static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(since).count()) / 16;
+  return static_cast<std::uint64_t>(
+             std::chrono::duration_cast<std::chrono::milliseconds>(since).count()) /
+         16;
 }
 
 }  // namespace sched
