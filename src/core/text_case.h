@@ -10,6 +10,9 @@ namespace sched {
 
 std::string ToLowerAscii(std::string_view text);
 
+// The text without the blanks at its ends.
+std::string_view Trim(std::string_view text, std::string_view blanks = " \t");
+
 // True when the two texts are equal but for the case of ASCII letters.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 

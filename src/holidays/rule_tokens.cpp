@@ -70,13 +70,6 @@ std::string Quoted(std::string_view text) {
   return quoted;
 }
 
-std::string_view Trim(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  const auto last = text.find_last_not_of(" \t");
-  return text.substr(first, last - first + 1);
-}
-
 std::vector<std::string_view> SplitWords(std::string_view text) {
   std::vector<std::string_view> words;
   std::size_t pos = 0;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/calendar.h"
+#include "core/text_case.h"
 
 namespace sched::rule_tokens {
 
@@ -20,7 +21,7 @@ struct SyntaxError {
 // `text` in single quotes, for messages.
 std::string Quoted(std::string_view text);
 
-std::string_view Trim(std::string_view text);
+using ::sched::Trim;
 std::vector<std::string_view> SplitWords(std::string_view text);
 
 // A decimal number of digits only, within [min, max].

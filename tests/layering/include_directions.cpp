@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/text_case.h"
+
 namespace sched::layering {
 namespace {
 
 constexpr std::string_view kHeader = "| folder | may include | Qt |";
 
+// A cell or line without its blanks, a CR of a line ending included.
 std::string_view Trim(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t\r");
-  if (first == std::string_view::npos) return {};
-  const auto last = text.find_last_not_of(" \t\r");
-  return text.substr(first, last - first + 1);
+  return sched::Trim(text, " \t\r");
 }
 
 // A name written as `name`, or nothing when the cell is not that.
