@@ -48,6 +48,7 @@ class SchedulerApp {
   DocumentCommands* Commands() const { return commands_.get(); }
   DocumentSession* Session() const { return session_.get(); }
   CommandSet& CommandTable() { return commandSet_; }
+  ScheduleDocument& Document() { return doc_; }
   const ScheduleDocument& Document() const { return doc_; }
   const AppState& State() const { return state_; }
   CalendarViews* Views() const { return views_.get(); }

@@ -76,7 +76,7 @@ TEST_F(GuiTest, FileCommandsFromTheMenuAndToolbarSetTheTitle) {
   EXPECT_EQ(app->Document().Tables.RowCount, 43);
   EXPECT_EQ(chooser.asked.back().files, (std::vector<std::string>{"Sample.scl", "Week plan.scl"}));
 
-  const_cast<ScheduleDocument&>(app->Document()).Dirty = true;
+  app->Document().Dirty = true;
   messages.QueueAnswer(MsgAnswer::Cancel);
   w->ToolButton("NewF")->trigger();
   EXPECT_EQ(Title(), "Scheduler - Tarvex:Sample.scl");

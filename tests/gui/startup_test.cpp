@@ -111,7 +111,7 @@ TEST_F(GuiTest, TheWindowComesBackToItsPlaceAndNeverAsAnIcon) {
 
 TEST_F(GuiTest, ClosingWithChangesAsksAndCancelKeepsTheProgram) {
   ASSERT_FALSE(Start({QString::fromStdString(Sample())}).has_value());
-  const_cast<ScheduleDocument&>(app->Document()).Dirty = true;
+  app->Document().Dirty = true;
   messages.QueueAnswer(MsgAnswer::Cancel);
   EXPECT_FALSE(app->Window()->close());
   EXPECT_EQ(Texts().back(), "Do you want to save the changes?");
