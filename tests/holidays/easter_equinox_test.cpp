@@ -5,18 +5,17 @@
 #include "core/calendar.h"
 #include "holidays/easter.h"
 #include "holidays/equinox.h"
+#include "tests/support/case_file.h"
 
 namespace sched {
 namespace {
 
+using testing::CaseRow;
+using testing::ReadCases;
+
 TEST(WesternEaster, KnownSundaysIncludingTheExtremes) {
-  const struct {
-    int year, month, day;
-  } cases[] = {{1901, 4, 7},  {1913, 3, 23}, {1943, 4, 25}, {2000, 4, 23},
-               {2008, 3, 23}, {2011, 4, 24}, {2019, 4, 21}, {2024, 3, 31},
-               {2025, 4, 20}, {2038, 4, 25}, {2285, 3, 22}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(WesternEaster(c.year), (CivilDate{c.year, c.month, c.day})) << c.year;
+  for (const CaseRow& row : ReadCases("holidays/easter-sundays.txt", 1, 10)) {
+    EXPECT_EQ(WesternEaster(row.Date(0).year), row.Date(0)) << row.where;
   }
 }
 
@@ -31,14 +30,9 @@ TEST(WesternEaster, AlwaysASundayBetweenMarch22AndApril25) {
 }
 
 TEST(Equinox, JapaneseEquinoxDays) {
-  const struct {
-    int year, march, september;
-  } cases[] = {{1900, 21, 23}, {1948, 21, 23}, {1960, 20, 23}, {1979, 21, 24},
-               {1980, 20, 23}, {2012, 20, 22}, {2023, 21, 23}, {2024, 20, 22},
-               {2025, 20, 23}, {2092, 19, 22}, {2099, 20, 23}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(MarchEquinoxDay(c.year), c.march) << c.year;
-    EXPECT_EQ(SeptemberEquinoxDay(c.year), c.september) << c.year;
+  for (const CaseRow& row : ReadCases("holidays/equinox-days.txt", 3, 10)) {
+    EXPECT_EQ(MarchEquinoxDay(row.Int(0)), row.Int(1)) << row.where;
+    EXPECT_EQ(SeptemberEquinoxDay(row.Int(0)), row.Int(2)) << row.where;
   }
 }
 
