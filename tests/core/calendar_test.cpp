@@ -5,8 +5,13 @@
 #include <cstdint>
 #include <optional>
 
+#include "tests/support/case_file.h"
+
 namespace sched {
 namespace {
+
+using testing::CaseRow;
+using testing::ReadCases;
 
 TEST(Calendar, EveryDayOfTheRangeSurvivesTheSerialRoundTrip) {
   int serial = DaySerial({kFirstYear, 1, 1});
@@ -58,82 +63,29 @@ TEST(Calendar, DateCodeOfTheLastDayFitsAndOrders) {
 }
 
 TEST(Calendar, AddMonthsClampsTheDayToTheEndOfTheTargetMonth) {
-  struct Case {
-    CivilDate from;
-    int months;
-    CivilDate to;
-  };
-  const Case cases[] = {
-      {{2001, 5, 15}, 0, {2001, 5, 15}},
-      {{2001, 1, 31}, 1, {2001, 2, 28}},
-      {{1904, 1, 31}, 1, {1904, 2, 29}},
-      {{2000, 1, 30}, 1, {2000, 2, 29}},
-      {{2000, 2, 29}, 12, {2001, 2, 28}},
-      {{2092, 2, 29}, 48, {2096, 2, 29}},
-      {{2096, 2, 29}, -12, {2095, 2, 28}},
-      {{2001, 3, 31}, -1, {2001, 2, 28}},
-      {{2001, 8, 31}, 1, {2001, 9, 30}},
-      {{2001, 12, 31}, 2, {2002, 2, 28}},
-      {{2001, 1, 31}, -2, {2000, 11, 30}},
-      {{1901, 2, 28}, -1, {1901, 1, 28}},
-      {{2099, 12, 31}, -1, {2099, 11, 30}},
-      {{2099, 11, 30}, 1, {2099, 12, 30}},
-      {{1901, 1, 31}, (kLastYear - kFirstYear) * 12 + 11, {2099, 12, 31}},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(AddMonths(c.from, c.months), c.to)
-        << c.from.year << "/" << c.from.month << "/" << c.from.day << " + " << c.months;
+  for (const CaseRow& row : ReadCases("core/add-months.txt", 3, 15)) {
+    EXPECT_EQ(AddMonths(row.Date(0), row.Int(1)), row.Date(2)) << row.where;
   }
 }
 
 TEST(Calendar, NthAndLastWeekdayOfKnownMonths) {
-  struct Case {
-    int year, month, weekday, nth;
-    std::optional<int> day;  // nothing: the month has no such weekday
-  };
-  const Case cases[] = {
-      {1901, 1, 2, 1, 1},   {1901, 1, 2, 5, 29},  {1901, 1, 1, 1, 7},  {1901, 1, 1, 5, {}},
-      {2099, 12, 4, 5, 31}, {2099, 12, 5, 5, {}}, {2000, 2, 2, 5, 29}, {1904, 2, 1, 5, 29},
-      {2096, 2, 3, 5, 29},  {2001, 2, 4, 4, 22},  {2001, 2, 4, 5, {}}, {2001, 2, 4, 0, {}},
-  };
-  for (const Case& c : cases) {
-    const std::optional<CivilDate> date = NthWeekdayOfMonth(c.year, c.month, c.weekday, c.nth);
-    ASSERT_EQ(date.has_value(), c.day.has_value()) << c.year << "/" << c.month << " #" << c.nth;
+  for (const CaseRow& row : ReadCases("core/weekdays-of-month.txt", 5, 20)) {
+    const int year = row.Int(0), month = row.Int(1), weekday = row.Int(2);
+    const std::optional<CivilDate> date = row[3] == "last"
+                                              ? LastWeekdayOfMonth(year, month, weekday)
+                                              : NthWeekdayOfMonth(year, month, weekday, row.Int(3));
+    ASSERT_EQ(date.has_value(), !row[4].empty()) << row.where;
     if (date) {
-      EXPECT_EQ(*date, (CivilDate{c.year, c.month, *c.day})) << c.year << "/" << c.month;
+      EXPECT_EQ(*date, (CivilDate{year, month, row.Int(4)})) << row.where;
     }
-  }
-  struct LastCase {
-    int year, month, weekday, day;
-  };
-  const LastCase lastCases[] = {{1901, 1, 2, 29},  {1901, 1, 4, 31},  {2099, 12, 4, 31},
-                                {2099, 12, 3, 30}, {2099, 12, 5, 25}, {2000, 2, 2, 29},
-                                {1904, 2, 1, 29},  {2001, 2, 3, 28},  {2001, 2, 4, 22}};
-  for (const LastCase& c : lastCases) {
-    EXPECT_EQ(LastWeekdayOfMonth(c.year, c.month, c.weekday), (CivilDate{c.year, c.month, c.day}))
-        << c.year << "/" << c.month << " weekday " << c.weekday;
   }
 }
 
 TEST(Calendar, WeekdayOnOrAfterAndOnOrBefore) {
-  struct Case {
-    CivilDate from;
-    int weekday;
-    CivilDate after, before;
-  };
-  // 1901/01/01 was a Tuesday, 2099/12/31 a Thursday, 2000/02/29 a Tuesday.
-  const Case cases[] = {
-      {{1901, 1, 1}, 2, {1901, 1, 1}, {1901, 1, 1}},
-      {{1901, 1, 1}, 1, {1901, 1, 7}, {1900, 12, 31}},
-      {{1901, 1, 1}, 3, {1901, 1, 2}, {1900, 12, 26}},
-      {{2099, 12, 31}, 5, {2100, 1, 1}, {2099, 12, 25}},
-      {{2000, 2, 28}, 2, {2000, 2, 29}, {2000, 2, 22}},
-      {{2000, 3, 1}, 2, {2000, 3, 7}, {2000, 2, 29}},
-  };
-  for (const Case& c : cases) {
-    const std::int32_t serial = DaySerial(c.from);
-    EXPECT_EQ(FromDaySerial(WeekdayOnOrAfter(serial, c.weekday)), c.after) << c.from.year;
-    EXPECT_EQ(FromDaySerial(WeekdayOnOrBefore(serial, c.weekday)), c.before) << c.from.year;
+  for (const CaseRow& row : ReadCases("core/weekday-on-or-after.txt", 4, 6)) {
+    const std::int32_t serial = DaySerial(row.Date(0));
+    EXPECT_EQ(FromDaySerial(WeekdayOnOrAfter(serial, row.Int(1))), row.Date(2)) << row.where;
+    EXPECT_EQ(FromDaySerial(WeekdayOnOrBefore(serial, row.Int(1))), row.Date(3)) << row.where;
   }
 }
 
