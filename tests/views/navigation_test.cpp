@@ -1,51 +1,42 @@
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
+#include "tests/support/case_file.h"
 #include "tests/views/views_test_support.h"
 
 namespace sched {
 namespace {
 
+using testing::CaseRow;
+using testing::ReadCases;
+
 CivilDate Cur(const ViewsFixture& f) {
   return {f.s.doc.CurYear, f.s.doc.CurMonth, f.s.doc.CurDay};
 }
 
-struct ArrowCase {
-  int year;
-  int month;
-  int index;
-  int moved;  // ArrowMoved afterwards
-  int shownYear;
-  int shownMonth;
-};
-
-class MonthArrows : public ::testing::TestWithParam<ArrowCase> {};
-
-TEST_P(MonthArrows, StopSilentlyAtTheLimits) {
-  const ArrowCase& c = GetParam();
-  ViewsFixture f;
-  f.ShowMonth(c.year, c.month);
-  f.views.SelectCell(f.views.Month().FirstCell + 4);
-  const CivilDate before = Cur(f);
-  f.views.Command1_Click(c.index);
-  EXPECT_EQ(f.views.ArrowMoved, c.moved);
-  EXPECT_EQ(f.views.Month().ShownYear, c.shownYear);
-  EXPECT_EQ(f.views.Month().ShownMonth, c.shownMonth);
-  EXPECT_EQ(f.views.Combo2Index + kFirstYear, c.shownYear);
-  EXPECT_EQ(f.views.Combo1Index + 1, c.shownMonth);
-  if (c.moved == 0) {
-    EXPECT_EQ(Cur(f), before);
-  } else {
-    EXPECT_EQ(Cur(f), (CivilDate{c.shownYear, c.shownMonth, 1}));
-    EXPECT_EQ(f.views.Month().SelectedCell, f.views.Month().FirstCell);
+TEST(MonthArrows, StopSilentlyAtTheLimits) {
+  for (const CaseRow& row : ReadCases("views/month-arrows.txt", 6, 7)) {
+    const int moved = row.Int(3), shownYear = row.Int(4), shownMonth = row.Int(5);
+    ViewsFixture f;
+    f.ShowMonth(row.Int(0), row.Int(1));
+    f.views.SelectCell(f.views.Month().FirstCell + 4);
+    const CivilDate before = Cur(f);
+    f.views.Command1_Click(row.Int(2));
+    EXPECT_EQ(f.views.ArrowMoved, moved) << row.where;
+    EXPECT_EQ(f.views.Month().ShownYear, shownYear) << row.where;
+    EXPECT_EQ(f.views.Month().ShownMonth, shownMonth) << row.where;
+    EXPECT_EQ(f.views.Combo2Index + kFirstYear, shownYear) << row.where;
+    EXPECT_EQ(f.views.Combo1Index + 1, shownMonth) << row.where;
+    if (moved == 0) {
+      EXPECT_EQ(Cur(f), before) << row.where;
+    } else {
+      EXPECT_EQ(Cur(f), (CivilDate{shownYear, shownMonth, 1})) << row.where;
+      EXPECT_EQ(f.views.Month().SelectedCell, f.views.Month().FirstCell) << row.where;
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Limits, MonthArrows,
-    ::testing::Values(ArrowCase{2099, 12, 1, 0, 2099, 12}, ArrowCase{1901, 1, 0, 0, 1901, 1},
-                      ArrowCase{2099, 12, 0, -1, 2099, 11}, ArrowCase{1901, 1, 1, -1, 1901, 2},
-                      ArrowCase{2000, 1, 0, -1, 1999, 12}, ArrowCase{1999, 12, 1, -1, 2000, 1},
-                      ArrowCase{2000, 2, 1, -1, 2000, 3}));
 
 TEST(Navigation, ComboOnTheShownMonthChangesNothing) {
   ViewsFixture f;
@@ -70,43 +61,25 @@ TEST(Navigation, CombosDoNotReactWhileViewsAreNotReady) {
   EXPECT_EQ(f.s.doc.CurYear, 2010);
 }
 
-struct CalendarArrowCase {
-  CivilDate from;
-  bool monthArrow;  // ComMM, else ComYY
-  int index;
-  CivilDate to;
-};
-
-class CalendarArrows : public ::testing::TestWithParam<CalendarArrowCase> {};
-
-TEST_P(CalendarArrows, MoveOrStopAtTheLimits) {
-  const CalendarArrowCase& c = GetParam();
-  ViewsFixture f;
-  f.s.doc.CurYear = c.from.year;
-  f.s.doc.CurMonth = c.from.month;
-  f.s.doc.CurDay = c.from.day;
-  f.views.SSTab1_Click(1);
-  if (c.monthArrow) {
-    f.views.ComMM_Click(c.index);
-  } else {
-    f.views.ComYY_Click(c.index);
+TEST(CalendarArrows, MoveOrStopAtTheLimits) {
+  for (const CaseRow& row : ReadCases("views/calendar-arrows.txt", 4, 9)) {
+    ViewsFixture f;
+    const CivilDate from = row.Date(0), to = row.Date(3);
+    f.s.doc.CurYear = from.year;
+    f.s.doc.CurMonth = from.month;
+    f.s.doc.CurDay = from.day;
+    f.views.SSTab1_Click(1);
+    ASSERT_TRUE(row[1] == "month" || row[1] == "year") << row.where;
+    if (row[1] == "month") {
+      f.views.ComMM_Click(row.Int(2));
+    } else {
+      f.views.ComYY_Click(row.Int(2));
+    }
+    EXPECT_EQ(f.views.Day().CalendarDate, to) << row.where;
+    EXPECT_EQ(Cur(f), to) << row.where;
+    EXPECT_EQ(f.views.Focus, FocusTarget::CSCal4) << row.where;
   }
-  EXPECT_EQ(f.views.Day().CalendarDate, c.to);
-  EXPECT_EQ(Cur(f), c.to);
-  EXPECT_EQ(f.views.Focus, FocusTarget::CSCal4);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    DayTab, CalendarArrows,
-    ::testing::Values(CalendarArrowCase{{1901, 6, 10}, false, 0, {1901, 6, 10}},
-                      CalendarArrowCase{{2099, 1, 10}, false, 1, {2099, 1, 10}},
-                      CalendarArrowCase{{1901, 2, 10}, true, 0, {1901, 1, 10}},
-                      CalendarArrowCase{{1901, 1, 10}, true, 0, {1901, 1, 10}},
-                      CalendarArrowCase{{2099, 12, 10}, true, 1, {2099, 12, 10}},
-                      CalendarArrowCase{{2000, 1, 31}, true, 1, {2000, 2, 29}},
-                      CalendarArrowCase{{2001, 1, 31}, true, 1, {2001, 2, 28}},
-                      CalendarArrowCase{{2000, 2, 29}, false, 1, {2001, 2, 28}},
-                      CalendarArrowCase{{2000, 3, 31}, true, 0, {2000, 2, 29}}));
 
 TEST(Navigation, BackFromTheDayTabShowsTheMovedMonthWithItsDay) {
   ViewsFixture f;
@@ -151,46 +124,24 @@ TEST(Navigation, GoTodayOnEitherTab) {
   EXPECT_EQ(f.views.Focus, FocusTarget::CSCal4);
 }
 
-struct KeyCase {
-  int year;
-  int month;
-  int startCell;
-  int key;
-  CivilDate date;  // the date selected afterwards
-  int shownMonth;
-};
-
-class GridKeys : public ::testing::TestWithParam<KeyCase> {};
-
-TEST_P(GridKeys, MoveAndCrossMonths) {
-  const KeyCase& c = GetParam();
-  ViewsFixture f;
-  f.ShowMonth(c.year, c.month);
-  f.views.SelectCell(c.startCell);
-  EXPECT_TRUE(f.views.Text1_KeyDown(c.key).consumed);
-  EXPECT_EQ(Cur(f), c.date);
-  EXPECT_EQ(f.views.Month().ShownMonth, c.shownMonth);
-  const int cell = f.views.Month().SelectedCell;
-  ASSERT_NE(cell, -1);
-  EXPECT_EQ(f.views.Month().Cell(cell).date, c.date);
-  EXPECT_EQ(f.views.Month().Cell(cell).back, CellBack::Selection);
+TEST(GridKeys, MoveAndCrossMonths) {
+  const std::map<std::string, int> keys = {
+      {"up", kKeyUp}, {"down", kKeyDown}, {"left", kKeyLeft}, {"right", kKeyRight}};
+  for (const CaseRow& row : ReadCases("views/grid-keys.txt", 6, 13)) {
+    ASSERT_TRUE(keys.contains(row[3])) << row.where << ": unknown key";
+    const CivilDate date = row.Date(4);
+    ViewsFixture f;
+    f.ShowMonth(row.Int(0), row.Int(1));
+    f.views.SelectCell(row.Int(2));
+    EXPECT_TRUE(f.views.Text1_KeyDown(keys.at(row[3])).consumed) << row.where;
+    EXPECT_EQ(Cur(f), date) << row.where;
+    EXPECT_EQ(f.views.Month().ShownMonth, row.Int(5)) << row.where;
+    const int cell = f.views.Month().SelectedCell;
+    ASSERT_NE(cell, -1) << row.where;
+    EXPECT_EQ(f.views.Month().Cell(cell).date, date) << row.where;
+    EXPECT_EQ(f.views.Month().Cell(cell).back, CellBack::Selection) << row.where;
+  }
 }
-
-// June 2010 starts on Tuesday: cell 0 is 30 May, cell 41 is 10 July.
-INSTANTIATE_TEST_SUITE_P(Keys, GridKeys,
-                         ::testing::Values(KeyCase{2010, 6, 16, kKeyUp, {2010, 6, 8}, 6},
-                                           KeyCase{2010, 6, 16, kKeyDown, {2010, 6, 22}, 6},
-                                           KeyCase{2010, 6, 16, kKeyLeft, {2010, 6, 14}, 6},
-                                           KeyCase{2010, 6, 16, kKeyRight, {2010, 6, 16}, 6},
-                                           KeyCase{2010, 6, 3, kKeyUp, {2010, 5, 26}, 5},
-                                           KeyCase{2010, 6, 0, kKeyUp, {2010, 5, 23}, 5},
-                                           KeyCase{2010, 6, 36, kKeyDown, {2010, 7, 12}, 7},
-                                           KeyCase{2010, 6, 0, kKeyLeft, {2010, 5, 29}, 5},
-                                           KeyCase{2010, 6, 41, kKeyRight, {2010, 7, 11}, 7},
-                                           KeyCase{2010, 12, 40, kKeyDown, {2011, 1, 14}, 1},
-                                           KeyCase{1901, 1, 2, kKeyUp, {1901, 1, 1}, 1},
-                                           KeyCase{2099, 12, 32, kKeyDown, {2099, 12, 31}, 12},
-                                           KeyCase{2099, 12, 32, kKeyRight, {2099, 12, 31}, 12}));
 
 TEST(GridKeysEnter, ShowsTheListOnlyForADayWithItems) {
   ViewsFixture f;
