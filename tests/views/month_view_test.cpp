@@ -1,58 +1,45 @@
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
+#include "tests/support/case_file.h"
 #include "tests/views/views_test_support.h"
 
 namespace sched {
 namespace {
 
-struct GridShape {
-  int year;
-  int month;
-  int firstCell;
-  int lastCell;
-  int firstPrevDay;  // -1 without a month before
-  int lastNextDay;   // -1 without a month after
-  int blankBefore;   // cells blank and disabled at the start
-  int blankAfter;    // ... and at the end
-};
+using testing::CaseRow;
+using testing::ReadCases;
 
-class MonthGridShape : public ::testing::TestWithParam<GridShape> {};
-
-TEST_P(MonthGridShape, CellsFilledToTheEnd) {
-  const GridShape& g = GetParam();
-  ViewsFixture f;
-  f.ShowMonth(g.year, g.month);
-  const MonthView& m = f.views.Month();
-  EXPECT_EQ(m.FirstCell, g.firstCell);
-  EXPECT_EQ(m.LastCell, g.lastCell);
-  EXPECT_EQ(m.FirstPrevDay, g.firstPrevDay);
-  EXPECT_EQ(m.LastNextDay, g.lastNextDay);
-  for (int c = 0; c < kMonthCells; ++c) {
-    const MonthCell& cell = f.Cell(c);
-    const bool blank = c < g.blankBefore || c >= kMonthCells - g.blankAfter;
-    EXPECT_EQ(cell.enabled, !blank) << c;
-    EXPECT_EQ(cell.dayText.empty(), blank) << c;
-    if (c == g.firstCell) {
-      EXPECT_EQ(cell.back, CellBack::Selection);  // day 1 is selected
-      EXPECT_EQ(cell.dayText, "1");
-    } else if (c < g.firstCell || c > g.lastCell) {
-      EXPECT_EQ(cell.back, CellBack::Grey) << c;
-    } else {
-      EXPECT_EQ(cell.back, CellBack::Window) << c;
+TEST(MonthGridShape, CellsFilledToTheEnd) {
+  for (const CaseRow& row : ReadCases("views/month-grid-shapes.txt", 8, 7)) {
+    const int year = row.Int(0), month = row.Int(1), firstCell = row.Int(2), lastCell = row.Int(3),
+              blankBefore = row.Int(6), blankAfter = row.Int(7);
+    ViewsFixture f;
+    f.ShowMonth(year, month);
+    const MonthView& m = f.views.Month();
+    EXPECT_EQ(m.FirstCell, firstCell) << row.where;
+    EXPECT_EQ(m.LastCell, lastCell) << row.where;
+    EXPECT_EQ(m.FirstPrevDay, row.Int(4)) << row.where;
+    EXPECT_EQ(m.LastNextDay, row.Int(5)) << row.where;
+    for (int c = 0; c < kMonthCells; ++c) {
+      const MonthCell& cell = f.Cell(c);
+      const bool blank = c < blankBefore || c >= kMonthCells - blankAfter;
+      EXPECT_EQ(cell.enabled, !blank) << row.where << " cell " << c;
+      EXPECT_EQ(cell.dayText.empty(), blank) << row.where << " cell " << c;
+      if (c == firstCell) {
+        EXPECT_EQ(cell.back, CellBack::Selection) << row.where;  // day 1 is selected
+        EXPECT_EQ(cell.dayText, "1") << row.where;
+      } else if (c < firstCell || c > lastCell) {
+        EXPECT_EQ(cell.back, CellBack::Grey) << row.where << " cell " << c;
+      } else {
+        EXPECT_EQ(cell.back, CellBack::Window) << row.where << " cell " << c;
+      }
     }
+    EXPECT_EQ(f.Cell(lastCell).dayText, std::to_string(DaysInMonth(year, month))) << row.where;
   }
-  EXPECT_EQ(f.Cell(g.lastCell).dayText, std::to_string(DaysInMonth(g.year, g.month)));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Months, MonthGridShape,
-    ::testing::Values(GridShape{1901, 1, 2, 32, -1, 9, 2, 0},    // first month: no tail before
-                      GridShape{1901, 2, 5, 32, 27, 9, 0, 0},    // tail of January 1901
-                      GridShape{2099, 12, 2, 32, 29, -1, 0, 9},  // last month: no head after
-                      GridShape{2000, 1, 6, 36, 26, 5, 0, 0},    // 31 days from Saturday
-                      GridShape{2015, 2, 0, 27, 32, 14, 0, 0},   // 28 days from Sunday
-                      GridShape{2000, 2, 2, 30, 30, 11, 0, 0},   // leap February
-                      GridShape{2001, 3, 4, 34, 25, 7, 0, 0}));
 
 TEST(MonthView, SpillCellsCarryTheirOwnDates) {
   ViewsFixture f;
@@ -79,45 +66,24 @@ TEST(MonthView, SelectedSpillDateSurvivesARefill) {
   EXPECT_EQ(f.views.Month().SelectedCell, 1);
 }
 
-struct ColourCase {
-  const char* what;
-  std::int16_t sundayWeekly;  // WeekHoliday[0]
-  bool named;
-  std::int32_t on;
-  std::int32_t off;
-  DayColor number;
-  DayColor head;
-};
-
-class DayNumberColour : public ::testing::TestWithParam<ColourCase> {};
-
 // 2010/06/06 is a Sunday, cell 7 of June 2010.
-TEST_P(DayNumberColour, ByWeekNameAndMarks) {
-  const ColourCase& c = GetParam();
-  ViewsFixture f;
-  f.s.doc.WeekHoliday[0] = c.sundayWeekly;
-  if (c.named) f.calendar.Add(2010, 6, 6, "Feast");
-  f.SetMasks(2010, 6, c.on ? Bit(6) : 0, c.off ? Bit(6) : 0);
-  f.ShowMonth(2010, 6);
-  EXPECT_EQ(f.Cell(7).dayText, "6");
-  EXPECT_EQ(f.Cell(7).dayColor, c.number) << c.what;
-  EXPECT_EQ(f.views.Month().Heads()[0], c.head) << c.what;
-  EXPECT_EQ(f.Cell(7).holidayName, c.named ? "Feast" : "") << c.what;
+TEST(DayNumberColour, ByWeekNameAndMarks) {
+  const std::map<std::string, DayColor> colours = {{"black", DayColor::Black},
+                                                   {"red", DayColor::Red}};
+  for (const CaseRow& row : ReadCases("views/day-number-colours.txt", 7, 10)) {
+    ASSERT_TRUE(colours.contains(row[5]) && colours.contains(row[6])) << row.where;
+    const bool named = row.YesNo(2);
+    ViewsFixture f;
+    f.s.doc.WeekHoliday[0] = std::int16_t(row.Int(1));
+    if (named) f.calendar.Add(2010, 6, 6, "Feast");
+    f.SetMasks(2010, 6, row.Int(3) ? Bit(6) : 0, row.Int(4) ? Bit(6) : 0);
+    f.ShowMonth(2010, 6);
+    EXPECT_EQ(f.Cell(7).dayText, "6") << row.where;
+    EXPECT_EQ(f.Cell(7).dayColor, colours.at(row[5])) << row.where << ": " << row[0];
+    EXPECT_EQ(f.views.Month().Heads()[0], colours.at(row[6])) << row.where << ": " << row[0];
+    EXPECT_EQ(f.Cell(7).holidayName, named ? "Feast" : "") << row.where << ": " << row[0];
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules, DayNumberColour,
-    ::testing::Values(
-        ColourCase{"plain workday", 0, false, 0, 0, DayColor::Black, DayColor::Black},
-        ColourCase{"set as holiday", 0, false, 1, 0, DayColor::Red, DayColor::Black},
-        ColourCase{"named holiday", 0, true, 0, 0, DayColor::Red, DayColor::Black},
-        ColourCase{"named set back to work", 0, true, 1, 0, DayColor::Black, DayColor::Black},
-        ColourCase{"off bit off a weekly day", 0, false, 0, 1, DayColor::Black, DayColor::Black},
-        ColourCase{"weekly holiday", 1, false, 0, 0, DayColor::Red, DayColor::Red},
-        ColourCase{"weekly set to work", 1, false, 0, 1, DayColor::Black, DayColor::Red},
-        ColourCase{"weekly, on bit ignored", 1, false, 1, 0, DayColor::Red, DayColor::Red},
-        ColourCase{"weekly named", 1, true, 1, 0, DayColor::Red, DayColor::Red},
-        ColourCase{"weekly named set to work", 1, true, 0, 1, DayColor::Black, DayColor::Red}));
 
 TEST(MonthView, MaskBitsReachDayThirtyOne) {
   ViewsFixture f;
