@@ -2,47 +2,27 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/case_file.h"
 #include "tests/views/views_test_support.h"
 
 namespace sched {
 namespace {
 
-struct DataCase {
-  const char* what;
-  CivilDate item;  // a live row, year 0 for none
-  int maskYear;    // a HolidayOn mask in this year's month, 0 for none
-  int maskMonth;
-  CivilDate date;  // the date asked about
-  bool after;
-  bool before;
-};
+using testing::CaseRow;
+using testing::ReadCases;
 
-class DataAround : public ::testing::TestWithParam<DataCase> {};
-
-TEST_P(DataAround, AfterAndBeforeAreTwins) {
-  const DataCase& c = GetParam();
-  ViewsFixture f;
-  if (c.item.year != 0) f.Insert(c.item.year, c.item.month, c.item.day, 540, 600, "x");
-  if (c.maskYear != 0) f.SetMasks(c.maskYear, c.maskMonth, Bit(1), 0);
-  EXPECT_EQ(HasDataAfter(f.s.doc.Tables, c.date), c.after) << c.what;
-  EXPECT_EQ(HasDataBefore(f.s.doc.Tables, c.date), c.before) << c.what;
+TEST(DataAround, AfterAndBeforeAreTwins) {
+  for (const CaseRow& row : ReadCases("views/data-around.txt", 7, 12)) {
+    ViewsFixture f;
+    if (!row[1].empty()) {
+      const CivilDate item = row.Date(1);
+      f.Insert(item.year, item.month, item.day, 540, 600, "x");
+    }
+    if (!row[2].empty()) f.SetMasks(row.Int(2), row.Int(3), Bit(1), 0);
+    EXPECT_EQ(HasDataAfter(f.s.doc.Tables, row.Date(4)), row.YesNo(5)) << row.where;
+    EXPECT_EQ(HasDataBefore(f.s.doc.Tables, row.Date(4)), row.YesNo(6)) << row.where;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, DataAround,
-    ::testing::Values(DataCase{"empty store", {0, 0, 0}, 0, 0, {2010, 6, 15}, false, false},
-                      DataCase{"same day", {2010, 6, 15}, 0, 0, {2010, 6, 15}, false, false},
-                      DataCase{"next day", {2010, 6, 16}, 0, 0, {2010, 6, 15}, true, false},
-                      DataCase{"day before", {2010, 6, 14}, 0, 0, {2010, 6, 15}, false, true},
-                      DataCase{"next month", {2010, 7, 1}, 0, 0, {2010, 6, 30}, true, false},
-                      DataCase{"year before", {2009, 12, 31}, 0, 0, {2010, 1, 1}, false, true},
-                      DataCase{"last day", {2099, 12, 31}, 0, 0, {2099, 12, 30}, true, false},
-                      DataCase{"first day", {1901, 1, 1}, 0, 0, {1901, 1, 2}, false, true},
-                      DataCase{"mask later month", {0, 0, 0}, 2010, 7, {2010, 6, 15}, true, false},
-                      DataCase{"mask same month", {0, 0, 0}, 2010, 6, {2010, 6, 15}, false, false},
-                      DataCase{"mask later year", {0, 0, 0}, 2011, 1, {2010, 12, 31}, true, false},
-                      DataCase{
-                          "mask earlier year", {0, 0, 0}, 2009, 12, {2010, 1, 1}, false, true}));
 
 TEST(DataAround, DeletedRowsAreNoData) {
   ViewsFixture f;

@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/case_file.h"
+
 namespace sched {
 namespace {
+
+using testing::CaseRow;
+using testing::ReadCases;
 
 void ExpectNoNegativeSize(const RectF& r, const char* what, int index = 0) {
   EXPECT_GE(r.width, 0) << what << index;
@@ -50,38 +55,29 @@ TEST(Layout, HourScaleStepsOverTheBar) {
   EXPECT_DOUBLE_EQ(l.Line2[2].x1, l.Pict.Right());
 }
 
-struct SizeCase {
-  double width;
-  double height;
-};
-
-class TinyWindow : public ::testing::TestWithParam<SizeCase> {};
-
-TEST_P(TinyWindow, NoNegativeSizes) {
-  const FormLayout l = LayoutTwips(GetParam().width, GetParam().height, {}, 375);
-  ExpectNoNegativeSize(l.SSTab1, "tab");
-  ExpectNoNegativeSize(l.ProgressBar, "progress");
-  ExpectNoNegativeSize(l.LabelProgress, "progress label");
-  ExpectNoNegativeSize(l.List1, "list");
-  ExpectNoNegativeSize(l.CSCal4, "calendar");
-  ExpectNoNegativeSize(l.Pict, "bar");
-  for (int i = 0; i < 3; ++i) ExpectNoNegativeSize(l.ComYY[i], "ComYY", i);
-  for (int i = 0; i < 2; ++i) ExpectNoNegativeSize(l.Label4[i], "Label4", i);
-  for (int c = 0; c < kMonthCells; ++c) {
-    ExpectNoNegativeSize(l.Label1[c], "Label1", c);
-    ExpectNoNegativeSize(l.Label2[c], "Label2", c);
-    ExpectNoNegativeSize(l.Label9[c], "Label9", c);
-    ExpectNoNegativeSize(l.Grid1[c], "Grid1", c);
+TEST(TinyWindow, NoNegativeSizes) {
+  for (const CaseRow& row : ReadCases("views/tiny-windows.txt", 2, 6)) {
+    SCOPED_TRACE(row.where);
+    const FormLayout l = LayoutTwips(row.Int(0), row.Int(1), {}, 375);
+    ExpectNoNegativeSize(l.SSTab1, "tab");
+    ExpectNoNegativeSize(l.ProgressBar, "progress");
+    ExpectNoNegativeSize(l.LabelProgress, "progress label");
+    ExpectNoNegativeSize(l.List1, "list");
+    ExpectNoNegativeSize(l.CSCal4, "calendar");
+    ExpectNoNegativeSize(l.Pict, "bar");
+    for (int i = 0; i < 3; ++i) ExpectNoNegativeSize(l.ComYY[i], "ComYY", i);
+    for (int i = 0; i < 2; ++i) ExpectNoNegativeSize(l.Label4[i], "Label4", i);
+    for (int c = 0; c < kMonthCells; ++c) {
+      ExpectNoNegativeSize(l.Label1[c], "Label1", c);
+      ExpectNoNegativeSize(l.Label2[c], "Label2", c);
+      ExpectNoNegativeSize(l.Label9[c], "Label9", c);
+      ExpectNoNegativeSize(l.Grid1[c], "Grid1", c);
+    }
+    EXPECT_GE(l.List1.height, 1);
+    EXPECT_GE(l.CSCal4.height, 1);
+    EXPECT_GE(l.Label9[0].height, 1);
   }
-  EXPECT_GE(l.List1.height, 1);
-  EXPECT_GE(l.CSCal4.height, 1);
-  EXPECT_GE(l.Label9[0].height, 1);
 }
-
-INSTANTIATE_TEST_SUITE_P(Sizes, TinyWindow,
-                         ::testing::Values(SizeCase{0, 0}, SizeCase{100, 100}, SizeCase{240, 1680},
-                                           SizeCase{2000, 1700}, SizeCase{900, 9000},
-                                           SizeCase{20000, 500}));
 
 TEST(Layout, NarrowCellsDropTheDayNumber) {
   // Cells under 220 wide: (W - 240 - 400) / 7 + 30 < 220.

@@ -2,30 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/case_file.h"
 #include "tests/views/views_test_support.h"
 
 namespace sched {
 namespace {
 
-struct TimeCase {
-  int minutes;
-  const char* shortText;
-  const char* paddedText;
-};
+using testing::CaseRow;
+using testing::ReadCases;
 
-class TimeTexts : public ::testing::TestWithParam<TimeCase> {};
-
-TEST_P(TimeTexts, TwelveHourClock) {
-  EXPECT_EQ(ShortTimeText(GetParam().minutes), GetParam().shortText);
-  EXPECT_EQ(PaddedTimeText(GetParam().minutes), GetParam().paddedText);
+TEST(TimeTexts, TwelveHourClock) {
+  for (const CaseRow& row : ReadCases("views/time-texts.txt", 3, 8)) {
+    EXPECT_EQ(ShortTimeText(row.Int(0)), row[1]) << row.where;
+    EXPECT_EQ(PaddedTimeText(row.Int(0)), row[2]) << row.where;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Clock, TimeTexts,
-    ::testing::Values(TimeCase{0, "12:00am", "12:00am"}, TimeCase{5, "12:05am", "12:05am"},
-                      TimeCase{545, "9:05am", "09:05am"}, TimeCase{719, "11:59am", "11:59am"},
-                      TimeCase{720, "12:00pm", "12:00pm"}, TimeCase{780, "1:00pm", "01:00pm"},
-                      TimeCase{1439, "11:59pm", "11:59pm"}, TimeCase{1440, "12:00am", "12:00am"}));
 
 TEST(LineText, MonthDayPadsEachNumber) {
   EXPECT_EQ(MonthDayText(5, 3), " 5/ 3");

@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/case_file.h"
 #include "tests/views/views_test_support.h"
 
 namespace sched {
 namespace {
+
+using testing::CaseRow;
+using testing::ReadCases;
 
 TEST(ScheduleList, FillDayIndex) {
   ViewsFixture f;
@@ -28,37 +32,26 @@ TEST(ScheduleList, FillDayIndex) {
   EXPECT_EQ(list.List3Index, -1);
 }
 
-struct PlaceCase {
-  double cellTop;
-  double screenHeight;
-  bool flipped;
-};
-
-class ScheduleListPlacement : public ::testing::TestWithParam<PlaceCase> {};
-
-TEST_P(ScheduleListPlacement, HangsBelowOrStandsAbove) {
-  ScheduleListPlace p;
-  p.formLeft = 1000;
-  p.formTop = 500;
-  p.tab = {120, 660, 8640, 4920};
-  p.tabStripHeight = 360;
-  p.cell = {1300, GetParam().cellTop, 1200, 700};
-  p.headHeight = 270;
-  p.dialogHeight = 3000;
-  p.screenHeight = GetParam().screenHeight;
-  const DialogPosition pos = PlaceScheduleList(p);
-  const double below = 660 + 360 + GetParam().cellTop + 500 + 270 + 700;
-  EXPECT_EQ(pos.flipped, GetParam().flipped);
-  EXPECT_DOUBLE_EQ(pos.top, GetParam().flipped ? below - 3000 - 700 : below);
-  EXPECT_DOUBLE_EQ(pos.left, 120 + 1300 + 1000);
+TEST(ScheduleListPlacement, HangsBelowOrStandsAbove) {
+  for (const CaseRow& row : ReadCases("views/schedule-list-places.txt", 3, 4)) {
+    const double cellTop = row.Int(0);
+    const bool flipped = row.YesNo(2);
+    ScheduleListPlace p;
+    p.formLeft = 1000;
+    p.formTop = 500;
+    p.tab = {120, 660, 8640, 4920};
+    p.tabStripHeight = 360;
+    p.cell = {1300, cellTop, 1200, 700};
+    p.headHeight = 270;
+    p.dialogHeight = 3000;
+    p.screenHeight = row.Int(1);
+    const DialogPosition pos = PlaceScheduleList(p);
+    const double below = 660 + 360 + cellTop + 500 + 270 + 700;
+    EXPECT_EQ(pos.flipped, flipped) << row.where;
+    EXPECT_DOUBLE_EQ(pos.top, flipped ? below - 3000 - 700 : below) << row.where;
+    EXPECT_DOUBLE_EQ(pos.left, 120 + 1300 + 1000) << row.where;
+  }
 }
-
-// The flip comes when two thirds of the dialog would reach the screen's bottom.
-INSTANTIATE_TEST_SUITE_P(Screen, ScheduleListPlacement,
-                         ::testing::Values(PlaceCase{720, 11520, false},
-                                           PlaceCase{4000, 8000, true},
-                                           PlaceCase{720, 2490 + 720 + 2000, true},
-                                           PlaceCase{720, 2490 + 720 + 2001, false}));
 
 TEST(ScheduleList, SeveralRowsBringAWarning) {
   ViewsFixture f;

@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/case_file.h"
+
 namespace sched {
 namespace {
+
+using testing::CaseRow;
+using testing::ReadCases;
 
 using Paint = TimeBar::Paint;
 
@@ -21,34 +26,17 @@ TEST(TimeBar, SpanBoxMapsMinutesLinearly) {
   EXPECT_DOUBLE_EQ(box.y2, 20);
 }
 
-struct SpanCase {
-  int width;
-  int start;
-  int end;
-  int firstColumn;
-  int lastColumn;
-};
-
-class TimeBarSpans : public ::testing::TestWithParam<SpanCase> {};
-
-TEST_P(TimeBarSpans, FillsBothEdges) {
-  const SpanCase& c = GetParam();
-  TimeBar bar;
-  bar.SetScale(c.width, 16);
-  bar.DrawTimeSpan(c.start, c.end);
-  EXPECT_EQ(SpanColumns(bar), c.lastColumn - c.firstColumn + 1);
-  EXPECT_EQ(bar.At(c.firstColumn), Paint::Span);
-  EXPECT_EQ(bar.At(c.lastColumn), Paint::Span);
+TEST(TimeBarSpans, FillsBothEdges) {
+  for (const CaseRow& row : ReadCases("views/time-bar-spans.txt", 5, 6)) {
+    const int firstColumn = row.Int(3), lastColumn = row.Int(4);
+    TimeBar bar;
+    bar.SetScale(row.Int(0), 16);
+    bar.DrawTimeSpan(row.Int(1), row.Int(2));
+    EXPECT_EQ(SpanColumns(bar), lastColumn - firstColumn + 1) << row.where;
+    EXPECT_EQ(bar.At(firstColumn), Paint::Span) << row.where;
+    EXPECT_EQ(bar.At(lastColumn), Paint::Span) << row.where;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Spans, TimeBarSpans,
-    ::testing::Values(SpanCase{1440, 540, 600, 540, 600},   // a pixel a minute
-                      SpanCase{720, 540, 600, 270, 300},    // half a pixel a minute
-                      SpanCase{300, 600, 601, 125, 125},    // one minute: still one column
-                      SpanCase{300, 601, 600, 125, 125},    // reversed ends fill the same box
-                      SpanCase{300, 0, 1440, 0, 299},       // the whole day
-                      SpanCase{100, 1380, 1440, 96, 99}));  // 24:00 is the right edge
 
 TEST(TimeBar, NoTimeDrawsNothing) {
   TimeBar bar;
