@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "substitute next-day until 2006 = Old\nsubstitute next-free from 2007 = New",
                  2020, "05-03 C, 05-04 G, 05-05 New"},
         RuleCase{"two rules on one Sunday make one substitute",
-                 "fixed 05-03 = C\nfixed 05-03 = D\nsubstitute next-day = S", 2020,
+                 "fixed 05-03 = C\nfixed 05-03 = D\nsubstitute next-free = S", 2020,
                  "05-03 C/D, 05-04 S"},
         RuleCase{"bridge", "once 2019-04-29 = A\nonce 2019-05-01 = B\nbridge = Z", 2019,
                  "04-29 A, 04-30 Z, 05-01 B"},
