@@ -1,10 +1,13 @@
 #pragma once
 
+#include <filesystem>
 #include <iostream>
 #include <string>
 
+#include "commands/document_commands.h"
 #include "platform/std/console.h"
 #include "platform/std/system_clock.h"
+#include "shell/texts.h"
 #include "store/schedule_store.h"
 
 namespace sched {
@@ -18,8 +21,13 @@ class CliStore {
     store_.ResetHeader();
   }
 
-  // Loads a schedule file from the PC; false (after "Read error!") when it cannot be read.
+  // Loads a schedule file from the PC; false when it cannot be read ("Read error!") or is no
+  // schedule file at all, refused by its first bytes as the window refuses it.
   bool Load(const std::string& path) {
+    if (std::filesystem::is_regular_file(path) && !CheckFileMagic(path)) {
+      std::cerr << texts::kNotSchedulerFile << '\n';
+      return false;
+    }
     doc_.ScheduleFile = path;
     doc_.ScheduleOnPc = 1;
     if (store_.LoadScheduleFile(path)) return true;

@@ -20,7 +20,8 @@ constexpr const char* kUsage =
     "       scltool resave IN.scl OUT.scl\n"
     "       scltool sample OUT.scl [YYYY MM DD]\n"
     "       scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n"
-    "       scltool month FILE.scl YYYY MM [COUNTRYFILE]\n";
+    "       scltool month FILE.scl YYYY MM [COUNTRYFILE]\n"
+    "       scltool --help | --version\n";
 
 int Usage() {
   std::cerr << kUsage;
@@ -30,6 +31,14 @@ int Usage() {
 int Run(const std::vector<std::string>& args) {
   if (args.empty()) return Usage();
   const std::string& command = args[0];
+  if ((command == "--help" || command == "-h") && args.size() == 1) {
+    std::cout << kUsage;
+    return 0;
+  }
+  if (command == "--version" && args.size() == 1) {
+    std::cout << "scltool " SCHEDULER_VERSION "\n";
+    return 0;
+  }
   if ((command == "info" || command == "dump") && args.size() == 2) {
     sched::CliStore cli;
     if (!cli.Load(args[1])) return 1;

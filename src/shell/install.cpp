@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -15,6 +14,7 @@
 #include "platform/clock.h"
 #include "platform/std/console.h"
 #include "shell/folder_case.h"
+#include "shell/installer.h"
 #include "shell/paths.h"
 #include "shell/sample_schedule.h"
 #include "shell/stock_sounds.h"
@@ -51,11 +51,6 @@ class FixedClock : public Clock {
   mutable std::uint64_t ticks_ = 0;
 };
 
-bool Exists(const fs::path& path) {
-  std::error_code error;
-  return fs::exists(path, error);
-}
-
 // The country files of a folder, sorted by name.
 std::vector<fs::path> HolidayFiles(const fs::path& folder) {
   std::vector<fs::path> files;
@@ -87,72 +82,23 @@ std::vector<std::uint8_t> SchIniBytes() {
   return {text.begin(), text.end()};
 }
 
-class Installer {
- public:
-  explicit Installer(InstallReport& report) : report_(report) {}
+void SaveSample(Installer& installer, const fs::path& file, const CivilDate& today) {
+  if (Exists(file)) return;
+  ScheduleDocument doc;
+  NoAlarmHooks alarms;
+  SilentProgress progress;
+  FixedClock clock(today);
+  ScheduleStore store(doc, StoreServices{alarms, progress, clock});
+  store.ClearIndex();
+  store.ResetHeader();
+  BuildSampleSchedule(store, today);
+  installer.Note(file.string(), store.SaveScheduleFile(file.string()));
+}
 
-  void MakeFolder(const fs::path& folder) {
-    if (Exists(folder)) return;
-    std::error_code error;
-    fs::create_directories(folder, error);
-    Note(folder, !error);
-  }
-
-  // Writes a file that does not exist yet.
-  void WriteNew(const fs::path& file, const std::vector<std::uint8_t>& bytes) {
-    if (Exists(file)) return;
-    bool written = false;
-    {
-      std::ofstream out(file, std::ios::binary);
-      out.write(reinterpret_cast<const char*>(bytes.data()),
-                static_cast<std::streamsize>(bytes.size()));
-      written = static_cast<bool>(out.flush());
-    }
-    if (!written) {
-      std::error_code error;
-      fs::remove(file, error);
-    }
-    Note(file, written);
-  }
-
-  // Copies a file to a place where none is yet.
-  void CopyNew(const fs::path& from, const fs::path& to) {
-    if (Exists(to)) return;
-    std::error_code error;
-    fs::copy_file(from, to, error);
-    Note(to, !error);
-  }
-
-  void SaveSample(const fs::path& file, const CivilDate& today) {
-    if (Exists(file)) return;
-    ScheduleDocument doc;
-    NoAlarmHooks alarms;
-    SilentProgress progress;
-    FixedClock clock(today);
-    ScheduleStore store(doc, StoreServices{alarms, progress, clock});
-    store.ClearIndex();
-    store.ResetHeader();
-    BuildSampleSchedule(store, today);
-    Note(file, store.SaveScheduleFile(file.string()));
-  }
-
-  void SetRegistryString(Registry& registry, const std::string& key, const std::string& name,
-                         const std::string& value) {
-    const std::string what = key + "\\" + name + " = " + value;
-    if (registry.WriteString(key, name, value)) {
-      report_.created.push_back(what);
-    } else {
-      report_.failures.push_back(what);
-    }
-  }
-
- private:
-  void Note(const fs::path& path, bool done) {
-    (done ? report_.created : report_.failures).push_back(path.string());
-  }
-
-  InstallReport& report_;
-};
+void SetRegistryString(Installer& installer, Registry& registry, const std::string& key,
+                       const std::string& name, const std::string& value) {
+  installer.Note(key + "\\" + name + " = " + value, registry.WriteString(key, name, value));
+}
 
 bool SameFolder(const std::string& a, const std::string& b) {
   std::error_code error;
@@ -177,8 +123,8 @@ void LayOut(Installer& installer, const std::string& installDir, const std::stri
                        EncodeSnd(melody));
   }
   // The same sample on the PC and on the device, each made only where none is yet.
-  installer.SaveSample(ResolveIgnoringCase(paths.PimDataDir, kSampleName), today);
-  installer.SaveSample(ResolveIgnoringCase(paths.CacheDir, kSampleName), today);
+  SaveSample(installer, ResolveIgnoringCase(paths.PimDataDir, kSampleName), today);
+  SaveSample(installer, ResolveIgnoringCase(paths.CacheDir, kSampleName), today);
 }
 
 // The country file of a new installation: the United States one when it is there, else the
@@ -196,11 +142,15 @@ std::optional<std::string> ChooseHolidayFile(const std::string& pcAppsDir) {
 
 }  // namespace
 
-std::string DefaultInstallDir(std::string_view xdgDataHome, std::string_view home) {
+std::string UserDataHome(std::string_view xdgDataHome, std::string_view home) {
   const std::string dataHome = !xdgDataHome.empty() && xdgDataHome.front() == '/'
                                    ? std::string(xdgDataHome)
                                    : std::string(home) + "/.local/share";
-  return (fs::path(dataHome) / "Sorvane" / "Tarvex").lexically_normal().string();
+  return fs::path(dataHome).lexically_normal().string();
+}
+
+std::string DefaultInstallDir(std::string_view xdgDataHome, std::string_view home) {
+  return (fs::path(UserDataHome(xdgDataHome, home)) / "Sorvane" / "Tarvex").string();
 }
 
 InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
@@ -216,7 +166,7 @@ InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
     LayOut(installer, report.installDir, dataDir, today);
   }
   if (!keepRegistered) {
-    installer.SetRegistryString(registry, kInstallKey, kInstallDirValue, report.installDir);
+    SetRegistryString(installer, registry, kInstallKey, kInstallDirValue, report.installDir);
   }
   if (!registry.KeyExists(kSchedulerKey)) {
     if (registry.CreateKey(kSchedulerKey)) {
@@ -230,7 +180,7 @@ InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
   if (!holidayIni || holidayIni->size() < 2) {
     const std::optional<std::string> chosen =
         ChooseHolidayFile(MakeInstallPaths(report.installDir).PcAppsDir);
-    if (chosen) installer.SetRegistryString(registry, kSchedulerKey, kHolidayIniValue, *chosen);
+    if (chosen) SetRegistryString(installer, registry, kSchedulerKey, kHolidayIniValue, *chosen);
   }
   return report;
 }

@@ -6,14 +6,12 @@
 
 #include "core/calendar.h"
 #include "platform/registry.h"
+#include "shell/installer.h"
 
 namespace sched {
 
-struct InstallReport {
-  std::string installDir;             // the install folder now registered
-  std::vector<std::string> created;   // files, folders and registry values this run made
-  std::vector<std::string> failures;  // what could not be made
-};
+// The user's data folder: $XDG_DATA_HOME, or ~/.local/share when it is unset or relative.
+std::string UserDataHome(std::string_view xdgDataHome, std::string_view home);
 
 // The folder of a new installation: $XDG_DATA_HOME (or ~/.local/share) + "/Sorvane/Tarvex".
 // An unset or relative XDG_DATA_HOME is passed over.

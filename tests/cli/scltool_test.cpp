@@ -14,9 +14,14 @@ struct Result {
   std::string out;
 };
 
-// Runs scltool with the arguments, standard error joined to standard output.
-Result Scltool(const std::string& args) {
-  const std::string command = std::string(SCLTOOL_PATH) + " " + args + " 2>&1";
+// Which of scltool's output streams a run collects.
+enum class Stream { Both, Out, Err };
+
+// Runs scltool with the arguments and collects the streams asked for.
+Result Scltool(const std::string& args, Stream stream = Stream::Both) {
+  const char* const redirect[] = {" 2>&1", " 2>/dev/null", " 2>&1 >/dev/null"};
+  const std::string command =
+      std::string(SCLTOOL_PATH) + " " + args + redirect[static_cast<int>(stream)];
   FILE* pipe = popen(command.c_str(), "r");
   Result result{-1, ""};
   std::array<char, 4096> buffer;
@@ -87,29 +92,45 @@ TEST(Scltool, InfoSampleAndResave) {
   EXPECT_EQ(Scltool("dump " + copy).out, Scltool("dump " + sample).out);
 }
 
-TEST(Scltool, ExitStatusForBadFilesAndBadUsage) {
+TEST(Scltool, ExitStatusAndMessages) {
   TempDir dir;
   WriteBytes(dir.File("bad.scl"), {'Q', '3', '9', 'E', 0, 0, 1, 0, 100, 0, 0, 0});
+  WriteBytes(dir.File("text.scl"), {'D', 'a', 'y', ',', 'T', 'i', 't', 'l', 'e', '\n'});
+  WriteBytes(dir.File("short.scl"), {'Q', '3', '9'});
+  WriteBytes(dir.File("empty.scl"), {});
+  const std::string bad = Quoted(dir.File("bad.scl"));
+  const std::string text = Quoted(dir.File("text.scl"));
+  const std::string out = Quoted(dir.File("out.scl"));
+  const std::string notScheduler = "This is not a Scheduler file.\n";
   struct Case {
     std::string args;
     int status;
-    std::string out;
+    Stream stream;
+    std::string out;  // the whole output, or for bad usage how it begins
   };
   const Case cases[] = {
-      {"info " + Quoted(dir.File("bad.scl")), 1, "Read error!\n"},
-      {"dump " + Quoted(dir.File("missing.scl")), 1, "Read error!\n"},
-      {"resave " + Quoted(dir.File("bad.scl")) + " " + Quoted(dir.File("out.scl")), 1,
-       "Read error!\n"},
-      {"", 2, ""},
-      {"info", 2, ""},
-      {"frobnicate x.scl", 2, ""},
-      {"sample x.scl 2026 2 30", 2, ""},
+      {"info " + bad, 1, Stream::Err, "Read error!\n"},
+      {"dump " + Quoted(dir.File("missing.scl")), 1, Stream::Err, "Read error!\n"},
+      {"resave " + bad + " " + out, 1, Stream::Err, "Read error!\n"},
+      {"info " + text, 1, Stream::Err, notScheduler},
+      {"dump " + Quoted(dir.File("short.scl")), 1, Stream::Err, notScheduler},
+      {"resave " + Quoted(dir.File("empty.scl")) + " " + out, 1, Stream::Err, notScheduler},
+      {"month " + text + " 2024 5", 1, Stream::Err, notScheduler},
+      {"info " + text, 1, Stream::Out, ""},
+      {"--help", 0, Stream::Out, "usage: scltool"},
+      {"-h", 0, Stream::Out, "usage: scltool"},
+      {"--version", 0, Stream::Out, "scltool " SCHEDULER_VERSION "\n"},
+      {"--version extra", 2, Stream::Err, "usage: scltool"},
+      {"", 2, Stream::Err, "usage: scltool"},
+      {"info", 2, Stream::Err, "usage: scltool"},
+      {"frobnicate x.scl", 2, Stream::Err, "usage: scltool"},
+      {"sample x.scl 2026 2 30", 2, Stream::Err, "usage: scltool"},
   };
   for (const Case& c : cases) {
-    const Result r = Scltool(c.args);
+    const Result r = Scltool(c.args, c.stream);
     EXPECT_EQ(r.status, c.status) << c.args;
-    if (c.status == 2) {
-      EXPECT_EQ(r.out.rfind("usage: scltool", 0), 0u) << c.args;
+    if (c.out.rfind("usage: ", 0) == 0) {
+      EXPECT_EQ(r.out.rfind(c.out, 0), 0u) << c.args << ": " << r.out;
     } else {
       EXPECT_EQ(r.out, c.out) << c.args;
     }

@@ -1,0 +1,100 @@
+#include "shell/desktop_files.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "tests/shell/shell_test_support.h"
+#include "tests/support/temp_dir.h"
+
+namespace sched {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kShippedDesktop = std::string(SCHEDULER_DATA_DIR) + "/desktop";
+
+bool HaveTool(const std::string& tool) {
+  return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
+}
+
+// desktop-file-validate's verdict on an entry: its messages, empty when it is valid.
+std::string Validate(const fs::path& entry) {
+  const std::string command = "desktop-file-validate '" + entry.string() + "' 2>&1";
+  FILE* pipe = popen(command.c_str(), "r");
+  std::string out;
+  char buffer[512];
+  while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) out.append(buffer, n);
+  const int status = pclose(pipe);
+  return status == 0 ? out : "exit " + std::to_string(status) + ": " + out;
+}
+
+TEST(WithProgram, PutsTheProgramIntoTheExecLine) {
+  struct Case {
+    std::string program;
+    std::string exec;
+  };
+  const Case cases[] = {
+      {"/usr/bin/scheduler", "Exec=/usr/bin/scheduler %f"},
+      {"/home/ann/my build/scheduler", "Exec=\"/home/ann/my build/scheduler\" %f"},
+      {"/opt/a$b/scheduler", "Exec=\"/opt/a\\\\$b/scheduler\" %f"},
+      {"/opt/say \"x\"/scheduler", "Exec=\"/opt/say \\\\\"x\\\\\"/scheduler\" %f"},
+      {"/opt/a\\b/scheduler", "Exec=\"/opt/a\\\\\\\\b/scheduler\" %f"},
+      {"/opt/100%/scheduler", "Exec=/opt/100%%/scheduler %f"},
+  };
+  const std::string entry = "[Desktop Entry]\nName=S\nExec=scheduler %f\nIcon=scheduler\n";
+  for (const Case& c : cases) {
+    EXPECT_EQ(WithProgram(entry, c.program),
+              "[Desktop Entry]\nName=S\n" + c.exec + "\nIcon=scheduler\n")
+        << c.program;
+  }
+  EXPECT_EQ(WithProgram("[Desktop Entry]\nName=S\n", "/x"), "[Desktop Entry]\nName=S\n");
+}
+
+TEST(DesktopFiles, ShippedEntryIsValid) {
+  if (!HaveTool("desktop-file-validate")) GTEST_SKIP() << "desktop-file-validate is missing";
+  EXPECT_EQ(Validate(kShippedDesktop + "/scheduler.desktop"), "");
+}
+
+TEST(DesktopFiles, GoIntoTheUsersDataFoldersOnceAndStayValid) {
+  TempDir dir;
+  const fs::path home = dir.Path() / "data home";
+  const std::string program = (dir.Path() / "my build" / "scheduler").string();
+  WriteText(home / "icons/hicolor/48x48/apps/scheduler.png", "the user's own");
+
+  InstallReport report;
+  Installer installer(report);
+  InstallDesktopFiles(installer, SCHEDULER_DATA_DIR, home.string(), program);
+  EXPECT_TRUE(report.failures.empty());
+
+  const fs::path entry = home / "applications" / kDesktopEntryName;
+  EXPECT_NE(ReadText(entry).find("\nExec=\"" + program + "\" %f\n"), std::string::npos)
+      << ReadText(entry);
+  for (const char* file :
+       {"icons/hicolor/scalable/apps/scheduler.svg", "icons/hicolor/16x16/apps/scheduler.png",
+        "icons/hicolor/256x256/apps/scheduler.png", "mime/packages/scheduler-mime.xml"}) {
+    EXPECT_TRUE(fs::is_regular_file(home / file)) << file;
+  }
+  EXPECT_EQ(ReadText(home / "icons/hicolor/48x48/apps/scheduler.png"), "the user's own");
+
+  const std::size_t made = report.created.size();
+  InstallDesktopFiles(installer, SCHEDULER_DATA_DIR, home.string(), "/elsewhere/scheduler");
+  EXPECT_EQ(report.created.size(), made) << "a second run makes nothing";
+  EXPECT_NE(ReadText(entry).find(program), std::string::npos) << "the entry is kept";
+
+  if (!HaveTool("desktop-file-validate")) GTEST_SKIP() << "desktop-file-validate is missing";
+  EXPECT_EQ(Validate(entry), "");
+}
+
+TEST(DesktopFiles, MissingDataIsAFailure) {
+  TempDir dir;
+  InstallReport report;
+  Installer installer(report);
+  InstallDesktopFiles(installer, dir.File("nowhere"), dir.File("home"), "/usr/bin/scheduler");
+  EXPECT_FALSE(report.failures.empty());
+  EXPECT_FALSE(fs::exists(dir.Path() / "home" / "applications" / kDesktopEntryName));
+}
+
+}  // namespace
+}  // namespace sched
