@@ -72,9 +72,9 @@ class ScheduleMaker {
       std::vector<SchRecord> records;
       if (kind < 50) {
         records.push_back(Item(RandomDate(), Pick(0, 3) != 0));
-      } else if (kind < 68) {
+      } else if (kind < 90) {
         AddMultiDay(records);
-      } else if (kind < 94) {
+      } else if (kind < 97) {
         AddSeries(records, 7, Pick(4, 30));
       } else {
         AddMonthly(records);
@@ -115,7 +115,7 @@ class ScheduleMaker {
 
   std::string Memo() {
     std::string memo;
-    const int lines = Pick(1, 5);
+    const int lines = Pick(1, 3);
     for (int i = 0; i < lines; ++i) {
       if (i > 0) memo += "\r\n";
       memo += Any(kMemoLines);
@@ -133,8 +133,8 @@ class ScheduleMaker {
       r.EndTime = static_cast<std::int16_t>(std::min(start + 15 * Pick(1, 12), 1439));
     }
     r.Title = Title();
-    if (Pick(0, 9) < 6) r.Place = Any(kPlaces);
-    if (Pick(0, 9) < 5) r.Memo = Memo();
+    if (Pick(0, 9) < 5) r.Place = Any(kPlaces);
+    if (Pick(0, 19) < 7) r.Memo = Memo();
     r.Private = static_cast<std::int16_t>(Pick(0, 9) == 0 ? 1 : 0);
     if (timed && Pick(0, 3) == 0) {
       r.AlarmOn = 1;
