@@ -77,12 +77,33 @@ char32_t NextCodePoint(std::string_view text, std::size_t& pos) {
   return cp;
 }
 
+// The position of the first byte from 0x80 up at or after `pos`; the size when there is none.
+std::size_t FirstHigh(std::string_view text, std::size_t pos) {
+  while (pos < text.size() && (static_cast<unsigned char>(text[pos]) & 0x80) == 0) ++pos;
+  return pos;
+}
+
 }  // namespace
 
+bool IsAscii(std::string_view text) {
+  return FirstHigh(text, 0) == text.size();
+}
+
 std::string Cp1252ToUtf8(std::string_view bytes) {
+  std::size_t length = bytes.size();
+  for (char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x80) length += ByteToCodePoint(byte) < 0x800 ? 1 : 2;
+  }
   std::string out;
-  out.reserve(bytes.size());
-  for (char c : bytes) AppendUtf8(out, ByteToCodePoint(static_cast<unsigned char>(c)));
+  out.reserve(length);
+  for (std::size_t pos = 0; pos < bytes.size(); ++pos) {
+    const std::size_t high = FirstHigh(bytes, pos);
+    out.append(bytes.substr(pos, high - pos));
+    if (high == bytes.size()) break;
+    AppendUtf8(out, ByteToCodePoint(static_cast<unsigned char>(bytes[high])));
+    pos = high;
+  }
   return out;
 }
 
@@ -90,7 +111,10 @@ std::string Utf8ToCp1252(std::string_view text) {
   std::string out;
   out.reserve(text.size());
   for (std::size_t pos = 0; pos < text.size();) {
-    out += static_cast<char>(CodePointToByte(NextCodePoint(text, pos)));
+    const std::size_t high = FirstHigh(text, pos);
+    out.append(text.substr(pos, high - pos));
+    pos = high;
+    if (pos < text.size()) out += static_cast<char>(CodePointToByte(NextCodePoint(text, pos)));
   }
   return out;
 }

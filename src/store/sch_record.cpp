@@ -1,5 +1,6 @@
 #include "store/sch_record.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -36,8 +37,10 @@ std::string TabToBlank(std::string text) {
 std::string StripCR(std::string_view text) {
   std::string out;
   out.reserve(text.size());
-  for (char c : text) {
-    if (c != '\r') out += c;
+  for (std::size_t pos = 0; pos < text.size();) {
+    const std::size_t cr = std::min(text.find('\r', pos), text.size());
+    out.append(text.substr(pos, cr - pos));
+    pos = cr + 1;
   }
   return out;
 }
@@ -46,15 +49,16 @@ std::string LfToCrLf(std::string_view text) {
   std::string out;
   out.reserve(text.size() + text.size() / 8);
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (c == '\n') {
+    const std::size_t brk = std::min(text.find_first_of("\r\n", i), text.size());
+    out.append(text.substr(i, brk - i));
+    i = brk;
+    if (i == text.size()) break;
+    if (text[i] == '\n') {
       if (i == 0 || text[i - 1] != '\r') out += '\r';
       out += '\n';
-    } else if (c == '\r') {
+    } else {
       out += '\r';
       if (i + 1 >= text.size() || text[i + 1] != '\n') out += '\n';
-    } else {
-      out += c;
     }
   }
   return out;

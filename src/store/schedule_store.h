@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -70,6 +71,7 @@ class ScheduleStore {
   MonthData MonthHasData(int year, int month) const;
 
  private:
+  bool LoadSchedule(std::span<const std::uint8_t> bytes);
   bool AlarmDueToday(const SchDatRow& row) const;
 
   friend class SclLoader;

@@ -40,29 +40,35 @@ std::int32_t ByteReader::I32() {
   return static_cast<std::int32_t>(value);
 }
 
-std::string ByteReader::Bytes(std::size_t count) {
+std::string_view ByteReader::Bytes(std::size_t count) {
   Need(count);
-  const auto at = bytes_.begin() + pos_;
+  const auto* at = reinterpret_cast<const char*>(bytes_.data()) + pos_;
   pos_ += static_cast<std::int64_t>(count);
-  return std::string(at, at + static_cast<std::ptrdiff_t>(count));
+  return {at, count};
 }
 
+namespace {
+std::array<std::uint8_t, 4> LittleEndian(std::int32_t value) {
+  const auto bits = static_cast<std::uint32_t>(value);
+  return {static_cast<std::uint8_t>(bits & 0xFF), static_cast<std::uint8_t>((bits >> 8) & 0xFF),
+          static_cast<std::uint8_t>((bits >> 16) & 0xFF), static_cast<std::uint8_t>(bits >> 24)};
+}
+}  // namespace
+
 void ByteWriter::U16(std::uint16_t value) {
-  bytes_.push_back(static_cast<std::uint8_t>(value & 0xFF));
-  bytes_.push_back(static_cast<std::uint8_t>(value >> 8));
+  const std::array<std::uint8_t, 2> bytes = {static_cast<std::uint8_t>(value & 0xFF),
+                                             static_cast<std::uint8_t>(value >> 8)};
+  bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
 }
 
 void ByteWriter::I32(std::int32_t value) {
-  const auto bits = static_cast<std::uint32_t>(value);
-  for (int shift = 0; shift < 32; shift += 8) {
-    bytes_.push_back(static_cast<std::uint8_t>((bits >> shift) & 0xFF));
-  }
+  const auto bytes = LittleEndian(value);
+  bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
 }
 
 void ByteWriter::PatchI32(std::int32_t offset, std::int32_t value) {
-  ByteWriter bytes;
-  bytes.I32(value);
-  Patch(offset, bytes.Data());
+  const auto bytes = LittleEndian(value);
+  std::copy(bytes.begin(), bytes.end(), bytes_.begin() + offset);
 }
 
 void ByteWriter::Patch(std::int32_t offset, const std::vector<std::uint8_t>& bytes) {
@@ -191,14 +197,15 @@ std::optional<std::int16_t> ReadPrivateLevel(const std::string& systemIniPath) {
   return static_cast<std::int16_t>(block[6] | block[7] << 8);
 }
 
-std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& path) {
+std::optional<FileBytes> ReadWholeFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary | std::ios::ate);
   if (!in) return std::nullopt;
   const std::streamoff size = in.tellg();
   if (size < 0 || size > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
-  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
+  FileBytes bytes{std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(size)),
+                  static_cast<std::size_t>(size)};
   in.seekg(0);
-  if (!in.read(reinterpret_cast<char*>(bytes.data()), size)) return std::nullopt;
+  if (!in.read(reinterpret_cast<char*>(bytes.data.get()), size)) return std::nullopt;
   return bytes;
 }
 

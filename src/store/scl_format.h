@@ -2,9 +2,12 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "store/sch_record.h"
@@ -52,7 +55,7 @@ class SclFormatError : public std::runtime_error {
 // Reads little-endian values from a file held in memory; every read is checked against the end.
 class ByteReader {
  public:
-  explicit ByteReader(const std::vector<std::uint8_t>& bytes) : bytes_(bytes) {}
+  explicit ByteReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
   void Seek(std::int64_t offset);
   std::int64_t Position() const { return pos_; }
   std::int64_t Size() const { return static_cast<std::int64_t>(bytes_.size()); }
@@ -60,26 +63,31 @@ class ByteReader {
   std::uint16_t U16();
   std::int16_t I16() { return static_cast<std::int16_t>(U16()); }
   std::int32_t I32();
-  std::string Bytes(std::size_t count);
+  // The next `count` bytes, valid while the file's bytes are.
+  std::string_view Bytes(std::size_t count);
 
  private:
   void Need(std::size_t count) const;
-  const std::vector<std::uint8_t>& bytes_;
+  std::span<const std::uint8_t> bytes_;
   std::int64_t pos_ = 0;
 };
 
 // Builds a file in memory; links are patched in place once their target is known.
 class ByteWriter {
  public:
+  // Room for `size` bytes, so that the buffer is placed once.
+  void Reserve(std::size_t size) { bytes_.reserve(size); }
   std::int32_t Position() const { return static_cast<std::int32_t>(bytes_.size()); }
   void U8(std::uint8_t value) { bytes_.push_back(value); }
   void U16(std::uint16_t value);
   void I16(std::int16_t value) { U16(static_cast<std::uint16_t>(value)); }
   void I32(std::int32_t value);
-  void Bytes(const std::string& bytes) { bytes_.insert(bytes_.end(), bytes.begin(), bytes.end()); }
+  void Bytes(std::string_view bytes) { bytes_.insert(bytes_.end(), bytes.begin(), bytes.end()); }
   void PatchI32(std::int32_t offset, std::int32_t value);
   void Patch(std::int32_t offset, const std::vector<std::uint8_t>& bytes);
   const std::vector<std::uint8_t>& Data() const { return bytes_; }
+  // Hands the bytes over, leaving the writer empty.
+  std::vector<std::uint8_t> Take() { return std::move(bytes_); }
 
  private:
   std::vector<std::uint8_t> bytes_;
@@ -109,7 +117,15 @@ inline constexpr std::int32_t kRecordNextOffset = 4;
 // the file cannot be read.
 std::optional<std::int16_t> ReadPrivateLevel(const std::string& systemIniPath);
 
-// Reads a whole file; nothing when it cannot be opened or read.
-std::optional<std::vector<std::uint8_t>> ReadWholeFile(const std::string& path);
+// The bytes of a whole file.
+struct FileBytes {
+  std::unique_ptr<std::uint8_t[]> data;
+  std::size_t size = 0;
+  std::span<const std::uint8_t> Span() const { return {data.get(), size}; }
+};
+
+// Reads a whole file into a buffer that is not filled beforehand; nothing when it cannot be
+// opened or read.
+std::optional<FileBytes> ReadWholeFile(const std::string& path);
 
 }  // namespace sched

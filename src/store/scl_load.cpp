@@ -1,11 +1,61 @@
 #include <algorithm>
+#include <cstdint>
 #include <numeric>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "core/calendar.h"
 #include "core/codepage.h"
 #include "store/schedule_store.h"
 
 namespace sched {
+namespace {
+
+// One bit for each byte of a file, set once the byte is read for a part.
+class ClaimedBytes {
+ public:
+  explicit ClaimedBytes(std::size_t size) : words_((size + 63) / 64) {}
+
+  // Sets the bits of bytes [first, last); false, setting none, when one of them is set.
+  bool Claim(std::size_t first, std::size_t last) {
+    if (first >= last) return true;
+    const std::size_t firstWord = first / 64;
+    const std::size_t lastWord = (last - 1) / 64;
+    for (std::size_t w = firstWord; w <= lastWord; ++w) {
+      if ((words_[w] & Mask(w, first, last)) != 0) return false;
+    }
+    for (std::size_t w = firstWord; w <= lastWord; ++w) words_[w] |= Mask(w, first, last);
+    return true;
+  }
+
+ private:
+  // The bits of word `w` that bytes [first, last) cover.
+  static std::uint64_t Mask(std::size_t w, std::size_t first, std::size_t last) {
+    const std::size_t low = w == first / 64 ? first % 64 : 0;
+    const std::size_t high = w == (last - 1) / 64 ? (last - 1) % 64 : 63;
+    return (~std::uint64_t{0} >> (63 - high)) & (~std::uint64_t{0} << low);
+  }
+
+  std::vector<std::uint64_t> words_;
+};
+
+// A text of the file as the tables hold it: UTF-8, every line break CR LF, no tabs.
+std::string TableText(std::string_view bytes) {
+  std::string text = Cp1252ToUtf8(bytes);
+  const auto special = [](char c) { return c == '\t' || c == '\r' || c == '\n'; };
+  if (std::none_of(text.begin(), text.end(), special)) return text;
+  return TabToBlank(LfToCrLf(text));
+}
+
+// The fewest bytes a record takes in a file: its fixed part, three empty texts, no alarm.
+constexpr std::size_t kSmallestRecord = kRecordFixedSize + 8;
+// The most rows reserved ahead, so that a large damaged file asks for no great block of memory
+// before it is found out.
+constexpr std::size_t kMostRowsReserved = 1 << 20;
+
+}  // namespace
 
 // Reads a schedule file held in memory into the tables. A file is a tree of offsets; the
 // loader follows them, and gives up with SclFormatError at anything a well-formed file cannot
@@ -15,12 +65,12 @@ namespace sched {
 // the file.
 class SclLoader {
  public:
-  SclLoader(ScheduleStore& store, const std::vector<std::uint8_t>& bytes)
-      : store_(store),
-        doc_(store.doc_),
-        t_(store.doc_.Tables),
-        in_(bytes),
-        claimed_(bytes.size(), 0) {}
+  SclLoader(ScheduleStore& store, std::span<const std::uint8_t> bytes)
+      : store_(store), doc_(store.doc_), t_(store.doc_.Tables), in_(bytes), claimed_(bytes.size()) {
+    // Room for a row of each record the file can hold, so that the rows are placed once; the
+    // days of items over several dates may still add more.
+    t_.SchDatList.Reserve(std::min(bytes.size() / kSmallestRecord + 1, kMostRowsReserved));
+  }
 
   void Run() {
     Claim(0, kHeaderSize);
@@ -48,10 +98,10 @@ class SclLoader {
   // each hold a long text made of the same bytes.
   void Claim(std::int64_t offset, std::int64_t size) {
     if (offset < 0 || offset + size > in_.Size()) throw SclFormatError("offset outside the file");
-    const auto first = claimed_.begin() + offset;
-    const auto last = first + size;
-    if (std::find(first, last, 1) != last) throw SclFormatError("a byte is read for two parts");
-    std::fill(first, last, 1);
+    if (!claimed_.Claim(static_cast<std::size_t>(offset),
+                        static_cast<std::size_t>(offset + size))) {
+      throw SclFormatError("a byte is read for two parts");
+    }
   }
 
   void Enter(std::int32_t offset, std::int32_t size) {
@@ -174,7 +224,7 @@ class SclLoader {
     const std::uint16_t length = in_.U16();
     if (length == 0) return {};
     ClaimNext(length);
-    return TabToBlank(LfToCrLf(Cp1252ToUtf8(in_.Bytes(length))));
+    return TableText(in_.Bytes(length));
   }
 
   static void CheckRecord(const SchRecord& f) {
@@ -199,8 +249,8 @@ class SclLoader {
     row.AlarmOn = in_.I16();
     if (row.AlarmOn == 1) {
       ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes) + 2);
-      std::string sound = Cp1252ToUtf8(in_.Bytes(kAlarmSoundBytes));
-      row.AlarmSound = sound.substr(0, sound.find('\0'));
+      const std::string_view sound = in_.Bytes(kAlarmSoundBytes);
+      row.AlarmSound = Cp1252ToUtf8(sound.substr(0, sound.find('\0')));
       row.AlarmLead = in_.I16();
     }
     if (dropped) return false;
@@ -215,7 +265,7 @@ class SclLoader {
   ScheduleDocument& doc_;
   SchDatCTL& t_;
   ByteReader in_;
-  std::vector<std::uint8_t> claimed_;  // 1 for each byte read for a part
+  ClaimedBytes claimed_;
   bool claimVarPart_ = true;
 };
 
@@ -276,6 +326,10 @@ void ScheduleStore::ResetHeader() {
 }
 
 bool ScheduleStore::LoadScheduleBytes(const std::vector<std::uint8_t>& bytes) {
+  return LoadSchedule(bytes);
+}
+
+bool ScheduleStore::LoadSchedule(std::span<const std::uint8_t> bytes) {
   ClearIndex();
   ResetHeader();
   doc_.LoadedRecords = 0;
@@ -297,7 +351,7 @@ bool ScheduleStore::LoadScheduleFile(const std::string& path) {
     ResetHeader();
     return false;
   }
-  return LoadScheduleBytes(*bytes);
+  return LoadSchedule(bytes->Span());
 }
 
 }  // namespace sched

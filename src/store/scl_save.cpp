@@ -12,9 +12,9 @@
 namespace sched {
 namespace {
 
-// The 8-bit form of a text for the file.
-std::string FileText(const std::string& text) {
-  return Utf8ToCp1252(text);
+// Turns a text into its 8-bit form for the file.
+void ToFileText(std::string& text) {
+  if (!IsAscii(text)) text = Utf8ToCp1252(text);
 }
 
 // The variable part's size must fit its signed 16-bit count, which a reader may use to find
@@ -58,6 +58,7 @@ class SclWriter {
     header.Magic = kSclMagic;
     header.WeekHolidayMask = WeekHolidayMask(doc_.WeekHoliday);
     header.FirstYear = -1;
+    out_.Reserve(LargestSize());
     WriteHeader(out_, header);
     std::int32_t previousYear = -1;
     for (int i = 0; i < t_.YearCount; ++i) {
@@ -81,10 +82,24 @@ class SclWriter {
     header.PrivateCount = privateCount_;
     PatchHeader(out_, header);
     doc_.Header = header;
-    return out_.Data();
+    return out_.Take();
   }
 
  private:
+  // No file of the tables is larger: every live row written as a record of its own, each text
+  // as long as its UTF-8 form with CR LF line ends.
+  std::size_t LargestSize() const {
+    std::size_t size = kHeaderSize + static_cast<std::size_t>(t_.YearCount) * kYearSize +
+                       static_cast<std::size_t>(t_.MonthCount) * kMonthSize;
+    const auto& list = t_.SchDatList;
+    for (int row = 0; !list.IsEmpty() && row < list.Rows(); ++row) {
+      const SchDatRow& r = list.At(row);
+      if (r.Deleted == kDeleted) continue;
+      size += kRecordFixedSize + 8 + 10 + r.Title.size() + r.Place.size() + r.Memo.size();
+    }
+    return size;
+  }
+
   // The first and last date and the lowest SubNo of every series, from one pass over the rows.
   void CollectSeriesRanges() {
     const auto& list = t_.SchDatList;
@@ -182,11 +197,12 @@ class SclWriter {
     } else {
       rec.Private = 0;
     }
-    rec.Title = FileText(rec.Title);
-    rec.Place = FileText(rec.Place);
-    rec.Memo = FileText(StripCR(rec.Memo));
+    rec.Memo = StripCR(rec.Memo);
+    for (std::string* text : {&rec.Title, &rec.Place, &rec.Memo, &rec.AlarmSound}) {
+      ToFileText(*text);
+    }
     FitVariablePart(rec);
-    rec.AlarmSound = FileText(rec.AlarmSound).substr(0, kAlarmSoundBytes);
+    if (rec.AlarmSound.size() > kAlarmSoundBytes) rec.AlarmSound.resize(kAlarmSoundBytes);
     const std::size_t length =
         rec.Title.size() + rec.Place.size() + rec.Memo.size() + 8 + (rec.AlarmOn == 1 ? 10 : 0);
     rec.VarLen = static_cast<std::int16_t>(length);

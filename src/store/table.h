@@ -65,6 +65,9 @@ class Table {
   const Row& At(int row) const { return rows_[static_cast<std::size_t>(row)]; }
   Row& At(int row) { return rows_[static_cast<std::size_t>(row)]; }
 
+  // Room for `rows` rows without moving them.
+  void Reserve(std::size_t rows) { rows_.reserve(rows); }
+
   // Adds a row at the end and gives its number.
   int Append(Row row) {
     rows_.push_back(std::move(row));

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# Whole-process timings on a schedule of years of real use: every run is a fresh process that
+# reads the file from the page cache, as a user's command does. Prints the median wall time and
+# the median peak memory of `scltool resave` and `scltool info`, and, when the window is built,
+# the time the window takes to open the file and paint it.
+#
+# usage: bench/cold_bench.sh [BUILD_DIR] [RUNS]
+# Needs make_schedule and scltool built in BUILD_DIR (default build), and /usr/bin/time; the
+# window is timed when scheduler and scheduler-setup are built too.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=${1:-build}
+runs=${2:-11}
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+file="$work/schedule.scl"
+"$build/bench/make_schedule" "$file"
+
+median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
+
+# Runs the command `runs` times; prints "median_ms median_peak_kb".
+measure() {
+  local times=() peaks=() start end
+  for ((i = 0; i < runs; i++)); do
+    start=$(date +%s%N)
+    /usr/bin/time -f %M -o "$work/peak" "$@" >/dev/null
+    end=$(date +%s%N)
+    times+=($(((end - start) / 1000000)))
+    peaks+=("$(tail -n 1 "$work/peak")")
+  done
+  echo "$(printf '%s\n' "${times[@]}" | median) $(printf '%s\n' "${peaks[@]}" | median)"
+}
+
+size_kb=$(($(stat -c %s "$file") / 1024))
+echo "Schedule: $((size_kb / 1024)) MB, $("$build/src/cli/scltool" info "$file" |
+  sed -n 's/^Records in the file: //p') records, $("$build/src/cli/scltool" info "$file" |
+  sed -n 's/^Rows (one a day of each item): //p') rows; median of $runs runs"
+printf '%-16s %8s %10s %12s\n' command ms peak_MB peak/file
+report() {
+  local name=$1 ms kb
+  shift
+  read -r ms kb < <(measure "$@")
+  awk -v n="$name" -v ms="$ms" -v kb="$kb" -v file="$size_kb" \
+    'BEGIN {printf "%-16s %8d %10.1f %12.2f\n", n, ms, kb / 1024, kb / file}'
+}
+report "scltool resave" "$build/src/cli/scltool" resave "$file" "$work/out.scl"
+report "scltool info" "$build/src/cli/scltool" info "$file"
+
+app="$build/src/app/scheduler"
+setup="$build/src/setup/scheduler-setup"
+[ -x "$app" ] && [ -x "$setup" ] || exit 0
+# The window in an installation of its own, on the offscreen platform. It saves a picture of
+# itself (which paints it) 1.5 s after it has opened the file and ends; the time shown leaves
+# that wait out.
+export HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_DATA_HOME="$work/home/.local"
+export QT_QPA_PLATFORM=offscreen SCHEDULER_SCREENSHOT="$work/window.png"
+mkdir -p "$HOME"
+"$setup" >/dev/null
+read -r ms kb < <(measure "$app" "$file")
+awk -v ms="$ms" -v kb="$kb" \
+  'BEGIN {printf "%-16s %8d %10.1f   (open and paint, the 1500 ms wait left out)\n", "window", ms - 1500, kb / 1024}'
