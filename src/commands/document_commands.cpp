@@ -98,11 +98,7 @@ bool DocumentCommands::AskSaveChanges() {
     doc.Dirty = false;
     return true;
   }
-  if (IsScl(doc.ScheduleFile)) {
-    SaveToTarvex();
-    doc.Dirty = false;
-    return true;
-  }
+  if (IsScl(doc.ScheduleFile)) return SaveToTarvex();
   std::string target;
   if (doc.ScheduleFile.empty()) {
     const auto chosen = PcDialog(true, texts::kSaveFilter, texts::kUntitledName);
@@ -229,47 +225,45 @@ void DocumentCommands::OpenOnTarvex() {
   LoadDocument(*local, 0);
 }
 
-void DocumentCommands::SaveToTarvex() {
+bool DocumentCommands::SaveToTarvex() {
   ScheduleDocument& doc = Doc();
-  if (doc.ScheduleFile.empty() || doc.ScheduleOnPc != 0) {
-    SaveAsOnTarvex();
-    doc.Dirty = false;
-    return;
-  }
+  if (doc.ScheduleFile.empty() || doc.ScheduleOnPc != 0) return SaveAsOnTarvex();
   const auto devicePath = s_.device.Sor_ConvPathCacheToSorvane(doc.ScheduleFile);
-  if (!devicePath || devicePath->empty()) return;
+  if (!devicePath || devicePath->empty()) return false;
   doc.DevicePath = *devicePath;
   doc.SaveToDevice = true;
-  SaveTo(doc.ScheduleFile);
+  if (!SaveTo(doc.ScheduleFile)) return false;
   doc.Dirty = false;
+  return true;
 }
 
-void DocumentCommands::SaveAsOnTarvex() {
+bool DocumentCommands::SaveAsOnTarvex() {
   s_.window.HideScheduleList();
   ScheduleDocument& doc = Doc();
   std::string proposal;
   if (IsCsv(doc.ScheduleFile)) {
     if (!Ask(texts::kAskConversion, MsgButtons::YesNo, MsgIcon::Information, MsgAnswer::Yes)) {
       s_.messages.Show({texts::kCsvNotSaved, kAppTitle, MsgIcon::Information, MsgButtons::Ok});
-      return;
+      return false;
     }
     proposal = StemOf(doc.ScheduleFile) + ".scl";
   } else if (!doc.ScheduleFile.empty()) {
     proposal = NameOf(doc.ScheduleFile);
   }
   const auto chosen = s_.device.Sor_PIMSaveFileDialog("scl", DeviceFolder() + "\\" + proposal);
-  if (!chosen) return;
+  if (!chosen) return false;
   const auto local = s_.device.Sor_ConvPathSorvaneToCache(*chosen);
-  if (!local) return;
+  if (!local) return false;
   doc.DevicePath = *chosen;
   doc.ScheduleFile = *local;
   s_.notices.FlushPendingNotices();
   doc.SaveToDevice = true;
   doc.ScheduleOnPc = 0;
-  SaveTo(doc.ScheduleFile);
+  const bool saved = SaveTo(doc.ScheduleFile);
   RefreshSoundList();
   s_.session.ShowTitle();
-  doc.Dirty = false;
+  if (saved) doc.Dirty = false;
+  return saved;
 }
 
 void DocumentCommands::OpenAtStart(const std::string& path, int onPc) {

@@ -44,8 +44,9 @@ class DocumentCommands {
   void SaveToPc();
   void SaveAsOnPc();
   void OpenOnTarvex();
-  void SaveToTarvex();
-  void SaveAsOnTarvex();
+  // True when the schedule reached the device; a failed or cancelled save keeps `Dirty`.
+  bool SaveToTarvex();
+  bool SaveAsOnTarvex();
   // Opens the file given at start-up, from the command line or as the last file; a file that
   // fails its check is dropped and the program stays untitled.
   void OpenAtStart(const std::string& path, int onPc);

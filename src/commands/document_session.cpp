@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "core/app_texts.h"
+#include "platform/std/safe_file.h"
 #include "shell/settings.h"
 #include "store/scl_format.h"
 #include "store/stamp.h"
@@ -12,16 +13,18 @@
 namespace sched {
 namespace {
 
-// A new file in the system's temporary folder, named "Sch" and a number.
+// A new file in the system's temporary folder, named "Sch" and a number, made by this save
+// alone: a name that is taken, or a link planted there, is passed over.
 std::string NewTempFile() {
   namespace fs = std::filesystem;
   std::error_code error;
   const fs::path folder = fs::temp_directory_path(error);
+  if (error) return {};
   for (unsigned n = 1; n < 0x10000; ++n) {
     char name[16];
     std::snprintf(name, sizeof name, "Sch%04X.tmp", n);
     const fs::path candidate = folder / name;
-    if (!fs::exists(candidate, error)) return candidate.string();
+    if (CreateNewFile(candidate.string())) return candidate.string();
   }
   return {};
 }

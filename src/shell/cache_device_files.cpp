@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "core/text_case.h"
+#include "platform/std/safe_file.h"
 #include "shell/folder_case.h"
+#include "store/scl_format.h"
 
 namespace sched {
 namespace fs = std::filesystem;
@@ -96,8 +98,9 @@ int CacheDeviceFiles::Sor_PutFile(const std::string& devicePath, const std::stri
   if (fs::equivalent(localPath, *target, error)) return 0;
   fs::create_directories(target->parent_path(), error);
   if (error) return -1;
-  fs::copy_file(localPath, *target, fs::copy_options::overwrite_existing, error);
-  return error ? -1 : 0;
+  // The device's copy is replaced whole, as a schedule on the PC is.
+  const std::optional<std::vector<std::uint8_t>> bytes = ReadWholeFile(localPath);
+  return bytes && WriteFileSafely(target->string(), *bytes) ? 0 : -1;
 }
 
 std::vector<std::string> CacheDeviceFiles::Sor_DirByExt(const std::string& deviceFolder,

@@ -52,7 +52,8 @@ class ScheduleStore {
   // The bytes of the schedule file for the tables; the bar runs from 0 to 100. The header
   // takes the file's new values.
   std::vector<std::uint8_t> BuildScheduleBytes();
-  // Writes the schedule file to `path`, whole or not at all: a failed write leaves the file
+  // Writes the schedule file to `path`, whole or not at all, through a link to the file it
+  // names and keeping the old file's mode: a failed write, or a read-only file, leaves the file
   // that was there. False on failure.
   [[nodiscard]] bool SaveScheduleFile(const std::string& path);
 

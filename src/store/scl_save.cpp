@@ -1,10 +1,9 @@
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "core/codepage.h"
+#include "platform/std/safe_file.h"
 #include "store/chains.h"
 #include "store/schedule_store.h"
 #include "store/stamp.h"
@@ -219,44 +218,12 @@ class SclWriter {
   std::uint16_t privateCount_ = 0;
 };
 
-namespace {
-
-bool WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  if (!out) return false;
-  out.write(reinterpret_cast<const char*>(bytes.data()),
-            static_cast<std::streamsize>(bytes.size()));
-  out.close();
-  return static_cast<bool>(out);
-}
-
-// Writes the file beside the target and puts it in the target's place once it is whole, so
-// that a failed save leaves the old file as it was.
-bool ReplaceFile(const std::string& target, const std::vector<std::uint8_t>& bytes) {
-  namespace fs = std::filesystem;
-  const fs::path path(target);
-  std::string name = ".";
-  name += path.filename().string();
-  name += ".saving";
-  const fs::path temp = path.parent_path() / name;
-  std::error_code error;
-  if (!WriteFile(temp.string(), bytes)) {
-    fs::remove(temp, error);
-    return false;
-  }
-  fs::rename(temp, path, error);
-  if (error) fs::remove(temp, error);
-  return !error;
-}
-
-}  // namespace
-
 std::vector<std::uint8_t> ScheduleStore::BuildScheduleBytes() {
   return SclWriter(*this).Build();
 }
 
 bool ScheduleStore::SaveScheduleFile(const std::string& path) {
-  return ReplaceFile(path, BuildScheduleBytes());
+  return WriteFileSafely(path, BuildScheduleBytes());
 }
 
 }  // namespace sched

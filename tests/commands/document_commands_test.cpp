@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+
 #include "platform/fake/fake_file_dialogs.h"
 #include "shell/texts.h"
 #include "tests/support/test_session.h"
@@ -21,6 +24,30 @@ struct Shell : TestSession {
     return doc.Tables.RowCount > 0 ? doc.Tables.SchDatList.At(0).Title : "";
   }
 };
+
+// A schedule file on the PC, open and changed.
+void OpenChangedPcFile(Shell& s) {
+  s.doc.ScheduleFile = s.MakeFile("doc.scl", "before");
+  s.doc.ScheduleOnPc = 1;
+  s.session.LoadScheduleFile();
+  s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
+  s.doc.Dirty = true;
+}
+
+// A schedule file of the device (its cached copy), open and changed.
+void OpenChangedDeviceFile(Shell& s) {
+  std::filesystem::create_directories(s.dir.File("cache/PIM"));
+  s.device.cacheRoot = s.dir.File("cache");
+  s.doc.ScheduleFile = s.MakeFile("cache/PIM/doc.scl", "before");
+  s.doc.ScheduleOnPc = 0;
+  s.session.LoadScheduleFile();
+  s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
+  s.doc.Dirty = true;
+}
+
+void MakeReadOnly(const std::string& path) {
+  std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+}
 
 TEST(DocumentCommands, CheckInputFnameSCL) {
   Shell s;
@@ -191,6 +218,132 @@ TEST(DocumentCommands, CsvDocumentsAreRefusedClearlyUntilTheyCanBeRead) {
   EXPECT_EQ(s.Texts().back(), texts::kCsvNotAvailable);
   EXPECT_EQ(s.FirstTitle(), "open");  // the open document stays
   EXPECT_EQ(s.window.title, "Scheduler - PC:open.scl");
+}
+
+// Every save that fails keeps the changes marked unsaved, says why, and a question for the
+// changes that ends in a failed save keeps the program where it is.
+TEST(DocumentCommands, AFailedSaveKeepsTheChangesUnsaved) {
+  const std::string writeError = "Write error!";
+  const std::string uploadError = "File translate error when upload to Tarvex!";
+  struct Case {
+    std::string name;
+    void (*prepare)(Shell&);
+    bool (*run)(Shell&);  // what the command gives; false for the commands that give nothing
+    std::string message;
+  };
+  const std::vector<Case> cases = {
+      {"Save to PC of a read-only file",
+       [](Shell& s) {
+         OpenChangedPcFile(s);
+         MakeReadOnly(s.doc.ScheduleFile);
+       },
+       [](Shell& s) {
+         s.commands.SaveToPc();
+         return false;
+       },
+       writeError},
+      {"Save as on PC onto a read-only file",
+       [](Shell& s) {
+         OpenChangedPcFile(s);
+         MakeReadOnly(s.dir.Write("taken.scl", "someone's"));
+         s.dialogs.QueueAnswer(s.dir.File("taken.scl"));
+       },
+       [](Shell& s) {
+         s.commands.SaveAsOnPc();
+         return false;
+       },
+       writeError},
+      {"the question for a read-only PC file",
+       [](Shell& s) {
+         OpenChangedPcFile(s);
+         MakeReadOnly(s.doc.ScheduleFile);
+         s.messages.QueueAnswer(MsgAnswer::Yes);
+       },
+       [](Shell& s) { return s.commands.AskSaveChanges(); }, writeError},
+      {"the question for an untitled document saved onto a read-only file",
+       [](Shell& s) {
+         s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
+         s.doc.Dirty = true;
+         MakeReadOnly(s.dir.Write("taken.scl", "someone's"));
+         s.messages.QueueAnswer(MsgAnswer::Yes);
+         s.dialogs.QueueAnswer(s.dir.File("taken.scl"));
+       },
+       [](Shell& s) { return s.commands.AskSaveChanges(); }, writeError},
+      {"Save to Tarvex refused by the device",
+       [](Shell& s) {
+         OpenChangedDeviceFile(s);
+         s.device.putResult = 7;
+       },
+       [](Shell& s) { return s.commands.SaveToTarvex(); }, uploadError},
+      {"Save to Tarvex without a temporary folder",
+       [](Shell& s) {
+         OpenChangedDeviceFile(s);
+         ::setenv("TMPDIR", s.dir.File("no such folder").c_str(), 1);
+       },
+       [](Shell& s) { return s.commands.SaveToTarvex(); }, writeError},
+      {"Save as on Tarvex refused by the device",
+       [](Shell& s) {
+         OpenChangedDeviceFile(s);
+         s.device.putResult = 7;
+         s.device.saveDialogAnswer = "\\PIM\\other.scl";
+       },
+       [](Shell& s) { return s.commands.SaveAsOnTarvex(); }, uploadError},
+      {"Save to Tarvex of a PC file refused by the device",
+       [](Shell& s) {
+         OpenChangedPcFile(s);
+         s.device.cacheRoot = s.dir.File("cache");
+         s.device.putResult = 7;
+         s.device.saveDialogAnswer = "\\PIM\\doc.scl";
+       },
+       [](Shell& s) { return s.commands.SaveToTarvex(); }, uploadError},
+      {"the question for a device file refused by the device",
+       [](Shell& s) {
+         OpenChangedDeviceFile(s);
+         s.device.putResult = 7;
+         s.messages.QueueAnswer(MsgAnswer::Yes);
+       },
+       [](Shell& s) { return s.commands.AskSaveChanges(); }, uploadError},
+  };
+  for (const Case& c : cases) {
+    Shell s;
+    const TempFolder temp(s.dir.Path().string());
+    c.prepare(s);
+    EXPECT_FALSE(c.run(s)) << c.name;
+    EXPECT_TRUE(s.doc.Dirty) << c.name;
+    ASSERT_FALSE(s.messages.Shown().empty()) << c.name;
+    const MessageRequest& shown = s.messages.Shown().back();
+    EXPECT_EQ(shown.text, c.message) << c.name;
+    EXPECT_EQ(shown.title, "Scheduler") << c.name;
+    EXPECT_EQ(shown.icon, MsgIcon::Exclamation) << c.name;
+    EXPECT_TRUE(s.device.files.empty()) << c.name;
+  }
+}
+
+TEST(DocumentCommands, ASaveToTheDeviceThatWorksClearsTheChanges) {
+  for (const bool asked : {false, true}) {
+    Shell s;
+    const TempFolder temp(s.dir.Path().string());
+    OpenChangedDeviceFile(s);
+    if (asked) {
+      s.messages.QueueAnswer(MsgAnswer::Yes);
+      EXPECT_TRUE(s.commands.AskSaveChanges());
+    } else {
+      EXPECT_TRUE(s.commands.SaveToTarvex());
+    }
+    EXPECT_FALSE(s.doc.Dirty);
+    ASSERT_EQ(s.device.files.count("\\PIM\\doc.scl"), 1u);
+    EXPECT_EQ(s.device.files["\\PIM\\doc.scl"].substr(0, 4), "Q39E");
+  }
+}
+
+TEST(DocumentCommands, ACancelledSaveToTheDeviceKeepsTheChanges) {
+  Shell s;
+  OpenChangedPcFile(s);
+  s.device.cacheRoot = s.dir.File("cache");
+  EXPECT_FALSE(s.commands.SaveToTarvex());  // the device's dialog is cancelled
+  EXPECT_TRUE(s.doc.Dirty);
+  EXPECT_EQ(s.doc.ScheduleOnPc, 1);
+  EXPECT_TRUE(s.messages.Shown().empty());
 }
 
 }  // namespace

@@ -111,7 +111,7 @@ TEST(DocumentSession, AFailedSaveSaysWriteErrorAndLeavesTheOldFile) {
   const std::string path = s.MakeFile("keep.scl", "first");
   const auto before = ReadBytes(path);
   s.store.InsertRecord(MakeItem(1998, 7, 10, 540, 600, "second"));
-  std::filesystem::create_directory(s.dir.File(".keep.scl.saving"));  // in the way
+  std::filesystem::permissions(path, std::filesystem::perms::owner_read);  // read-only
   s.doc.ScheduleFile = path;
   EXPECT_FALSE(s.session.SaveScheduleFile());
   ExpectOneMessage(s, "Write error!");
@@ -141,6 +141,41 @@ TEST(DocumentSession, ADeviceFileIsSentThroughATemporaryFile) {
   ExpectOneMessage(s, "File translate error when upload to Tarvex!");
   EXPECT_EQ(s.device.alarmInfoUpdates.size(), 1u);
   EXPECT_FALSE(s.doc.SaveToDevice);
+}
+
+TEST(DocumentSession, TheDeviceTemporaryFileIsNewAndGoesAway) {
+  TestSession s;
+  std::filesystem::create_directory(s.dir.File("tmp"));
+  const TempFolder temp(s.dir.File("tmp"));
+  // Names planted in the temporary folder are passed over, and what they point to stays.
+  const std::string victim = s.dir.Write("victim", "precious");
+  std::filesystem::create_symlink(victim, s.dir.File("tmp/Sch0001.tmp"));
+  std::filesystem::create_symlink(s.dir.File("made by the link"), s.dir.File("tmp/Sch0002.tmp"));
+  s.dir.Write("tmp/Sch0003.tmp", "someone else's");
+  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "device"));
+  s.doc.ScheduleFile = s.dir.File("cache.scl");
+  s.doc.ScheduleOnPc = 0;
+  s.doc.SaveToDevice = true;
+  s.doc.DevicePath = "\\PIM\\Schedule.scl";
+  ASSERT_TRUE(s.session.SaveScheduleFile());
+  EXPECT_EQ(s.device.files["\\PIM\\Schedule.scl"].substr(0, 4), "Q39E");
+  EXPECT_EQ(ReadBytes(victim), (std::vector<std::uint8_t>{'p', 'r', 'e', 'c', 'i', 'o', 'u', 's'}));
+  EXPECT_FALSE(std::filesystem::exists(s.dir.File("made by the link")));
+  EXPECT_EQ(ReadBytes(s.dir.File("tmp/Sch0003.tmp")).size(), 14u);
+  std::size_t left = 0;
+  for ([[maybe_unused]] const auto& entry :
+       std::filesystem::directory_iterator(s.dir.File("tmp"))) {
+    ++left;
+  }
+  EXPECT_EQ(left, 3u);  // only what was planted
+
+  // No temporary folder: nothing reaches the device.
+  const TempFolder gone(s.dir.File("no such folder"));
+  s.doc.SaveToDevice = true;
+  s.device.files.clear();
+  EXPECT_FALSE(s.session.SaveScheduleFile());
+  ExpectOneMessage(s, "Write error!");
+  EXPECT_TRUE(s.device.files.empty());
 }
 
 }  // namespace

@@ -119,6 +119,27 @@ TEST_F(CacheFixture, PutFileFailures) {
   EXPECT_FALSE(fs::exists(dir.Path() / "escape.scl"));
 }
 
+TEST_F(CacheFixture, PutFileReplacesTheDevicesCopySafely) {
+  const std::string local = dir.File("upload.tmp");
+  WriteText(local, "new");
+  WriteText(cache / "PIM/private.scl", "old");
+  fs::permissions(cache / "PIM/private.scl", fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(device.Sor_PutFile("\\PIM\\private.scl", local), 0);
+  EXPECT_EQ(ReadText(cache / "PIM/private.scl"), "new");
+  EXPECT_EQ(fs::status(cache / "PIM/private.scl").permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
+
+  WriteText(cache / "PIM/locked.scl", "old");
+  fs::permissions(cache / "PIM/locked.scl", fs::perms::owner_read);
+  EXPECT_NE(device.Sor_PutFile("\\PIM\\locked.scl", local), 0);
+  EXPECT_EQ(ReadText(cache / "PIM/locked.scl"), "old");
+
+  fs::create_symlink("Work/real.scl", cache / "PIM/linked.scl");
+  EXPECT_EQ(device.Sor_PutFile("\\PIM\\linked.scl", local), 0);
+  EXPECT_TRUE(fs::is_symlink(cache / "PIM/linked.scl"));
+  EXPECT_EQ(ReadText(cache / "PIM/Work/real.scl"), "new");
+}
+
 TEST_F(CacheFixture, PutFileOfTheCachedCopyItselfKeepsIt) {
   WriteText(cache / "PIM/a.scl", "content");
   EXPECT_EQ(device.Sor_PutFile("\\PIM\\a.scl", At("PIM/a.scl")), 0);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iterator>
 
 #include "tests/support/test_store.h"
 
@@ -148,10 +149,10 @@ TEST(SclSave, AFailedSaveLeavesTheOldFileAsItWas) {
   s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "first"));
   const auto before = s.SaveTo("keep.scl");
   s.store.InsertRecord(MakeItem(1998, 7, 10, 540, 600, "second"));
-  // Something in the way of the file written beside the target.
-  std::filesystem::create_directory(s.dir.File(".keep.scl.saving"));
+  std::filesystem::permissions(s.dir.File("keep.scl"), std::filesystem::perms::owner_read);
   EXPECT_FALSE(s.store.SaveScheduleFile(s.dir.File("keep.scl")));
   EXPECT_EQ(ReadBytes(s.dir.File("keep.scl")), before);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(s.dir.Path()), {}), 1);
   EXPECT_FALSE(s.store.SaveScheduleFile(s.dir.File("no such folder/x.scl")));
 }
 
@@ -162,7 +163,8 @@ TEST(SclSave, ASaveReplacesTheWholeFile) {
   const auto bytes = s.SaveTo("old.scl");
   EXPECT_LT(bytes.size(), 5000u);
   EXPECT_EQ(bytes, s.store.BuildScheduleBytes());
-  EXPECT_FALSE(std::filesystem::exists(s.dir.File(".old.scl.saving")));
+  // Nothing but the file is left in its folder.
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(s.dir.Path()), {}), 1);
 }
 
 TEST(SclSave, TextsTooLongForTheRecordsSizeFieldAreCutMemoFirst) {

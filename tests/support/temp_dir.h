@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -36,6 +38,27 @@ class TempDir {
 
  private:
   std::filesystem::path path_;
+};
+
+// Points the system's temporary folder (TMPDIR) at `folder` while the object lives.
+class TempFolder {
+ public:
+  explicit TempFolder(const std::string& folder) {
+    if (const char* old = std::getenv("TMPDIR")) saved_ = old;
+    ::setenv("TMPDIR", folder.c_str(), 1);
+  }
+  ~TempFolder() {
+    if (saved_) {
+      ::setenv("TMPDIR", saved_->c_str(), 1);
+    } else {
+      ::unsetenv("TMPDIR");
+    }
+  }
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+
+ private:
+  std::optional<std::string> saved_;
 };
 
 inline std::vector<std::uint8_t> ReadBytes(const std::string& path) {

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace sched {
+
+// Puts `bytes` in the place of the file at `path` so that the file is always either whole and
+// old or whole and new, even after a crash or a power cut:
+// - a link at `path` is followed, and the file it points to is the one replaced (a dangling
+//   link's target is created);
+// - an existing file that is read-only, or no plain file, is refused and left as it was;
+// - the bytes go to a new file of a unique name beside the target ("NAME.saving-XXXXXX"),
+//   created exclusively and never through a link, which takes the old file's mode and group,
+//   is flushed to the disk and then renamed over the target; the folder is flushed after;
+// - a successful write removes what earlier writes of the same target left behind when they
+//   were killed part-way.
+// Gives false on any failure, with the target untouched and no file of its own left behind.
+[[nodiscard]] bool WriteFileSafely(const std::string& path, std::span<const std::uint8_t> bytes);
+
+// Creates an empty file that did not exist before, never through a link, readable by the user
+// only. Gives false when something of that name is already there.
+[[nodiscard]] bool CreateNewFile(const std::string& path);
+
+}  // namespace sched
