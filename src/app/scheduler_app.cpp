@@ -26,7 +26,8 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   CheckPimDataDir(paths_, p_.messages);
   state_.LastPcDir = paths_.PimDataDir;
 
-  device_ = std::make_unique<CacheDeviceFiles>(paths_.DeviceCacheDir, &p_.chooser);
+  device_ = std::make_unique<CacheDeviceFiles>(
+      paths_.DeviceCacheDir, DeviceServiceWindows{&p_.chooser, &p_.messages, &setupDialog_});
   views_ = std::make_unique<CalendarViews>(
       ViewServices{doc_, state_.Holidays, p_.dates, p_.clock, p_.messages});
   window_ = std::make_unique<SchMain>(
@@ -41,6 +42,7 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       *session_, *window_, alarms_, p_.messages, p_.dialogs, *device_, state_, paths_.CacheDir});
   BindDocumentCommands(commandSet_, *commands_);
   window_->Attach(commands_.get(), store_.get());
+  setupDialog_.SetParent(window_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),
                    [this](const QString& path) { commands_->OpenFileByName(path.toStdString()); });
 

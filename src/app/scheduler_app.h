@@ -15,6 +15,7 @@
 #include "shell/cache_device_files.h"
 #include "shell/device_file_chooser.h"
 #include "shell/paths.h"
+#include "ui/disconnection_setup_dialog.h"
 #include "ui/schmain.h"
 
 namespace sched {
@@ -68,6 +69,7 @@ class SchedulerApp {
   AppState state_;
   InstallPaths paths_;
   ScheduleDocument doc_;
+  DisconnectionSetupDialog setupDialog_;
   std::unique_ptr<CacheDeviceFiles> device_;
   NoAlarms alarms_;
   CommandSet commandSet_;

@@ -46,12 +46,13 @@ MenuEntry Check(std::string name, std::string caption, CommandId command, bool c
   return entry;
 }
 
-// The holiday entries of the Edit menu and of the popups.
+// The "Setting Holiday" submenu of the Edit menu, which the popups repeat. Its day entry reads
+// otherwise than the Holiday menu's own.
 void AddHolidayEntries(std::vector<MenuEntry>& entries, const std::string& submenu,
                        const std::string& week, const std::string& day) {
   entries.push_back(Submenu(submenu, "Setting &Holiday"));
   entries.push_back(Entry(week, "By &Week...", WeekHolidays));
-  entries.push_back(Entry(day, "Selected &Day...", DayHolidays));
+  entries.push_back(Entry(day, "By a &Day...", DayHolidays));
   entries.push_back(EndSubmenu());
 }
 

@@ -62,8 +62,8 @@ bool HasExtension(const std::string& name, const std::string& extension) {
 
 }  // namespace
 
-CacheDeviceFiles::CacheDeviceFiles(std::string cacheRoot, DeviceFileChooser* chooser)
-    : root_(std::move(cacheRoot)), chooser_(chooser) {}
+CacheDeviceFiles::CacheDeviceFiles(std::string cacheRoot, DeviceServiceWindows windows)
+    : root_(std::move(cacheRoot)), windows_(windows) {}
 
 std::optional<fs::path> CacheDeviceFiles::ToLocal(const std::string& devicePath) const {
   const std::vector<std::string> names = SplitPathNames(devicePath);
@@ -151,7 +151,7 @@ std::optional<std::string> CacheDeviceFiles::Sor_PIMSaveFileDialog(const std::st
 std::optional<std::string> CacheDeviceFiles::RunDialog(DeviceDialogMode mode,
                                                        const std::string& extension,
                                                        const std::string& startPath) {
-  if (chooser_ == nullptr) return std::nullopt;
+  if (windows_.chooser == nullptr || windows_.messages == nullptr) return std::nullopt;
   // The start path is a folder, or a folder and the proposed name.
   std::vector<std::string> folder = SplitPathNames(startPath);
   std::erase(folder, ".");
@@ -168,11 +168,37 @@ std::optional<std::string> CacheDeviceFiles::RunDialog(DeviceDialogMode mode,
   request.folder = DevicePathOf(folder);
   request.files = Sor_DirByExt(request.folder, extension);
 
-  std::optional<std::string> chosen = chooser_->ChooseDeviceFile(request);
-  if (!chosen || !IsUsableFileName(*chosen)) return std::nullopt;
-  if (!extension.empty() && !HasExtension(*chosen, extension)) *chosen += "." + extension;
+  // As a save dialog of the PC, a No to replacing a file goes back to the dialog.
+  std::optional<std::string> chosen = ChosenName(request);
+  while (chosen && mode == DeviceDialogMode::Save && !MayReplace(request, *chosen)) {
+    request.proposal = *chosen;
+    chosen = ChosenName(request);
+  }
+  if (!chosen) return std::nullopt;
   folder.push_back(*chosen);
   return DevicePathOf(folder);
+}
+
+std::optional<std::string> CacheDeviceFiles::ChosenName(const DeviceFileRequest& request) const {
+  std::optional<std::string> chosen = windows_.chooser->ChooseDeviceFile(request);
+  if (!chosen || !IsUsableFileName(*chosen)) return std::nullopt;
+  if (!request.extension.empty() && !HasExtension(*chosen, request.extension)) {
+    *chosen += "." + request.extension;
+  }
+  return chosen;
+}
+
+bool CacheDeviceFiles::MayReplace(const DeviceFileRequest& request, const std::string& name) const {
+  const auto same = [&name](const std::string& file) { return EqualsIgnoringCase(file, name); };
+  if (std::none_of(request.files.begin(), request.files.end(), same)) return true;
+  std::string question = kDeviceReplaceQuestion;
+  question.replace(question.find("%1"), 2, name);
+  return windows_.messages->Show(
+             {question, request.title, MsgIcon::Exclamation, MsgButtons::YesNo}) == MsgAnswer::Yes;
+}
+
+void CacheDeviceFiles::Sor_SetupDisconnection() {
+  if (windows_.setup != nullptr) windows_.setup->ShowDisconnectionSetup(root_);
 }
 
 }  // namespace sched

@@ -6,12 +6,15 @@
 #include <vector>
 
 #include "platform/device_files.h"
-#include "shell/device_file_chooser.h"
+#include "shell/device_service_windows.h"
 
 namespace sched {
 
 inline constexpr const char* kDeviceOpenTitle = "Open file on Tarvex";
 inline constexpr const char* kDeviceSaveTitle = "Save file on Tarvex";
+// Asked before a save replaces a device file, with the file's name.
+inline constexpr const char* kDeviceReplaceQuestion =
+    "%1 already exists.\nDo you want to replace it?";
 
 // The device as its cache folder on the PC ("xferbay/cache" of the installation): a device path
 // "\PIM\a.scl" is the file PIM/a.scl of that folder. The device's names are case-insensitive, so
@@ -19,10 +22,9 @@ inline constexpr const char* kDeviceSaveTitle = "Save file on Tarvex";
 // made with the case given.
 class CacheDeviceFiles : public DeviceFiles {
  public:
-  // `chooser` may be null: the device's file dialogs then cancel.
-  explicit CacheDeviceFiles(std::string cacheRoot, DeviceFileChooser* chooser = nullptr);
+  explicit CacheDeviceFiles(std::string cacheRoot, DeviceServiceWindows windows = {});
 
-  void SetChooser(DeviceFileChooser* chooser) { chooser_ = chooser; }
+  void SetWindows(const DeviceServiceWindows& windows) { windows_ = windows; }
   const std::string& CacheRoot() const { return root_; }
 
   bool Sor_IsExist(const std::string& devicePath) override;
@@ -39,7 +41,8 @@ class CacheDeviceFiles : public DeviceFiles {
                                                    const std::string& proposal) override;
   // A real device would now refresh its alarm table from the file; the cache has none.
   void Sor_UpdateSchAlarmInfo(const std::string&) override {}
-  void Sor_SetupDisconnection() override {}
+  // There is no link to let go: the set-up shows the folder that stands for the device.
+  void Sor_SetupDisconnection() override;
   int Sor_DoDisconnect() override { return 0; }
 
  private:
@@ -47,9 +50,14 @@ class CacheDeviceFiles : public DeviceFiles {
   std::optional<std::filesystem::path> ToLocal(const std::string& devicePath) const;
   std::optional<std::string> RunDialog(DeviceDialogMode mode, const std::string& extension,
                                        const std::string& startPath);
+  // The name the user chose, with the extension added when it has none; nothing for a name
+  // that is no file's.
+  std::optional<std::string> ChosenName(const DeviceFileRequest& request) const;
+  // True when `name` is no file of the folder yet, or the user agrees to replace it.
+  bool MayReplace(const DeviceFileRequest& request, const std::string& name) const;
 
   std::string root_;
-  DeviceFileChooser* chooser_;
+  DeviceServiceWindows windows_;
 };
 
 }  // namespace sched

@@ -57,10 +57,11 @@ CellText::CellText(QWidget* parent) : QWidget(parent) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void CellText::Set(const QString& text, const QColor& color) {
-  if (text == text_ && color == color_) return;
+void CellText::Set(const QString& text, const QColor& color, const QColor& back) {
+  if (text == text_ && color == color_ && back == back_) return;
   text_ = text;
   color_ = color;
+  back_ = back;
   update();
 }
 
@@ -70,14 +71,23 @@ void CellText::SetTextWidth(int width) {
   update();
 }
 
+QString CellText::ShownText() const {
+  const int room = textWidth_ < 0 ? width() : std::min(width(), textWidth_);
+  return fontMetrics().elidedText(text_, Qt::ElideRight, room);
+}
+
+QRect CellText::TextRect() const {
+  if (text_.isEmpty()) return {};
+  return {0, 0, std::min(width(), fontMetrics().horizontalAdvance(ShownText()) + 2), height()};
+}
+
 void CellText::paintEvent(QPaintEvent*) {
   if (text_.isEmpty()) return;
   QPainter p(this);
+  if (back_.isValid()) p.fillRect(TextRect(), back_);
   p.setPen(color_);
   p.setFont(font());
-  const int room = textWidth_ < 0 ? width() : std::min(width(), textWidth_);
-  const QString shown = fontMetrics().elidedText(text_, Qt::ElideRight, room);
-  p.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+  p.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, ShownText());
 }
 
 CellList::CellList(int cell, CalendarViews& views, ViewActionSink sink, QWidget* parent)
@@ -233,16 +243,17 @@ MonthTab::MonthTab(CalendarViews& views, ViewActionSink sink, QWidget* parent)
     lists_[static_cast<std::size_t>(c)] = new CellList(c, views_, cellSink, this);
   }
   for (int c = 0; c < kMonthCells; ++c) {
-    auto* name = new CellText(this);
-    name->setObjectName(QString("Label2(%1)").arg(c));
-    name->setFont(nameFont);
-    names_[static_cast<std::size_t>(c)] = name;
-  }
-  for (int c = 0; c < kMonthCells; ++c) {
     auto* number = new CellText(this);
     number->setObjectName(QString("Label1(%1)").arg(c));
     number->setFont(numberFont);
     numbers_[static_cast<std::size_t>(c)] = number;
+  }
+  // The names lie over the numbers, since a long one runs over the next cell's number.
+  for (int c = 0; c < kMonthCells; ++c) {
+    auto* name = new CellText(this);
+    name->setObjectName(QString("Label2(%1)").arg(c));
+    name->setFont(nameFont);
+    names_[static_cast<std::size_t>(c)] = name;
   }
   for (int i = 0; i < 7; ++i) {
     auto* head = new QLabel(view_texts::kWeekdayHeads[static_cast<std::size_t>(i)], this);
@@ -322,7 +333,7 @@ void MonthTab::ShowModel() {
     plates_[i]->SetBack(back);
     plates_[i]->setEnabled(cell.enabled);
     numbers_[i]->Set(QString::fromStdString(cell.dayText), ViewColor(cell.dayColor, pal));
-    names_[i]->Set(QString::fromStdString(cell.holidayName), red);
+    names_[i]->Set(QString::fromStdString(cell.holidayName), red, back);
     lists_[i]->Show(cell, back);
   }
   FitNames();
@@ -334,11 +345,11 @@ void MonthTab::ShowModel() {
 }
 
 void MonthTab::FitNames() {
-  // A long name runs on over the next cell, but stops short of a day number there.
+  // A long name runs on over the next cell's number, but stops short of a name there.
   for (int c = 0; c < kMonthCells; ++c) {
     const auto i = static_cast<std::size_t>(c);
-    const bool numberNext = c % 7 != 6 && !views_.Month().Cell(c + 1).dayText.empty();
-    names_[i]->SetTextWidth(numberNext ? numbers_[i + 1]->x() - names_[i]->x() - 4 : -1);
+    const bool nameNext = c % 7 != 6 && !views_.Month().Cell(c + 1).holidayName.empty();
+    names_[i]->SetTextWidth(nameNext ? names_[i + 1]->x() - names_[i]->x() - 4 : -1);
   }
 }
 
@@ -372,7 +383,11 @@ void MonthTab::ApplyLayout(const FormLayout& layout) {
       inside.setBottom(std::min(inside.bottom(), PixelRect(layout.Label9[c + 7]).top() - 1));
     }
     numbers_[c]->setGeometry(PixelRect(layout.Label1[c]).intersected(inside));
-    names_[c]->setGeometry(PixelRect(layout.Label2[c]).intersected(inside));
+    // The name keeps its full width over the next cell; only the last column cuts it.
+    QRect name = PixelRect(layout.Label2[c]);
+    name.setTop(std::max(name.top(), inside.top()));
+    name.setBottom(std::min(name.bottom(), inside.bottom()));
+    names_[c]->setGeometry(c % 7 == 6 ? name.intersected(inside) : name);
     lists_[c]->setGeometry(PixelRect(layout.Grid1[c]).intersected(inside));
   }
   FitNames();

@@ -37,18 +37,24 @@ class CellPlate : public QWidget {
 class CellText : public QWidget {
  public:
   explicit CellText(QWidget* parent);
-  void Set(const QString& text, const QColor& color);
+  // `back`, when valid, is painted under the text, so that it reads over a neighbour's parts.
+  void Set(const QString& text, const QColor& color, const QColor& back = {});
   // The text stops this many pixels from the left edge; the box may reach further.
   void SetTextWidth(int width);
   const QString& Text() const { return text_; }
   const QColor& Color() const { return color_; }
+  // The part of the box that the text covers, in the box's pixels.
+  QRect TextRect() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QString ShownText() const;
+
   QString text_;
   QColor color_;
+  QColor back_;
   int textWidth_ = -1;
 };
 

@@ -24,6 +24,7 @@
 #include "ui/day_tab.h"
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
+#include "ui/tab_corner.h"
 #include "ui/toolbar_icons.h"
 #include "views/calendar_views.h"
 
@@ -172,25 +173,20 @@ void SchMain::BuildCentre() {
   SSTab1->setAcceptDrops(true);
   SSTab1->installEventFilter(this);
   monthTab_->installEventFilter(this);
+  dayTab_->installEventFilter(this);
   connect(SSTab1, &QTabWidget::currentChanged, this, &SchMain::SSTab1_Click);
   layout->addWidget(SSTab1, 1);
 
   // Beside the tab buttons: the month tab's month and year, and the date label of both tabs.
-  auto* corner = new QWidget(SSTab1);
-  auto* cornerLayout = new QHBoxLayout(corner);
-  cornerLayout->setContentsMargins(0, 0, 6, 0);
-  cornerLayout->setSpacing(12);
   monthBar_ = monthTab_->Bar();
-  monthBar_->setParent(corner);
-  label6_ = new QLabel(corner);
+  label6_ = new QLabel();
   label6_->setObjectName("Label6(1)");
-  label6_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   QFont dateFont = label6_->font();
   dateFont.setBold(true);
   label6_->setFont(dateFont);
-  cornerLayout->addWidget(monthBar_);
-  cornerLayout->addWidget(label6_);
-  SSTab1->setCornerWidget(corner, Qt::TopRightCorner);
+  corner_ = new TabCorner(
+      monthBar_, label6_, [this] { return TwipsPerPixel(ViewDpi()); }, SSTab1);
+  SSTab1->setCornerWidget(corner_, Qt::TopRightCorner);
 
   auto* bottom = new QHBoxLayout();
   progress_ = std::make_unique<ProgressPanel>(centre);
@@ -341,8 +337,11 @@ void SchMain::dropEvent(QDropEvent* event) {
 }
 
 bool SchMain::eventFilter(QObject* watched, QEvent* event) {
-  // Both pages of the tab take one size: the month page tells it.
-  if (watched == monthTab_ && event->type() == QEvent::Resize) LayoutViews();
+  // Only the shown page follows the tab's size; the hidden one is laid out when it is shown.
+  if (event->type() == QEvent::Resize && (watched == monthTab_ || watched == dayTab_) &&
+      watched == SSTab1->currentWidget()) {
+    LayoutViews();
+  }
   // The tabs take dropped files as the window does.
   if (watched == SSTab1) {
     if (event->type() == QEvent::DragEnter) {

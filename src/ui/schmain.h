@@ -35,6 +35,7 @@ class DocumentCommands;
 class MonthTab;
 class DayTab;
 class SchDT;
+class TabCorner;
 
 // What the main window works with besides its own controls.
 struct SchMainServices {
@@ -173,6 +174,7 @@ class SchMain : public QMainWindow, public DocumentView {
   SchDT* schDT_ = nullptr;
   QLabel* label6_ = nullptr;
   QWidget* monthBar_ = nullptr;
+  TabCorner* corner_ = nullptr;
 
   QToolBar* Toolbar1 = nullptr;
   QMenu* PcLink = nullptr;

@@ -11,6 +11,7 @@
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
 #include "ui/schmain.h"
+#include "ui/tab_corner.h"
 #include "views/calendar_views.h"
 
 namespace sched {
@@ -72,6 +73,7 @@ void SchMain::ShowViews() {
   dayTab_->ShowModel();
   monthBar_->setVisible(onMonth);
   label6_->setText(QString::fromStdString(s_.views.DateLabel));
+  corner_->Place();
   UpdateListFrame();
   schDT_->ShowModel(TwipsPerPixel(ViewDpi()));
   ShowMenus();
@@ -126,7 +128,7 @@ double SchMain::ViewDpi() const {
 
 void SchMain::LayoutViews() {
   const double twips = TwipsPerPixel(ViewDpi());
-  const QSize page = monthTab_->size();
+  const QSize page = SSTab1->currentWidget()->size();
   // The window's size that gives the tab exactly the size of its pages.
   FormLayout& layout = s_.views.ListFrame.layout;
   layout = LayoutTwips(page.width() * twips + 240, page.height() * twips + 1680, PageDesign(),

@@ -69,6 +69,35 @@ TEST(CommandTable, TheFourPopupsOfTheViews) {
   EXPECT_EQ(names(popups[3])[5], "Pop4HCtrl");
 }
 
+// The caption of a named entry in any menu or popup; empty when there is none.
+std::string CaptionOf(const std::string& name) {
+  for (const auto* table : {&MenuBarTable(), &PopupTable()}) {
+    for (const MenuSpec& menu : *table) {
+      for (const MenuEntry& e : menu.entries) {
+        if (e.name == name) return e.caption;
+      }
+    }
+  }
+  return {};
+}
+
+TEST(CommandTable, TheHolidayEntriesReadAsTheirMenuHasThem) {
+  // The Holiday menu names the day by the selection; the "Setting Holiday" submenus do not.
+  EXPECT_EQ(CaptionOf("Set_WeekH"), "By &Week...");
+  EXPECT_EQ(CaptionOf("Set_YearH"), "Selected &Day...");
+  for (const char* prefix : {"", "Pop1", "Pop2", "Pop3", "Pop4"}) {
+    const std::string p = prefix;
+    const bool edit = p.empty();
+    EXPECT_EQ(CaptionOf(edit          ? "Hctl"
+                        : p == "Pop4" ? "Pop4HCtrl"
+                                      : p + "Hctl"),
+              "Setting &Holiday")
+        << prefix;
+    EXPECT_EQ(CaptionOf(edit ? "Wdsp" : p + "WeekH"), "By &Week...") << prefix;
+    EXPECT_EQ(CaptionOf(edit ? "Ydsp" : p + "YearH"), "By a &Day...") << prefix;
+  }
+}
+
 struct RuleCase {
   CommandId id;
   CommandPlace place;

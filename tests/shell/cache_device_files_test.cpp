@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <filesystem>
 
+#include "platform/fake/fake_messages.h"
 #include "shell/device_service.h"
 #include "tests/shell/shell_test_support.h"
 #include "tests/support/temp_dir.h"
@@ -166,12 +168,16 @@ TEST_F(CacheFixture, DirByExtListsOneExtensionSorted) {
   EXPECT_TRUE(device.Sor_DirByExt("\\Nowhere", "scl").empty());
 }
 
-// Answers the device's file dialog as a user would, and keeps what it was asked.
+// Answers the device's file dialog as a user would, one queued answer a time (a cancel when
+// none is left), and keeps what it was asked.
 struct ScriptedChooser : DeviceFileChooser {
-  std::optional<std::string> answer;
-  DeviceFileRequest asked;
+  std::deque<std::optional<std::string>> answers;
+  std::vector<DeviceFileRequest> asked;
   std::optional<std::string> ChooseDeviceFile(const DeviceFileRequest& request) override {
-    asked = request;
+    asked.push_back(request);
+    if (answers.empty()) return std::nullopt;
+    std::optional<std::string> answer = answers.front();
+    answers.pop_front();
     return answer;
   }
 };
@@ -204,22 +210,87 @@ TEST_F(CacheFixture, FileDialogsGiveDevicePaths) {
   };
   for (const Case& c : cases) {
     ScriptedChooser chooser;
-    chooser.answer = c.answer;
-    device.SetChooser(&chooser);
+    chooser.answers = {c.answer};
+    FakeMessages messages;  // says Yes to replacing
+    device.SetWindows({&chooser, &messages});
     const std::optional<std::string> result = c.mode == open
                                                   ? device.Sor_PIMOpenFileDialog("scl", c.start)
                                                   : device.Sor_PIMSaveFileDialog("scl", c.start);
     EXPECT_EQ(result, c.expected) << c.start << " " << c.answer.value_or("(cancel)");
-    EXPECT_EQ(chooser.asked.mode, c.mode);
-    EXPECT_EQ(chooser.asked.folder, c.askedFolder) << c.start;
-    EXPECT_EQ(chooser.asked.proposal, c.askedProposal) << c.start;
-    EXPECT_EQ(chooser.asked.files, std::vector<std::string>{"Sample.scl"}) << c.start;
+    ASSERT_EQ(chooser.asked.size(), 1u);
+    EXPECT_EQ(chooser.asked[0].mode, c.mode);
+    EXPECT_EQ(chooser.asked[0].folder, c.askedFolder) << c.start;
+    EXPECT_EQ(chooser.asked[0].proposal, c.askedProposal) << c.start;
+    EXPECT_EQ(chooser.asked[0].files, std::vector<std::string>{"Sample.scl"}) << c.start;
   }
+}
+
+TEST_F(CacheFixture, ASaveOverAFileAsksBeforeReplacingIt) {
+  WriteText(cache / "PIM/Sample.scl", "x");
+  struct Case {
+    std::vector<std::optional<std::string>> names;  // what the user gives the dialog, in turn
+    std::vector<MsgAnswer> answers;                 // to the question to replace
+    std::optional<std::string> expected;
+    std::vector<std::string> asked;  // the names the question names
+  };
+  const std::string replace = " already exists.\nDo you want to replace it?";
+  const Case cases[] = {
+      // The name is matched whatever its case and extension.
+      {{"SAMPLE"}, {MsgAnswer::Yes}, "\\PIM\\SAMPLE.scl", {"SAMPLE.scl"}},
+      // No goes back to the dialog, until the user names another file or cancels.
+      {{"Sample.scl", "Other"}, {MsgAnswer::No}, "\\PIM\\Other.scl", {"Sample.scl"}},
+      {{"Sample.scl", std::nullopt}, {MsgAnswer::No}, std::nullopt, {"Sample.scl"}},
+      {{"Sample.scl", "sample"},
+       {MsgAnswer::No, MsgAnswer::Yes},
+       "\\PIM\\sample.scl",
+       {"Sample.scl", "sample.scl"}},
+      {{"New"}, {}, "\\PIM\\New.scl", {}},
+  };
+  for (const Case& c : cases) {
+    ScriptedChooser chooser;
+    chooser.answers.assign(c.names.begin(), c.names.end());
+    FakeMessages messages;
+    for (MsgAnswer answer : c.answers) messages.QueueAnswer(answer);
+    device.SetWindows({&chooser, &messages});
+    EXPECT_EQ(device.Sor_PIMSaveFileDialog("scl", "\\PIM\\Week.scl"), c.expected);
+    ASSERT_EQ(messages.Shown().size(), c.asked.size());
+    for (std::size_t i = 0; i < c.asked.size(); ++i) {
+      const MessageRequest& shown = messages.Shown()[i];
+      EXPECT_EQ(shown.text, c.asked[i] + replace);
+      EXPECT_EQ(shown.title, "Save file on Tarvex");
+      EXPECT_EQ(shown.icon, MsgIcon::Exclamation);
+      EXPECT_EQ(shown.buttons, MsgButtons::YesNo);
+    }
+    // The dialog comes back with the name the user would not replace.
+    ASSERT_EQ(chooser.asked.size(), c.names.size());
+    EXPECT_EQ(chooser.asked[0].proposal, "Week.scl");
+    for (std::size_t k = 1; k < chooser.asked.size(); ++k) {
+      EXPECT_EQ(chooser.asked[k].proposal, c.asked[k - 1]);
+    }
+  }
+
+  // Opening a file asks nothing.
+  ScriptedChooser chooser;
+  chooser.answers = {"Sample.scl"};
+  FakeMessages quiet;
+  device.SetWindows({&chooser, &quiet});
+  EXPECT_EQ(device.Sor_PIMOpenFileDialog("scl", "\\PIM"), "\\PIM\\Sample.scl");
+  EXPECT_TRUE(quiet.Shown().empty());
 }
 
 TEST_F(CacheFixture, WithoutAChooserTheDialogsCancel) {
   EXPECT_FALSE(device.Sor_PIMOpenFileDialog("scl", "\\PIM"));
   EXPECT_FALSE(device.Sor_PIMSaveFileDialog("scl", "\\PIM\\a.scl"));
+}
+
+TEST_F(CacheFixture, TheDisconnectionSetupShowsTheFolderThatStandsForTheDevice) {
+  struct RecordingSetup : DisconnectionSetupWindow {
+    std::vector<std::string> shown;
+    void ShowDisconnectionSetup(const std::string& folder) override { shown.push_back(folder); }
+  } setup;
+  device.SetWindows({nullptr, nullptr, &setup});
+  device.Sor_SetupDisconnection();
+  EXPECT_EQ(setup.shown, std::vector<std::string>{cache.string()});
 }
 
 TEST_F(CacheFixture, DeviceSoundsAreListedWithTheirDevicePath) {
