@@ -99,8 +99,8 @@ int CacheDeviceFiles::Sor_PutFile(const std::string& devicePath, const std::stri
   fs::create_directories(target->parent_path(), error);
   if (error) return -1;
   // The device's copy is replaced whole, as a schedule on the PC is.
-  const std::optional<std::vector<std::uint8_t>> bytes = ReadWholeFile(localPath);
-  return bytes && WriteFileSafely(target->string(), *bytes) ? 0 : -1;
+  const std::optional<FileBytes> bytes = ReadWholeFile(localPath);
+  return bytes && WriteFileSafely(target->string(), bytes->Span()) ? 0 : -1;
 }
 
 std::vector<std::string> CacheDeviceFiles::Sor_DirByExt(const std::string& deviceFolder,
