@@ -9,10 +9,12 @@
 #include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_registry.h"
 #include "platform/qt/qt_settings_store.h"
+#include "platform/std/huge_pages.h"
 #include "platform/std/system_clock.h"
 #include "ui/device_file_dialog.h"
 
 int main(int argc, char** argv) {
+  sched::StartWithHugePages(argv);
   QApplication application(argc, argv);
   QApplication::setApplicationName("Scheduler");
   QApplication::setOrganizationName("Sorvane");

@@ -9,6 +9,7 @@
 #include "cli/holidays_command.h"
 #include "cli/info_command.h"
 #include "cli/month_command.h"
+#include "platform/std/huge_pages.h"
 #include "platform/std/system_clock.h"
 #include "shell/sample_schedule.h"
 
@@ -82,5 +83,6 @@ int Run(const std::vector<std::string>& args) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  sched::StartWithHugePages(argv);
   return Run(std::vector<std::string>(argv + 1, argv + argc));
 }
