@@ -68,7 +68,7 @@ std::vector<MenuEntry> EditEntries() {
   return entries;
 }
 
-std::vector<MenuSpec> MakeMenuBar() {
+std::vector<MenuDefinition> MakeMenuBar() {
   MenuEntry updateAlarm =
       Check("UpdateAlarm", "&Automatic edit of alarm time", AutoEditAlarm, true);
   updateAlarm.hidden = true;
@@ -114,8 +114,8 @@ std::vector<MenuSpec> MakeMenuBar() {
 
 // A popup of the views; `prefix` names its entries ("Pop2Copy", ...). The popups of a list of
 // items have the item entries; those of a day without a list do not.
-MenuSpec Popup(const std::string& name, const std::string& prefix, bool withItems) {
-  MenuSpec popup{name, "", {}};
+MenuDefinition Popup(const std::string& name, const std::string& prefix, bool withItems) {
+  MenuDefinition popup{name, "", {}};
   auto& entries = popup.entries;
   if (withItems) entries.push_back(Entry(prefix + "Copy", "&Copy", Copy));
   entries.push_back(Entry(prefix + "Paste", "&Paste", Paste));
@@ -133,13 +133,13 @@ MenuSpec Popup(const std::string& name, const std::string& prefix, bool withItem
 
 }  // namespace
 
-const std::vector<MenuSpec>& MenuBarTable() {
-  static const std::vector<MenuSpec> table = MakeMenuBar();
+const std::vector<MenuDefinition>& MenuBarTable() {
+  static const std::vector<MenuDefinition> table = MakeMenuBar();
   return table;
 }
 
-const std::vector<MenuSpec>& PopupTable() {
-  static const std::vector<MenuSpec> table = {
+const std::vector<MenuDefinition>& PopupTable() {
+  static const std::vector<MenuDefinition> table = {
       Popup("PopMenuCTRL1", "Pop1", false),  // nothing pops it up
       Popup("PopMenuCTRL2", "Pop2", true),
       Popup("PopMenuCTRL3", "Pop3", false),
@@ -148,8 +148,8 @@ const std::vector<MenuSpec>& PopupTable() {
   return table;
 }
 
-const std::vector<ToolButtonSpec>& ToolbarTable() {
-  static const std::vector<ToolButtonSpec> table = {
+const std::vector<ToolButtonDefinition>& ToolbarTable() {
+  static const std::vector<ToolButtonDefinition> table = {
       {"NewF", "New schedule", New},
       {"OpenF", "Open a schedule on the PC", OpenOnPc},
       {"Save", "Save to the PC", SaveToPc},

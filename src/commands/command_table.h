@@ -23,23 +23,23 @@ struct MenuEntry {
   bool hidden = false;
 };
 
-struct MenuSpec {
+struct MenuDefinition {
   std::string name;  // "FileMenu", "EditCTL", ...
   std::string caption;
   std::vector<MenuEntry> entries;
 };
 
-struct ToolButtonSpec {
+struct ToolButtonDefinition {
   std::string key;  // "NewF", ...; empty for a separator
   std::string tip;
   CommandId command = CommandId::New;
 };
 
 // The menu bar, left to right.
-const std::vector<MenuSpec>& MenuBarTable();
+const std::vector<MenuDefinition>& MenuBarTable();
 // The popup menus of the views: PopMenuCTRL1 to PopMenuCTRL3 and Pop4CTRL.
-const std::vector<MenuSpec>& PopupTable();
+const std::vector<MenuDefinition>& PopupTable();
 // Toolbar1, left to right.
-const std::vector<ToolButtonSpec>& ToolbarTable();
+const std::vector<ToolButtonDefinition>& ToolbarTable();
 
 }  // namespace sched

@@ -57,10 +57,10 @@ QKeySequence StandardSequence(StandardKey key) {
   return {};
 }
 
-void SchMain::AddEntries(QMenu* menu, const MenuSpec& spec, CommandPlace place,
+void SchMain::AddEntries(QMenu* menu, const MenuDefinition& definition, CommandPlace place,
                          std::vector<CommandAction>& actions) {
   std::vector<QMenu*> open{menu};
-  for (const MenuEntry& e : spec.entries) {
+  for (const MenuEntry& e : definition.entries) {
     QMenu* into = open.back();
     switch (e.kind) {
       case MenuEntry::Kind::Separator: into->addSeparator(); break;
@@ -89,20 +89,20 @@ void SchMain::AddEntries(QMenu* menu, const MenuSpec& spec, CommandPlace place,
 }
 
 void SchMain::BuildMenus() {
-  for (const MenuSpec& spec : MenuBarTable()) {
-    QMenu* menu = menuBar()->addMenu(QString::fromStdString(spec.caption));
-    menu->setObjectName(QString::fromStdString(spec.name));
-    AddEntries(menu, spec, CommandPlace::Menu, commandActions_);
-    if (spec.name == "EditCTL") {
+  for (const MenuDefinition& definition : MenuBarTable()) {
+    QMenu* menu = menuBar()->addMenu(QString::fromStdString(definition.caption));
+    menu->setObjectName(QString::fromStdString(definition.name));
+    AddEntries(menu, definition, CommandPlace::Menu, commandActions_);
+    if (definition.name == "EditCTL") {
       connect(menu, &QMenu::aboutToShow, this, [this] {
         s_.views.EditCTL_Open();
         ShowMenus();
       });
-    } else if (spec.name == "DelCTRL") {
+    } else if (definition.name == "DelCTRL") {
       DelCTRL = menu;
-    } else if (spec.name == "PcLink") {
+    } else if (definition.name == "PcLink") {
       PcLink = menu;
-    } else if (spec.name == "MenuDefine") {
+    } else if (definition.name == "MenuDefine") {
       connect(menu, &QMenu::aboutToShow, this, &SchMain::MenuDefine_Open);
     }
   }
@@ -135,7 +135,7 @@ void SchMain::BuildToolbar() {
   Toolbar1->setObjectName("Toolbar1");
   Toolbar1->setMovable(false);
   Toolbar1->setIconSize(QSize(24, 24));
-  for (const ToolButtonSpec& b : ToolbarTable()) {
+  for (const ToolButtonDefinition& b : ToolbarTable()) {
     if (b.key.empty()) {
       Toolbar1->addSeparator();
       continue;

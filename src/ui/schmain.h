@@ -131,8 +131,8 @@ class SchMain : public QMainWindow, public DocumentView {
   void BuildToolbar();
   void BuildCentre();
   void BuildPopups();
-  // Adds the entries of `spec` to `menu`; each command entry goes to `actions`.
-  void AddEntries(QMenu* menu, const MenuSpec& spec, CommandPlace place,
+  // Adds the entries of `definition` to `menu`; each command entry goes to `actions`.
+  void AddEntries(QMenu* menu, const MenuDefinition& definition, CommandPlace place,
                   std::vector<CommandAction>& actions);
   void BindWindowCommands();
   QAction* ActionOf(CommandId id) const;

@@ -40,11 +40,11 @@ constexpr double kDayNumberWidth = 220;
 }  // namespace
 
 void SchMain::BuildPopups() {
-  for (const MenuSpec& spec : PopupTable()) {
+  for (const MenuDefinition& definition : PopupTable()) {
     PopupMenu popup{new QMenu(this), {}};
-    popup.menu->setObjectName(QString::fromStdString(spec.name));
-    AddEntries(popup.menu, spec, CommandPlace::Popup, popup.entries);
-    popups_.insert(QString::fromStdString(spec.name), popup);
+    popup.menu->setObjectName(QString::fromStdString(definition.name));
+    AddEntries(popup.menu, definition, CommandPlace::Popup, popup.entries);
+    popups_.insert(QString::fromStdString(definition.name), popup);
   }
   schDT_ = new SchDT(
       s_.views, s_.messages, [this](const ViewAction& action) { RunViewAction(action); },

@@ -15,13 +15,13 @@ namespace {
 std::set<CommandId> OfferedCommands() {
   std::set<CommandId> offered;
   for (const auto* table : {&MenuBarTable(), &PopupTable()}) {
-    for (const MenuSpec& menu : *table) {
+    for (const MenuDefinition& menu : *table) {
       for (const MenuEntry& e : menu.entries) {
         if (e.kind == MenuEntry::Kind::Command) offered.insert(e.command);
       }
     }
   }
-  for (const ToolButtonSpec& b : ToolbarTable()) {
+  for (const ToolButtonDefinition& b : ToolbarTable()) {
     if (!b.key.empty()) offered.insert(b.command);
   }
   return offered;
@@ -31,7 +31,7 @@ TEST(CommandTable, EveryCommandIsOfferedAndEveryNameIsUnique) {
   EXPECT_EQ(OfferedCommands().size(), static_cast<std::size_t>(kCommandCount));
   std::set<std::string> names;
   for (const auto* table : {&MenuBarTable(), &PopupTable()}) {
-    for (const MenuSpec& menu : *table) {
+    for (const MenuDefinition& menu : *table) {
       EXPECT_TRUE(names.insert(menu.name).second) << menu.name;
       int depth = 0;
       for (const MenuEntry& e : menu.entries) {
@@ -52,7 +52,7 @@ TEST(CommandTable, EveryCommandIsOfferedAndEveryNameIsUnique) {
 TEST(CommandTable, TheFourPopupsOfTheViews) {
   const auto& popups = PopupTable();
   ASSERT_EQ(popups.size(), 4u);
-  const auto names = [](const MenuSpec& menu) {
+  const auto names = [](const MenuDefinition& menu) {
     std::vector<std::string> out;
     for (const MenuEntry& e : menu.entries) {
       if (e.kind != MenuEntry::Kind::Separator && e.kind != MenuEntry::Kind::EndSubmenu) {
@@ -72,7 +72,7 @@ TEST(CommandTable, TheFourPopupsOfTheViews) {
 // The caption of a named entry in any menu or popup; empty when there is none.
 std::string CaptionOf(const std::string& name) {
   for (const auto* table : {&MenuBarTable(), &PopupTable()}) {
-    for (const MenuSpec& menu : *table) {
+    for (const MenuDefinition& menu : *table) {
       for (const MenuEntry& e : menu.entries) {
         if (e.name == name) return e.caption;
       }
