@@ -128,13 +128,5 @@ TEST_F(GuiTest, LoadingShowsItsProgressAndHidesItAfter) {
   EXPECT_EQ(w->ProgressCaption()->text(), "");
 }
 
-TEST_F(GuiTest, AScreenshotOfTheMainWindow) {
-  ASSERT_FALSE(Start({QString::fromStdString(Sample())}).has_value());
-  app->Window()->resize(1280, 800);
-  const QImage image = app->Window()->grab().toImage();
-  EXPECT_EQ(image.size(), QSize(1280, 800));
-  image.save(QString::fromStdString(SCHEDULER_BUILD_DIR "/schmain.png"));
-}
-
 }  // namespace
 }  // namespace sched
