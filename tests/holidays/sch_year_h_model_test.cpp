@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/fake/fake_date_formatter.h"
+#include "tests/support/case_file.h"
 #include "tests/support/holiday_dialog_fakes.h"
 #include "tests/support/test_store.h"
 
@@ -10,30 +11,14 @@ namespace sched {
 namespace {
 
 using Calls = std::vector<std::string>;
+using testing::CaseRow;
+using testing::ReadCases;
 
-// Every combination of the four facts of a date, and what the dialog offers for it.
 TEST(ChooseDayQuestion, OffersTheOppositeOfWhatTheDateIsNow) {
-  const char* back = "Setting back to Holiday.";
-  const char* workday = "Setting a Workday.";
-  const char* holiday = "Setting a Holiday.";
-  const struct {
-    bool offBit, weekly, onBit, named;
-    int editsOff;
-    const char* statement;
-  } table[] = {
-      {true, true, false, false, 1, back},      {true, true, false, true, 1, back},
-      {true, true, true, false, 1, back},       {true, true, true, true, 1, back},
-      {false, true, false, false, 1, workday},  {false, true, false, true, 1, workday},
-      {false, true, true, false, 1, workday},   {false, true, true, true, 1, workday},
-      {false, false, false, false, 0, holiday}, {true, false, false, false, 0, holiday},
-      {false, false, true, true, 0, holiday},   {true, false, true, true, 0, holiday},
-      {false, false, true, false, 0, workday},  {true, false, true, false, 0, workday},
-      {false, false, false, true, 0, workday},  {true, false, false, true, 0, workday},
-  };
-  for (const auto& row : table) {
-    const DayQuestion q = ChooseDayQuestion(row.offBit, row.weekly, row.onBit, row.named);
-    EXPECT_EQ(q.EditsOff, row.editsOff) << row.offBit << row.weekly << row.onBit << row.named;
-    EXPECT_STREQ(q.statement, row.statement) << row.offBit << row.weekly << row.onBit << row.named;
+  for (const CaseRow& row : ReadCases("holidays/day-questions.txt", 6, 16)) {
+    const DayQuestion q = ChooseDayQuestion(row.YesNo(0), row.YesNo(1), row.YesNo(2), row.YesNo(3));
+    EXPECT_EQ(q.EditsOff, row.YesNo(4) ? 1 : 0) << row.where;
+    EXPECT_EQ(std::string(q.statement), row[5]) << row.where;
   }
 }
 
