@@ -6,12 +6,15 @@
 
 #include "core/registry_keys.h"
 #include "platform/fake/fake_registry.h"
+#include "tests/support/case_file.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::CaseRow;
+using testing::ReadCases;
 
 TEST(InstallPaths, AreTheLayoutBelowTheInstallFolder) {
   TempDir dir;
@@ -42,25 +45,12 @@ TEST(InstallPaths, FolderNamesFollowTheDiskWhateverTheirCase) {
 }
 
 TEST(InstallPaths, PimDataFallsBackToUserData) {
-  struct Case {
-    const char* existing;  // folder made below the install folder, "" for none
-    const char* expected;  // PimDataDir below the install folder
-    bool found;
-  };
-  const Case cases[] = {
-      {"", "userdata/PIMdata", false},
-      {"userdata/PIMdata", "userdata/PIMdata", true},
-      {"UserData", "UserData", true},
-      {"UserData/PIMdata", "UserData/PIMdata", true},
-      {"userdata/pimdata", "userdata/pimdata", true},
-      {"userdata/other", "userdata", true},
-  };
-  for (const Case& c : cases) {
+  for (const CaseRow& row : ReadCases("shell/pim-data-folders.txt", 3, 6)) {
     TempDir dir;
-    if (*c.existing != '\0') fs::create_directories(dir.Path() / c.existing);
+    if (!row[0].empty()) fs::create_directories(dir.Path() / row[0]);
     const InstallPaths paths = MakeInstallPaths(dir.Path().string());
-    EXPECT_EQ(paths.PimDataDir, (dir.Path() / c.expected).string()) << c.existing;
-    EXPECT_EQ(paths.PimDataFound, c.found) << c.existing;
+    EXPECT_EQ(paths.PimDataDir, (dir.Path() / row[1]).string()) << row.where;
+    EXPECT_EQ(paths.PimDataFound, row.YesNo(2)) << row.where;
   }
 }
 
