@@ -15,6 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::CaseRow;
 using testing::ReadCases;
+using testing::Unescaped;
 
 TEST(InstallPaths, AreTheLayoutBelowTheInstallFolder) {
   TempDir dir;
@@ -55,26 +56,18 @@ TEST(InstallPaths, PimDataFallsBackToUserData) {
 }
 
 TEST(ReadInstallDir, CutsZerosAndOneSeparator) {
-  struct Case {
-    std::optional<std::string> stored;
-    std::optional<std::string> expected;
-  };
-  using namespace std::string_literals;
-  const Case cases[] = {
-      {std::nullopt, std::nullopt},
-      {""s, std::nullopt},
-      {"/"s, std::nullopt},
-      {"/\0"s, std::nullopt},
-      {"/opt/tarvex"s, "/opt/tarvex"s},
-      {"/opt/tarvex/"s, "/opt/tarvex"s},
-      {"/opt/tarvex//"s, "/opt/tarvex/"s},
-      {"/opt/tarvex/\0\0"s, "/opt/tarvex"s},
-      {"C:\\Tarvex\\"s, "C:\\Tarvex"s},
-  };
-  for (const Case& c : cases) {
+  FakeRegistry none;
+  EXPECT_EQ(ReadInstallDir(none), std::nullopt);
+  FakeRegistry empty;
+  empty.WriteString(kInstallKey, kInstallDirValue, "");
+  EXPECT_EQ(ReadInstallDir(empty), std::nullopt);
+  for (const CaseRow& row : ReadCases("shell/install-dirs.txt", 2, 7)) {
     FakeRegistry registry;
-    if (c.stored) registry.WriteString(kInstallKey, kInstallDirValue, *c.stored);
-    EXPECT_EQ(ReadInstallDir(registry), c.expected) << c.stored.value_or("(absent)");
+    registry.WriteString(kInstallKey, kInstallDirValue, Unescaped(row[0]));
+    const std::string expected = Unescaped(row[1]);
+    EXPECT_EQ(ReadInstallDir(registry),
+              expected.empty() ? std::nullopt : std::optional<std::string>(expected))
+        << row.where;
   }
 }
 
