@@ -4,8 +4,14 @@
 
 #include <string>
 
+#include "tests/support/case_file.h"
+
 namespace sched {
 namespace {
+
+using testing::CaseRow;
+using testing::ReadCases;
+using testing::Unescaped;
 
 TEST(TextCase, OnlyAsciiLettersFold) {
   // 0xC4 and 0xE4 are a capital and a small letter of the Western code page: left alone.
@@ -18,25 +24,10 @@ TEST(TextCase, OnlyAsciiLettersFold) {
 }
 
 TEST(TextCase, LessIgnoringCaseOrdersAsAFileList) {
-  struct Case {
-    const char* a;
-    const char* b;
-  };
-  // Each pair in order: `a` before `b`, never the other way round.
-  const Case cases[] = {
-      {"apple", "Banana"},
-      {"APPLE", "banana"},
-      {"Zeta", "zetas"},
-      {"HOLIDAYde", "holidayus"},
-      {"A", "a"},
-      {"Ab", "aB"},
-      {"z", "\xE4"},  // bytes above 127 come after the
-                      // letters
-      {"", "a"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_TRUE(LessIgnoringCase(c.a, c.b)) << c.a << " < " << c.b;
-    EXPECT_FALSE(LessIgnoringCase(c.b, c.a)) << c.b << " < " << c.a;
+  for (const CaseRow& row : ReadCases("core/case-order.txt", 2, 8)) {
+    const std::string a = Unescaped(row[0]), b = Unescaped(row[1]);
+    EXPECT_TRUE(LessIgnoringCase(a, b)) << row.where;
+    EXPECT_FALSE(LessIgnoringCase(b, a)) << row.where;
   }
   EXPECT_FALSE(LessIgnoringCase("same", "same"));
 }

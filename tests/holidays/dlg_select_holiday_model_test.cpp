@@ -3,12 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "holidays/country_file_list.h"
+#include "tests/support/case_file.h"
 #include "tests/support/holiday_dialog_fakes.h"
 
 namespace sched {
 namespace {
 
 using Calls = std::vector<std::string>;
+using testing::CaseRow;
+using testing::ReadCases;
+using testing::Unescaped;
 
 void WriteText(const std::string& path, const std::string& text) {
   WriteBytes(path, std::vector<std::uint8_t>(text.begin(), text.end()));
@@ -27,42 +31,19 @@ TEST(CountryFileList, ListsHolidayIniFilesInAnyCaseSortedAsAFileList) {
 }
 
 TEST(CountryFileList, ACountryFileNameFollowsThePatternHolidayStarIni) {
-  const struct {
-    const char* name;
-    bool isCountryFile;
-  } cases[] = {
-      {"holidayJ.ini", true}, {"HOLIDAYUS.INI", true},     {"Holidayde.Ini", true},
-      {"holiday.ini", true},  {"HOLIDAY.INI", true},       {"holiday.in", false},
-      {"holidayJ.in", false}, {"holidayJ.ini.bak", false}, {"myholidayJ.ini", false},
-      {"holidaJ.ini", false}, {"holidayJ_ini", false},     {"", false},
-  };
-  for (const auto& c : cases) EXPECT_EQ(IsCountryFileName(c.name), c.isCountryFile) << c.name;
+  for (const CaseRow& row : ReadCases("holidays/country-file-names.txt", 2, 12)) {
+    EXPECT_EQ(IsCountryFileName(row[0]), row.YesNo(1)) << row.where;
+  }
 }
 
 TEST(CountryFileList, TheTitleIsTheFirstLineUpToCrOrLf) {
   TempDir dir;
-  const struct {
-    const char* what;
-    std::string bytes;
-    std::string title;
-  } cases[] = {
-      {"CR LF", "Japan\r\nrest", "Japan"},
-      {"LF alone", "United Kingdom (England and Wales)\nrest",
-       "United Kingdom (England and Wales)"},
-      {"CR alone", "France\rrest\n", "France"},
-      {"no line end", "Germany, one line", "Germany, one line"},
-      {"empty first line", "\nGermany", ""},
-      {"empty file", "", ""},
-      {"8-bit text",
-       "Espa\xF1"
-       "a\r\n",
-       "Espa\xC3\xB1"
-       "a"},
-  };
-  for (const auto& c : cases) {
-    WriteText(dir.File("holidayXX.ini"), c.bytes);
-    EXPECT_EQ(ReadCountryTitle(dir.File("holidayXX.ini")), c.title) << c.what;
+  for (const CaseRow& row : ReadCases("holidays/country-titles.txt", 2, 6)) {
+    WriteText(dir.File("holidayXX.ini"), Unescaped(row[0]));
+    EXPECT_EQ(ReadCountryTitle(dir.File("holidayXX.ini")), Unescaped(row[1])) << row.where;
   }
+  WriteText(dir.File("empty.ini"), "");
+  EXPECT_EQ(ReadCountryTitle(dir.File("empty.ini")), "");
   EXPECT_EQ(ReadCountryTitle(dir.File("gone.ini")), "");
 }
 

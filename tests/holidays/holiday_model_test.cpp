@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "platform/fake/fake_holiday_calendar.h"
+#include "tests/support/case_file.h"
 
 namespace sched {
 namespace {
+
+using testing::CaseRow;
+using testing::ReadCases;
 
 // Names two dates under handle 7: Thursday 2026/1/1 and Saturday 2026/10/31.
 FakeHolidayCalendar TwoHolidays() {
@@ -22,32 +26,15 @@ TEST(HolidayModel, ClassifiesEveryCombinationOfWeekRuleNameAndMarks) {
   FakeHolidayCalendar calendar = TwoHolidays();
   const NamedHolidays named{&calendar, 7, -1};
   const WeekFlags sundaySaturday{1, 0, 0, 0, 0, 0, 1};
-  const MonthMasks none{};
-  struct Case {
-    const char* what;
-    int month, day, weekday;
-    MonthMasks on, off;
-    bool holiday;
-    const char* name;
-  };
-  const Case cases[] = {
-      {"plain Friday", 1, 2, 5, none, none, false, ""},
-      {"named Thursday", 1, 1, 4, none, none, true, "New Year's Day"},
-      {"named Thursday marked back to work", 1, 1, 4, Mask(1, 1), none, false, "New Year's Day"},
-      {"Friday marked as holiday", 1, 2, 5, Mask(1, 2), none, true, ""},
-      {"Sunday", 1, 4, 0, none, none, true, ""},
-      {"Sunday marked as workday", 1, 4, 0, none, Mask(1, 4), false, ""},
-      {"Sunday with a holiday mark that does not apply", 1, 4, 0, Mask(1, 4), none, true, ""},
-      {"named Saturday marked as workday shows its name", 10, 31, 6, none, Mask(10, 31), false,
-       "Halloween"},
-      {"workday mark on a working weekday does nothing", 1, 2, 5, none, Mask(1, 2), false, ""},
-      {"day 31 uses bit 30", 12, 31, 4, Mask(12, 31), none, true, ""},
-  };
-  for (const Case& c : cases) {
+  for (const CaseRow& row : ReadCases("holidays/day-classes.txt", 6, 10)) {
+    ASSERT_TRUE(row[3] == "none" || row[3] == "holiday" || row[3] == "workday") << row.where;
+    const CivilDate d = row.Date(1);
+    const MonthMasks mark = Mask(d.month, d.day), none{};
     const DayClass result =
-        ClassifyDate(named, sundaySaturday, c.on, c.off, 2026, c.month, c.day, c.weekday);
-    EXPECT_EQ(result.holiday, c.holiday) << c.what;
-    EXPECT_EQ(result.name, c.name) << c.what;
+        ClassifyDate(named, sundaySaturday, row[3] == "holiday" ? mark : none,
+                     row[3] == "workday" ? mark : none, d.year, d.month, d.day, row.Int(2));
+    EXPECT_EQ(result.holiday, row.YesNo(4)) << row.where << " " << row[0];
+    EXPECT_EQ(result.name, row[5]) << row.where << " " << row[0];
   }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/fake/fake_date_formatter.h"
+#include "tests/support/case_file.h"
 #include "tests/support/holiday_dialog_fakes.h"
 #include "tests/support/test_store.h"
 
@@ -10,30 +11,14 @@ namespace sched {
 namespace {
 
 using Calls = std::vector<std::string>;
+using testing::CaseRow;
+using testing::ReadCases;
 
-// Every combination of the four facts of a date, and what the dialog offers for it.
 TEST(ChooseDayQuestion, OffersTheOppositeOfWhatTheDateIsNow) {
-  const char* back = "Setting back to Holiday.";
-  const char* workday = "Setting a Workday.";
-  const char* holiday = "Setting a Holiday.";
-  const struct {
-    bool offBit, weekly, onBit, named;
-    int editsOff;
-    const char* statement;
-  } table[] = {
-      {true, true, false, false, 1, back},      {true, true, false, true, 1, back},
-      {true, true, true, false, 1, back},       {true, true, true, true, 1, back},
-      {false, true, false, false, 1, workday},  {false, true, false, true, 1, workday},
-      {false, true, true, false, 1, workday},   {false, true, true, true, 1, workday},
-      {false, false, false, false, 0, holiday}, {true, false, false, false, 0, holiday},
-      {false, false, true, true, 0, holiday},   {true, false, true, true, 0, holiday},
-      {false, false, true, false, 0, workday},  {true, false, true, false, 0, workday},
-      {false, false, false, true, 0, workday},  {true, false, false, true, 0, workday},
-  };
-  for (const auto& row : table) {
-    const DayQuestion q = ChooseDayQuestion(row.offBit, row.weekly, row.onBit, row.named);
-    EXPECT_EQ(q.EditsOff, row.editsOff) << row.offBit << row.weekly << row.onBit << row.named;
-    EXPECT_STREQ(q.statement, row.statement) << row.offBit << row.weekly << row.onBit << row.named;
+  for (const CaseRow& row : ReadCases("holidays/day-questions.txt", 6, 16)) {
+    const DayQuestion q = ChooseDayQuestion(row.YesNo(0), row.YesNo(1), row.YesNo(2), row.YesNo(3));
+    EXPECT_EQ(q.EditsOff, row.YesNo(4) ? 1 : 0) << row.where;
+    EXPECT_EQ(std::string(q.statement), row[5]) << row.where;
   }
 }
 
@@ -71,42 +56,28 @@ class SchYearHModelTest : public ::testing::Test {
 };
 
 TEST_F(SchYearHModelTest, LoadAsksAboutTheDateByItsWeekdayNameAndMarks) {
-  const struct {
-    const char* what;
-    int day;
-    std::int32_t on, off;  // November's masks before
-    bool named;
-    const char* label;
-    int editsOff;
-  } cases[] = {
-      {"plain Thursday", 19, 0, 0, false, "Setting a Holiday.\n\rAre you sure?", 0},
-      {"named Friday", 20, 0, 0, true, "Setting a Workday.\n\rAre you sure?", 0},
-      {"named Friday set to work", 20, Bit(20), 0, true, "Setting a Holiday.\n\rAre you sure?", 0},
-      {"Thursday set as holiday", 19, Bit(19), 0, false, "Setting a Workday.\n\rAre you sure?", 0},
-      {"Saturday", 21, 0, 0, false, "Setting a Workday.\n\rAre you sure?", 1},
-      {"Saturday set to work", 21, 0, Bit(21), false, "Setting back to Holiday.\n\rAre you sure?",
-       1},
-      {"named Sunday", 22, 0, 0, true, "Setting a Workday.\n\rAre you sure?", 1},
-      {"Saturday with a holiday mark that does not apply", 21, Bit(21), 0, false,
-       "Setting a Workday.\n\rAre you sure?", 1},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
+  for (const CaseRow& row : ReadCases("holidays/year-dialog-days.txt", 5, 8)) {
+    SCOPED_TRACE(row.where + " " + row[0]);
+    ASSERT_TRUE(row[2] == "none" || row[2] == "holiday" || row[2] == "workday");
+    const int day = row.Int(1);
+    const std::int32_t on = row[2] == "holiday" ? Bit(day) : 0;
+    const std::int32_t off = row[2] == "workday" ? Bit(day) : 0;
+    const int editsOff = row.YesNo(4) ? 1 : 0;
     t.store.ClearIndex();
     t.store.ResetHeader();
     t.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
-    const int row = t.store.FindOrAddYear(2026);
-    t.doc.Tables.AncYY.At(row).HolidayOn[10] = c.on | Bit(1);
-    t.doc.Tables.AncYY.At(row).HolidayOff[10] = c.off | Bit(2);
-    SetDate(2026, 11, c.day);
+    const int yearRow = t.store.FindOrAddYear(2026);
+    t.doc.Tables.AncYY.At(yearRow).HolidayOn[10] = on | Bit(1);
+    t.doc.Tables.AncYY.At(yearRow).HolidayOff[10] = off | Bit(2);
+    SetDate(2026, 11, day);
     model.Form_Load();
-    EXPECT_EQ(model.Label2(), c.label);
-    EXPECT_EQ(model.EditsOff(), c.editsOff);
-    EXPECT_EQ(model.DayIsWeekly(), c.editsOff == 1 ? 1 : 0);
-    EXPECT_EQ(model.NewHolidayOn(), (c.on ^ Bit(c.day)) | Bit(1));
-    EXPECT_EQ(model.NewHolidayOff(), (c.off ^ Bit(c.day)) | Bit(2));
-    EXPECT_EQ(model.Yday(), "2026/11/" + std::to_string(c.day));
-    EXPECT_EQ(model.CAL(), (CivilDate{2026, 11, c.day}));
+    EXPECT_EQ(model.Label2(), row[3] + "\n\rAre you sure?");
+    EXPECT_EQ(model.EditsOff(), editsOff);
+    EXPECT_EQ(model.DayIsWeekly(), editsOff == 1 ? 1 : 0);
+    EXPECT_EQ(model.NewHolidayOn(), (on ^ Bit(day)) | Bit(1));
+    EXPECT_EQ(model.NewHolidayOff(), (off ^ Bit(day)) | Bit(2));
+    EXPECT_EQ(model.Yday(), "2026/11/" + std::to_string(day));
+    EXPECT_EQ(model.CAL(), (CivilDate{2026, 11, day}));
   }
 }
 

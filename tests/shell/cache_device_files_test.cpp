@@ -8,12 +8,15 @@
 #include "platform/fake/fake_messages.h"
 #include "shell/device_service.h"
 #include "tests/shell/shell_test_support.h"
+#include "tests/support/case_file.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::CaseRow;
+using testing::ReadCases;
 
 // An install folder with the device's cache as the set-up leaves it: "System" spelt upper case.
 struct CacheFixture : ::testing::Test {
@@ -29,71 +32,28 @@ struct CacheFixture : ::testing::Test {
   std::string At(const std::string& relative) const { return (cache / relative).string(); }
 };
 
-TEST_F(CacheFixture, DevicePathsMapIntoTheCacheWhateverTheCase) {
-  struct Case {
-    const char* devicePath;
-    const char* expected;  // below the cache; "" when the path cannot be mapped
+TEST_F(CacheFixture, PathsMapBetweenTheDeviceTheCacheAndThePc) {
+  const auto expand = [&](std::string text) {
+    for (const auto& [name, value] : {std::pair<std::string, std::string>{"$cache", cache.string()},
+                                      {"$dir", dir.Path().string()}}) {
+      if (text.starts_with(name)) text = value + text.substr(name.size());
+    }
+    return text;
   };
-  const Case cases[] = {
-      {"\\PIM\\a.scl", "PIM/a.scl"},
-      {"\\pim\\a.scl", "PIM/a.scl"},
-      {"\\PIM\\work\\b.scl", "PIM/Work/b.scl"},
-      {"\\system\\sound\\CHIME.snd", "System/sound/CHIME.snd"},
-      {"\\SYSTEM\\INI\\Sch.ini", "System/ini/Sch.ini"},
-      {"\\system\\ini\\holiday.ini", "System/ini/holiday.ini"},
-      {"\\New\\Deep\\c.txt", "New/Deep/c.txt"},
-      {"\\\\PIM\\\\a.scl", "PIM/a.scl"},
-      {"PIM\\a.scl", "PIM/a.scl"},
-      {"\\PIM\\.\\a.scl", "PIM/a.scl"},
-      {"\\PIM\\..\\..\\secret", ""},
+  const auto optional = [&](const std::string& text) {
+    return text.empty() ? std::nullopt : std::optional<std::string>(expand(text));
   };
-  for (const Case& c : cases) {
-    const std::optional<std::string> local = device.Sor_ConvPathSorvaneToCache(c.devicePath);
-    if (*c.expected == '\0') {
-      EXPECT_FALSE(local) << c.devicePath;
+  for (const CaseRow& row : ReadCases("shell/device-paths.txt", 3, 28)) {
+    const std::string path = expand(row[1]);
+    if (row[0] == "to-cache") {
+      EXPECT_EQ(device.Sor_ConvPathSorvaneToCache(path), optional(row[2])) << row.where;
+    } else if (row[0] == "to-device") {
+      EXPECT_EQ(device.Sor_ConvPathCacheToSorvane(path), optional(row[2])) << row.where;
     } else {
-      EXPECT_EQ(local, At(c.expected)) << c.devicePath;
+      ASSERT_EQ(row[0], "on-pc") << row.where;
+      EXPECT_EQ(device.Sor_IsOnPcFile(path), row.YesNo(2)) << row.where;
     }
   }
-}
-
-TEST_F(CacheFixture, CachePathsMapToDevicePaths) {
-  struct Case {
-    std::string cachePath;
-    std::optional<std::string> expected;
-  };
-  const Case cases[] = {
-      {At("PIM/a.scl"), "\\PIM\\a.scl"},
-      {At("PIM/Work/b.scl"), "\\PIM\\Work\\b.scl"},
-      {At("System/sound/CHIME.snd"), "\\System\\sound\\CHIME.snd"},
-      {At("PIM"), "\\PIM"},
-      {At("PIM/"), "\\PIM"},
-      {cache.string(), "\\"},
-      {At("PIM/../System/x.ini"), "\\System\\x.ini"},
-      {(dir.Path() / "userdata/PIMdata/a.scl").string(), std::nullopt},
-      {cache.string() + "2/PIM/a.scl", std::nullopt},  // a sibling whose name starts alike
-      {At("../cache2/a.scl"), std::nullopt},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(device.Sor_ConvPathCacheToSorvane(c.cachePath), c.expected) << c.cachePath;
-  }
-}
-
-TEST_F(CacheFixture, OnlyPathsOutsideTheCacheAreOnThePc) {
-  struct Case {
-    std::string path;
-    bool onPc;
-  };
-  const Case cases[] = {
-      {At("PIM/a.scl"), false},
-      {At("System/sound/x.snd"), false},
-      {"\\PIM\\a.scl", false},
-      {(dir.Path() / "userdata/PIMdata/a.scl").string(), true},
-      {cache.string() + "2/a.scl", true},
-      {"/elsewhere/a.scl", true},
-      {"", true},
-  };
-  for (const Case& c : cases) EXPECT_EQ(device.Sor_IsOnPcFile(c.path), c.onPc) << c.path;
 }
 
 TEST_F(CacheFixture, PutFileCopiesOntoTheDeviceMakingFolders) {
@@ -186,42 +146,24 @@ TEST_F(CacheFixture, FileDialogsGiveDevicePaths) {
   WriteText(cache / "PIM/Sample.scl", "x");
   WriteText(cache / "PIM/notes.txt", "x");
   WriteText(cache / "PIM/Work/Sample.scl", "x");
-  struct Case {
-    DeviceDialogMode mode;
-    const char* start;
-    std::optional<std::string> answer;
-    const char* askedFolder;
-    const char* askedProposal;
-    std::optional<std::string> expected;
-  };
-  const DeviceDialogMode open = DeviceDialogMode::Open, save = DeviceDialogMode::Save;
-  const Case cases[] = {
-      {open, "\\PIM", "Sample.scl", "\\PIM", "", "\\PIM\\Sample.scl"},
-      {open, "\\\\PIM", "Sample", "\\PIM", "", "\\PIM\\Sample.scl"},
-      {open, "\\PIM", std::nullopt, "\\PIM", "", std::nullopt},
-      {save, "\\PIM\\Sample.scl", "Sample.scl", "\\PIM", "Sample.scl", "\\PIM\\Sample.scl"},
-      {save, "\\PIM\\", "Week", "\\PIM", "", "\\PIM\\Week.scl"},
-      {save, "\\PIM\\Work\\Plan.scl", "Plan.SCL", "\\PIM\\Work", "Plan.scl",
-       "\\PIM\\Work\\Plan.SCL"},
-      {save, "\\PIM\\x.scl", "Plan.txt", "\\PIM", "x.scl", "\\PIM\\Plan.txt.scl"},
-      {save, "\\PIM\\x.scl", "sub\\Plan", "\\PIM", "x.scl", std::nullopt},
-      {save, "\\PIM\\x.scl", "..", "\\PIM", "x.scl", std::nullopt},
-      {save, "\\PIM\\x.scl", "", "\\PIM", "x.scl", std::nullopt},
-  };
-  for (const Case& c : cases) {
+  for (const CaseRow& row : ReadCases("shell/device-file-dialogs.txt", 6, 10)) {
+    ASSERT_TRUE(row[0] == "open" || row[0] == "save") << row.where;
+    const DeviceDialogMode mode =
+        row[0] == "open" ? DeviceDialogMode::Open : DeviceDialogMode::Save;
     ScriptedChooser chooser;
-    chooser.answers = {c.answer};
+    chooser.answers = {row[2] == "(cancel)" ? std::nullopt : std::optional<std::string>(row[2])};
     FakeMessages messages;  // says Yes to replacing
     device.SetWindows({&chooser, &messages});
-    const std::optional<std::string> result = c.mode == open
-                                                  ? device.Sor_PIMOpenFileDialog("scl", c.start)
-                                                  : device.Sor_PIMSaveFileDialog("scl", c.start);
-    EXPECT_EQ(result, c.expected) << c.start << " " << c.answer.value_or("(cancel)");
-    ASSERT_EQ(chooser.asked.size(), 1u);
-    EXPECT_EQ(chooser.asked[0].mode, c.mode);
-    EXPECT_EQ(chooser.asked[0].folder, c.askedFolder) << c.start;
-    EXPECT_EQ(chooser.asked[0].proposal, c.askedProposal) << c.start;
-    EXPECT_EQ(chooser.asked[0].files, std::vector<std::string>{"Sample.scl"}) << c.start;
+    const std::optional<std::string> result = mode == DeviceDialogMode::Open
+                                                  ? device.Sor_PIMOpenFileDialog("scl", row[1])
+                                                  : device.Sor_PIMSaveFileDialog("scl", row[1]);
+    EXPECT_EQ(result, row[5].empty() ? std::nullopt : std::optional<std::string>(row[5]))
+        << row.where;
+    ASSERT_EQ(chooser.asked.size(), 1u) << row.where;
+    EXPECT_EQ(chooser.asked[0].mode, mode) << row.where;
+    EXPECT_EQ(chooser.asked[0].folder, row[3]) << row.where;
+    EXPECT_EQ(chooser.asked[0].proposal, row[4]) << row.where;
+    EXPECT_EQ(chooser.asked[0].files, std::vector<std::string>{"Sample.scl"}) << row.where;
   }
 }
 

@@ -6,12 +6,16 @@
 
 #include "core/registry_keys.h"
 #include "platform/fake/fake_registry.h"
+#include "tests/support/case_file.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::CaseRow;
+using testing::ReadCases;
+using testing::Unescaped;
 
 TEST(InstallPaths, AreTheLayoutBelowTheInstallFolder) {
   TempDir dir;
@@ -42,49 +46,28 @@ TEST(InstallPaths, FolderNamesFollowTheDiskWhateverTheirCase) {
 }
 
 TEST(InstallPaths, PimDataFallsBackToUserData) {
-  struct Case {
-    const char* existing;  // folder made below the install folder, "" for none
-    const char* expected;  // PimDataDir below the install folder
-    bool found;
-  };
-  const Case cases[] = {
-      {"", "userdata/PIMdata", false},
-      {"userdata/PIMdata", "userdata/PIMdata", true},
-      {"UserData", "UserData", true},
-      {"UserData/PIMdata", "UserData/PIMdata", true},
-      {"userdata/pimdata", "userdata/pimdata", true},
-      {"userdata/other", "userdata", true},
-  };
-  for (const Case& c : cases) {
+  for (const CaseRow& row : ReadCases("shell/pim-data-folders.txt", 3, 6)) {
     TempDir dir;
-    if (*c.existing != '\0') fs::create_directories(dir.Path() / c.existing);
+    if (!row[0].empty()) fs::create_directories(dir.Path() / row[0]);
     const InstallPaths paths = MakeInstallPaths(dir.Path().string());
-    EXPECT_EQ(paths.PimDataDir, (dir.Path() / c.expected).string()) << c.existing;
-    EXPECT_EQ(paths.PimDataFound, c.found) << c.existing;
+    EXPECT_EQ(paths.PimDataDir, (dir.Path() / row[1]).string()) << row.where;
+    EXPECT_EQ(paths.PimDataFound, row.YesNo(2)) << row.where;
   }
 }
 
 TEST(ReadInstallDir, CutsZerosAndOneSeparator) {
-  struct Case {
-    std::optional<std::string> stored;
-    std::optional<std::string> expected;
-  };
-  using namespace std::string_literals;
-  const Case cases[] = {
-      {std::nullopt, std::nullopt},
-      {""s, std::nullopt},
-      {"/"s, std::nullopt},
-      {"/\0"s, std::nullopt},
-      {"/opt/tarvex"s, "/opt/tarvex"s},
-      {"/opt/tarvex/"s, "/opt/tarvex"s},
-      {"/opt/tarvex//"s, "/opt/tarvex/"s},
-      {"/opt/tarvex/\0\0"s, "/opt/tarvex"s},
-      {"C:\\Tarvex\\"s, "C:\\Tarvex"s},
-  };
-  for (const Case& c : cases) {
+  FakeRegistry none;
+  EXPECT_EQ(ReadInstallDir(none), std::nullopt);
+  FakeRegistry empty;
+  empty.WriteString(kInstallKey, kInstallDirValue, "");
+  EXPECT_EQ(ReadInstallDir(empty), std::nullopt);
+  for (const CaseRow& row : ReadCases("shell/install-dirs.txt", 2, 7)) {
     FakeRegistry registry;
-    if (c.stored) registry.WriteString(kInstallKey, kInstallDirValue, *c.stored);
-    EXPECT_EQ(ReadInstallDir(registry), c.expected) << c.stored.value_or("(absent)");
+    registry.WriteString(kInstallKey, kInstallDirValue, Unescaped(row[0]));
+    const std::string expected = Unescaped(row[1]);
+    EXPECT_EQ(ReadInstallDir(registry),
+              expected.empty() ? std::nullopt : std::optional<std::string>(expected))
+        << row.where;
   }
 }
 

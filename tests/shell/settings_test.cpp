@@ -3,18 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "core/registry_keys.h"
 #include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
 #include "shell/cache_device_files.h"
 #include "tests/shell/shell_test_support.h"
+#include "tests/support/case_file.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::CaseRow;
+using testing::ReadCases;
 
 std::string StoredLastFile(FakeSettingsStore& settings) {
   return settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, "(none)");
@@ -113,25 +117,15 @@ TEST(IsPimLinkInstalled, OnlyTheNumberOne) {
 }
 
 TEST(WindowPlacement, ParsesFiveWholeNumbersOnly) {
-  struct Case {
-    const char* text;
+  EXPECT_EQ(ParseWindowPlacement(""), std::nullopt);
+  for (const CaseRow& row : ReadCases("shell/window-placements.txt", 2, 11)) {
     std::optional<WindowPlacement> expected;
-  };
-  const Case cases[] = {
-      {"", std::nullopt},
-      {"garbage", std::nullopt},
-      {"1,2,3,4", std::nullopt},
-      {"1,2,3,4,5,6", std::nullopt},
-      {"1,2,,4,5", std::nullopt},
-      {"1,2,3,4,x", std::nullopt},
-      {"1,2,3,4,5x", std::nullopt},
-      {"1,2.5,3,4,5", std::nullopt},
-      {"1,99999999999,3,4,5", std::nullopt},
-      {"1,120,80,920,680", WindowPlacement{1, 120, 80, 920, 680}},
-      {"3,-1920,-8,0,1040", WindowPlacement{3, -1920, -8, 0, 1040}},
-      {" 1, 2 ,3,4,5 ", WindowPlacement{1, 2, 3, 4, 5}},
-  };
-  for (const Case& c : cases) EXPECT_EQ(ParseWindowPlacement(c.text), c.expected) << c.text;
+    if (!row[1].empty()) {
+      WindowPlacement& p = expected.emplace();
+      std::istringstream(row[1]) >> p.showState >> p.left >> p.top >> p.right >> p.bottom;
+    }
+    EXPECT_EQ(ParseWindowPlacement(row[0]), expected) << row.where;
+  }
 }
 
 TEST(WindowPlacement, ComesBackAsStoredButNeverMinimised) {

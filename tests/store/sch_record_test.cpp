@@ -6,29 +6,21 @@
 #include "platform/fake/fake_date_formatter.h"
 #include "store/date_text.h"
 #include "store/stamp.h"
+#include "tests/support/case_file.h"
 
 namespace sched {
 namespace {
 
+using testing::CaseRow;
+using testing::ReadCases;
+using testing::Unescaped;
+
 TEST(AlarmDateCode, RingsOnTheDayBeforeWhenTheLeadCrossesMidnight) {
-  struct Case {
-    int year, month, day, hour, minute, lead;
-    std::int32_t code;
-    int ringMinute;
-  };
-  const Case cases[] = {
-      {1998, 7, 9, 9, 30, 15, 19980709, 555},   // same day
-      {1998, 7, 9, 0, 10, 30, 19980708, 1420},  // 0:10 less 30 min: 23:40 the day before
-      {2000, 1, 1, 0, 10, 30, 19991231, 1420},  // across a year's end
-      {2000, 3, 1, 0, 0, 1, 20000229, 1439},    // into a leap day
-      {2099, 12, 31, 23, 59, 0, 20991231, 1439},
-      {1998, 7, 9, 0, 30, 30, 19980709, 0},    // exactly midnight stays on the day
-      {1998, 7, 9, 2, 0, 999, 19980708, 561},  // the longest lead
-  };
-  for (const Case& c : cases) {
-    const AlarmMoment m = AlarmDateCode(c.year, c.month, c.day, c.hour, c.minute, c.lead);
-    EXPECT_EQ(m.dateCode, c.code) << c.year << "/" << c.month << "/" << c.day;
-    EXPECT_EQ(m.minute, c.ringMinute) << c.year << "/" << c.month << "/" << c.day;
+  for (const CaseRow& row : ReadCases("store/alarm-moments.txt", 6, 7)) {
+    const CivilDate d = row.Date(0);
+    const AlarmMoment m = AlarmDateCode(d.year, d.month, d.day, row.Int(1), row.Int(2), row.Int(3));
+    EXPECT_EQ(m.dateCode, row.Int(4)) << row.where;
+    EXPECT_EQ(m.minute, row.Int(5)) << row.where;
   }
   // A lead of more than a day and a day only steps back one day.
   EXPECT_EQ(AlarmDateCode(1998, 7, 9, 0, 0, 3000).dateCode, 19980708);
@@ -59,23 +51,11 @@ TEST(Stamp, LinkAndTopBits) {
 }
 
 TEST(TextForms, LineEndsAndTabs) {
-  struct Case {
-    const char* in;
-    const char* crlf;
-  };
-  const Case cases[] = {
-      {"", ""},
-      {"a\nb", "a\r\nb"},
-      {"\nstart", "\r\nstart"},
-      {"a\rb", "a\r\nb"},
-      {"a\r\nb", "a\r\nb"},
-      {"end\r", "end\r\n"},
-      {"two\n\nlines", "two\r\n\r\nlines"},
-      {"mixed\r\n\n\r", "mixed\r\n\r\n\r\n"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(LfToCrLf(c.in), c.crlf) << c.in;
-    EXPECT_EQ(LfToCrLf(StripCR(c.crlf)), c.crlf) << "memo round trip of " << c.in;
+  EXPECT_EQ(LfToCrLf(""), "");
+  for (const CaseRow& row : ReadCases("store/line-ends.txt", 2, 7)) {
+    const std::string crlf = Unescaped(row[1]);
+    EXPECT_EQ(LfToCrLf(Unescaped(row[0])), crlf) << row.where;
+    EXPECT_EQ(LfToCrLf(StripCR(crlf)), crlf) << "memo round trip, " << row.where;
   }
   EXPECT_EQ(StripCR("a\r\nb\r"), "a\nb");
   EXPECT_EQ(TabToBlank("a\tb\t\tc"), "a b  c");

@@ -198,15 +198,5 @@ TEST(SclLoad, AlarmsStillAheadTodayEnterTodaysList) {
   EXPECT_EQ(s.doc.Tables.SchDatList.At(0).AlarmSound, "BELL");  // cut at its first zero byte
 }
 
-TEST(SclLoad, AFileThatCannotBeReadLeavesAnEmptyDocument) {
-  TestStore s;
-  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "A"));
-  s.doc.Dirty = true;
-  EXPECT_FALSE(s.LoadFrom(s.dir.File("missing.scl")));
-  EXPECT_FALSE(s.doc.Dirty);
-  EXPECT_EQ(s.doc.Tables.RowCount, 0);
-  EXPECT_TRUE(s.doc.Tables.SchDatList.IsEmpty());
-}
-
 }  // namespace
 }  // namespace sched
