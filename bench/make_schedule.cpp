@@ -1,203 +1,13 @@
 // make_schedule: writes a schedule file of the size and content of years of real use, for the
 // whole-process timings of bench/cold_bench.sh.
-//
-// Twenty years of items: timed and all-day items, weekly and monthly series, items over two to
-// six days; titles, places and memos of a few lines as people write them, some with accented
-// letters, dashes and quotes outside ASCII; some private, some with an alarm. With the default
-// count the file holds about 143k records, 208k rows and 15 MB, half of it text.
-#include <algorithm>
-#include <cstdint>
 #include <cstdlib>
 #include <iostream>
-#include <random>
-#include <string>
-#include <vector>
 
-#include "core/calendar.h"
+#include "bench/schedule_maker.h"
 #include "platform/std/console.h"
 #include "platform/std/system_clock.h"
 #include "store/alarm_hooks.h"
 #include "store/schedule_store.h"
-
-namespace sched {
-namespace {
-
-using Words = std::vector<const char*>;
-
-const Words kActions = {"Meeting with", "Call",      "Lunch with",  "Review with", "Visit",
-                        "Pick up",      "Interview", "Dinner with", "Coffee with", "Workshop with"};
-const Words kPeople = {
-    "Anna",         "Bob",        "Jürgen Müller", "the team",       "Zoë",   "François",
-    "the landlord", "Dr. Okafor", "Grandma",       "the accountant", "Søren", "the school board"};
-const Words kTopics = {"budget 2025",    "release plan", "quarterly figures",
-                       "the new office", "holiday rota", "contract renewal",
-                       "kitchen refit",  "tax return",   "website – second draft",
-                       "“Project Alder”"};
-const Words kPlaces = {"Room 214",
-                       "Café Zentral",
-                       "Main Street 12, 2nd floor",
-                       "Town hall",
-                       "Hôtel de Ville, salle B",
-                       "Online",
-                       "Dentist, Oak Road 5",
-                       "Gym",
-                       "Station car park",
-                       "Conference room “Harbour”",
-                       "Küche",
-                       "Office"};
-const Words kMemoLines = {
-    "Bring the printed notes and the laptop charger.",
-    "Ask about the budget for next year.",
-    "Parking is behind the building, entrance from the side street.",
-    "Agenda: 1. minutes 2. figures 3. any other business",
-    "Call ahead if late: 0171 555 0192",
-    "Remember the receipts (about 240 €).",
-    "Door code 4711, third floor, ring twice.",
-    "Take the umbrella – rain is forecast.",
-    "Prepare two questions on the schedule.",
-    "Send the slides to everyone afterwards.",
-    "Pay the invoice before the end of the month.",
-    "Follow-up from last week’s call.",
-};
-
-class ScheduleMaker {
- public:
-  explicit ScheduleMaker(std::uint32_t seed) : random_(seed) {}
-
-  // Inserts items until the schedule has `rows` rows.
-  void Make(ScheduleStore& store, int rows) {
-    int made = 0;
-    while (made < rows) {
-      const int kind = Pick(0, 99);
-      std::vector<SchRecord> records;
-      if (kind < 50) {
-        records.push_back(Item(RandomDate(), Pick(0, 3) != 0));
-      } else if (kind < 90) {
-        AddMultiDay(records);
-      } else if (kind < 97) {
-        AddSeries(records, 7, Pick(4, 30));
-      } else {
-        AddMonthly(records);
-      }
-      for (const SchRecord& r : records) store.InsertRecord(r);
-      made += static_cast<int>(records.size());
-    }
-  }
-
- private:
-  int Pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random_); }
-  const char* Any(const Words& words) {
-    return words[static_cast<std::size_t>(Pick(0, static_cast<int>(words.size()) - 1))];
-  }
-
-  CivilDate RandomDate() {
-    const int year = Pick(2010, 2029);
-    const int month = Pick(1, 12);
-    return {year, month, Pick(1, DaysInMonth(year, month))};
-  }
-
-  static void SetDate(SchRecord& r, const CivilDate& d) {
-    r.Day = static_cast<std::uint8_t>(d.day);
-    r.Month = static_cast<std::uint8_t>(d.month);
-    r.Year = static_cast<std::uint16_t>(d.year);
-  }
-  static void SetEnd(SchRecord& r, const CivilDate& d) {
-    r.EndDay = static_cast<std::uint8_t>(d.day);
-    r.EndMonth = static_cast<std::uint8_t>(d.month);
-    r.EndYear = static_cast<std::uint16_t>(d.year);
-  }
-
-  std::string Title() {
-    std::string title = std::string(Any(kActions)) + " " + Any(kPeople);
-    if (Pick(0, 2) == 0) title += std::string(": ") + Any(kTopics);
-    return title;
-  }
-
-  std::string Memo() {
-    std::string memo;
-    const int lines = Pick(1, 3);
-    for (int i = 0; i < lines; ++i) {
-      if (i > 0) memo += "\r\n";
-      memo += Any(kMemoLines);
-    }
-    return memo;
-  }
-
-  SchRecord Item(const CivilDate& date, bool timed) {
-    SchRecord r;
-    SetDate(r, date);
-    SetEnd(r, date);
-    if (timed) {
-      const int start = 15 * Pick(6 * 4, 21 * 4);
-      r.StartTime = static_cast<std::int16_t>(start);
-      r.EndTime = static_cast<std::int16_t>(std::min(start + 15 * Pick(1, 12), 1439));
-    }
-    r.Title = Title();
-    if (Pick(0, 9) < 5) r.Place = Any(kPlaces);
-    if (Pick(0, 19) < 7) r.Memo = Memo();
-    r.Private = static_cast<std::int16_t>(Pick(0, 9) == 0 ? 1 : 0);
-    if (timed && Pick(0, 3) == 0) {
-      r.AlarmOn = 1;
-      r.AlarmSound = kDefaultAlarmSound;
-      r.AlarmLead = static_cast<std::int16_t>(5 * Pick(0, 12));
-    }
-    r.Stamp = NextStamp();
-    return r;
-  }
-
-  // Rows of one series: SubNo 1 to n, one identity, the last date in every row.
-  void AddRows(std::vector<SchRecord>& records, const std::vector<CivilDate>& dates, SchRecord r,
-               std::int16_t kind) {
-    r.Stamp = r.ParentStamp = NextStamp();
-    r.ParentSubNo = 1;
-    r.RepeatKind = kind;
-    SetEnd(r, dates.back());
-    for (std::size_t i = 0; i < dates.size(); ++i) {
-      SetDate(r, dates[i]);
-      r.SubNo = static_cast<std::int16_t>(i + 1);
-      records.push_back(r);
-    }
-  }
-
-  void AddMultiDay(std::vector<SchRecord>& records) {
-    CivilDate first = RandomDate();
-    // Some run into the next month.
-    if (Pick(0, 4) == 0) first.day = DaysInMonth(first.year, first.month) - Pick(0, 2);
-    const int days = Pick(2, 6);
-    std::vector<CivilDate> dates;
-    for (int i = 0; i < days; ++i) dates.push_back(AddDays(first, i));
-    AddRows(records, dates, Item(first, false), kMultiDayKind);
-  }
-
-  void AddSeries(std::vector<SchRecord>& records, int step, int count) {
-    const CivilDate first = RandomDate();
-    std::vector<CivilDate> dates;
-    for (int i = 0; i < count; ++i) dates.push_back(AddDays(first, step * i));
-    const auto kind = static_cast<std::int16_t>(0x1000 | WeekdayOf(first) * 4);
-    AddRows(records, dates, Item(first, true), kind);
-  }
-
-  void AddMonthly(std::vector<SchRecord>& records) {
-    CivilDate date = RandomDate();
-    date.day = std::min(date.day, 28);
-    std::vector<CivilDate> dates;
-    for (int i = Pick(6, 24); i > 0; --i) {
-      dates.push_back(date);
-      date.month = date.month % 12 + 1;
-      if (date.month == 1) ++date.year;
-    }
-    const auto kind = static_cast<std::int16_t>(0x2000 | date.day);
-    AddRows(records, dates, Item(dates.front(), true), kind);
-  }
-
-  std::int32_t NextStamp() { return static_cast<std::int32_t>(0xC0000000u | ++stamps_); }
-
-  std::mt19937 random_;
-  std::uint32_t stamps_ = 0;
-};
-
-}  // namespace
-}  // namespace sched
 
 int main(int argc, char** argv) {
   if (argc < 2 || argc > 3) {
@@ -212,7 +22,9 @@ int main(int argc, char** argv) {
   sched::ScheduleStore store(doc, {alarms, progress, clock});
   store.ClearIndex();
   store.ResetHeader();
-  sched::ScheduleMaker(20240601).Make(store, rows);
+  for (const sched::SchRecord& r : sched::ScheduleMaker(20240601).Make(rows)) {
+    store.InsertRecord(r);
+  }
   if (store.SaveScheduleFile(argv[1])) return 0;
   std::cerr << "make_schedule: cannot write " << argv[1] << '\n';
   return 1;
