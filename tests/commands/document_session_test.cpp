@@ -120,13 +120,18 @@ TEST(DocumentSession, AFailedSaveSaysWriteErrorAndLeavesTheOldFile) {
   EXPECT_EQ(s.settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, ""), "");
 }
 
-TEST(DocumentSession, ADeviceFileIsSentThroughATemporaryFile) {
-  TestSession s;
+// A document of one item, cached from the device, about to be saved to it.
+void PrepareDeviceSave(TestSession& s) {
   s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "device"));
   s.doc.ScheduleFile = s.dir.File("cache.scl");
   s.doc.ScheduleOnPc = 0;
   s.doc.SaveToDevice = true;
   s.doc.DevicePath = "\\PIM\\Schedule.scl";
+}
+
+TEST(DocumentSession, ADeviceFileIsSentThroughATemporaryFile) {
+  TestSession s;
+  PrepareDeviceSave(s);
   EXPECT_TRUE(s.session.SaveScheduleFile());
   ASSERT_EQ(s.device.files.count("\\PIM\\Schedule.scl"), 1u);
   EXPECT_EQ(s.device.files["\\PIM\\Schedule.scl"].substr(0, 4), "Q39E");
@@ -152,11 +157,7 @@ TEST(DocumentSession, TheDeviceTemporaryFileIsNewAndGoesAway) {
   std::filesystem::create_symlink(victim, s.dir.File("tmp/Sch0001.tmp"));
   std::filesystem::create_symlink(s.dir.File("made by the link"), s.dir.File("tmp/Sch0002.tmp"));
   s.dir.Write("tmp/Sch0003.tmp", "someone else's");
-  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "device"));
-  s.doc.ScheduleFile = s.dir.File("cache.scl");
-  s.doc.ScheduleOnPc = 0;
-  s.doc.SaveToDevice = true;
-  s.doc.DevicePath = "\\PIM\\Schedule.scl";
+  PrepareDeviceSave(s);
   ASSERT_TRUE(s.session.SaveScheduleFile());
   EXPECT_EQ(s.device.files["\\PIM\\Schedule.scl"].substr(0, 4), "Q39E");
   EXPECT_EQ(ReadBytes(victim), (std::vector<std::uint8_t>{'p', 'r', 'e', 'c', 'i', 'o', 'u', 's'}));
