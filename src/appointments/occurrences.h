@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "appointments/repeat_rule.h"
+#include "core/calendar.h"
+#include "platform/messages.h"
+#include "store/schedule_store.h"
+
+namespace sched {
+
+// The last date any occurrence may fall on.
+inline constexpr CivilDate kEndLimit{kLastYear, 12, 31};
+
+// What the making of occurrences reads of the edit dialog.
+struct AppointmentInput {
+  CivilDate start;  // ImDate1(0)
+  CivilDate end;    // ImDate1(1)
+  bool allDay = false;
+  int startMinutes = 0;  // DTPicker2(0), minutes after 0:00; not read for an all-day item
+  int endMinutes = 0;    // DTPicker2(1)
+  std::string title;
+  std::string place;
+  std::string memo;
+  bool alarm = false;
+  int alarmLead = 0;
+  std::string sound;  // the name chosen in the sound list
+  bool privateItem = false;
+};
+
+// The item an edit replaces: the SubNo to keep (the series' lowest one for a series), and the
+// old Stamp and ParentSubNo.
+struct ReplacedItem {
+  std::int16_t SubNo = 0;
+  std::int32_t Stamp = 0;
+  std::int16_t ParentSubNo = 0;
+};
+
+// Turns the confirmed dialog into records: one for a plain item, one a day for an item over
+// several dates, one an occurrence for a repeating item, all inserted at once.
+class OccurrenceMaker {
+ public:
+  OccurrenceMaker(ScheduleStore& store, Messages& messages, RepeatWork& work)
+      : store_(store), messages_(messages), work_(work) {}
+
+  // Writes the item by work.RepeatCode: the six repeat kinds, 16 for an item over several
+  // dates, anything else as one plain item. New records get a new stamp; those of a replaced
+  // item keep its identity. False, with nothing written, when the start time is after the end
+  // time or a span is longer than 30 days ("A schedule can overlap 30 days at most.").
+  bool Expand(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
+
+  // The working record after a write: the first occurrence written.
+  const SchRecord& Record() const { return record_; }
+
+ private:
+  ScheduleStore& store_;
+  Messages& messages_;
+  RepeatWork& work_;
+  SchRecord record_;
+};
+
+// The series of an occurrence opened for editing, as the edit dialog shows it: the date of its
+// first occurrence and its times (-1 for all day). Fills RepeatLastCode/Year/Month/Day from the
+// last occurrence, decodes the word into `work` and works out RepeatCount from the first and
+// last dates and the interval.
+struct SeriesInEditor {
+  CivilDate first;
+  int StartTime = -1;
+  int EndTime = -1;
+};
+SeriesInEditor LoadSeriesIntoEditor(const SchDatCTL& ctl, RepeatWork& work, std::uint16_t word,
+                                    std::int32_t parentSubNo, std::int32_t parentStamp);
+
+// The first and last date of an item over several dates.
+struct SpanInEditor {
+  CivilDate first;
+  CivilDate last;
+};
+SpanInEditor LoadSpanIntoEditor(const SchDatCTL& ctl, std::int32_t parentSubNo,
+                                std::int32_t parentStamp);
+
+// Removes the item the record stands for: its whole series, or the one item.
+void RemoveSeries(ScheduleStore& store, const SchRecord& saved);
+
+}  // namespace sched

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <array>
+
+// The appointment dialogs' own words, as the user reads them.
+namespace sched::appointment_texts {
+
+// The edit dialog.
+inline constexpr const char* kCaptionNew = "Appointment - New";
+inline constexpr const char* kCaptionModify = "Appointment - ";
+inline constexpr const char* kTitle = "&Title:";
+inline constexpr const char* kPlace = "Plac&e:";
+inline constexpr const char* kMemo = "&Memo:";
+inline constexpr const char* kDate = "&Date:";
+inline constexpr const char* kStart = "Start";
+inline constexpr const char* kEnd = "End";
+inline constexpr const char* kTime = "T&ime:";
+inline constexpr const char* kAllDay = "&All day event";
+inline constexpr const char* kRepeatButton = "&Repeat ...";
+inline constexpr const char* kAlarm = "A&larm:";
+inline constexpr const char* kMinutesBefore = "mi&nute(s) before";
+inline constexpr const char* kPrivate = "&Private:";
+inline constexpr const char* kOk = "&OK";
+inline constexpr const char* kCancel = "&Cancel";
+inline constexpr const char* kNoTitle = "No Title";
+
+inline constexpr const char* kCannotFindSound = "Cannot find sound file.";
+inline constexpr const char* kAlarmSettingClear = "Alarm setting clear.";
+inline constexpr const char* kNotFoundSound = "Not found sound file!";
+inline constexpr const char* kSpecifyDate = "Specify the date.";
+inline constexpr const char* kInvalidAlarmTime = "Invalid alarm time!";
+inline constexpr const char* kOverlap30Days = "A schedule can overlap 30 days at most.";
+inline constexpr const char* kInvalidTime = "Invalid time.";
+inline constexpr const char* kSaveChanges = "Do you want to save the changes?";
+inline constexpr const char* kTooLong = "Input string is too long.";
+inline constexpr const char* kMaximumLength = "Maximum string length is";
+inline constexpr const char* kCharacters = "chacters";  // spelled so
+inline constexpr const char* kCannotModifyMultiple = "Cannot modify multiple rows.";
+
+// The making of occurrences.
+inline constexpr const char* kBeyond2099 = "Cannot set schedules beyond 2099/12/31.";
+inline constexpr const char* kRemovingRegular = "Removing regular information.";
+
+// The repeat dialog.
+inline constexpr const char* kRepeatCaption = "Repeat";
+inline constexpr std::array<const char*, 5> kOptions = {"&None", "&Day", "&Week", "&Month",
+                                                        "&Year"};
+inline constexpr std::array<const char*, 2> kOption2 = {"By day", "By day of week"};
+inline constexpr std::array<const char*, 7> kWeekdays = {
+    "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+inline constexpr std::array<const char*, 5> kOrdinals = {"1st", "2nd", "3rd", "4th", "Last"};
+inline constexpr std::array<int, 5> kOrdinalData = {1, 2, 3, 4, 7};
+inline constexpr const char* kRepeatEvery = "Repeat every";
+// Label4 and Label5 by kind: day, week, month, year.
+inline constexpr std::array<const char*, 4> kUnits = {"day(s)", "week(s)", "month(s)", "year(s)"};
+inline constexpr std::array<const char*, 4> kMaxTimes = {
+    " time(s) - Max 31 times.", " time(s) - Max 52 times.", " time(s) - Max 12 times.",
+    " time(s) - Max 10 times."};
+inline constexpr const char* kInvalidInput = "Invalid input.";
+inline constexpr const char* kNoMoreDay = "No more setting!.";
+inline constexpr const char* kNoMoreWeekYear = "No more setting!";
+inline constexpr const char* kNoMoreMonth = "No more setting";
+
+// The sentence of a rule.
+inline constexpr const char* kNoRepeat = " No Repeat ";
+inline constexpr const char* kRepeatsEvery = " The item repeats every ";
+inline constexpr const char* kRepeatsOn = " The item repeats on ";
+inline constexpr const char* kEvery = " every ";
+inline constexpr const char* kIn = " in ";
+inline constexpr const char* kFrom = "from ";
+inline constexpr const char* kTo = " to ";
+
+}  // namespace sched::appointment_texts
