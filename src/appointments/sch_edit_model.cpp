@@ -161,14 +161,10 @@ void SchEditModel::SoundCombo_Disp(const std::string& name) {
   EnableAlarmControls();
 }
 
-bool SchEditModel::SoundAvailable() const {
-  return s_.waveDevice && !c_.SoundList.empty();
-}
-
 void SchEditModel::EnableAlarmControls() {
   const bool alarm = c_.Check1 && !c_.Check3;
   c_.ImNumber1Enabled = alarm;
-  c_.SoundEnabled = alarm && SoundAvailable();
+  c_.SoundEnabled = alarm && !c_.SoundList.empty();
 }
 
 void SchEditModel::SetDefaultTimes() {

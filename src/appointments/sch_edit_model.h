@@ -42,7 +42,6 @@ struct SchEditServices {
   SchEditHost& host;
   // The names of the sound folder's melodies, upper case and without ".snd", each once.
   std::vector<std::string> sounds;
-  bool waveDevice = true;  // the machine can play sound
 };
 
 // The controls of the edit dialog that can take the focus.
@@ -151,7 +150,6 @@ class SchEditModel {
   void StartSession();
   void FinishOpening();
   void SetLengthLimits();
-  bool SoundAvailable() const;
   void EnableAlarmControls();
   // The times a new item starts with: the next half hour from now, for DefaultSpan.
   void SetDefaultTimes();
