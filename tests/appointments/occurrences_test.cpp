@@ -292,6 +292,8 @@ TEST(Occurrences, AnItemOverThirtyDaysIsWrittenAndOverThirtyOneRefused) {
   trip.end = {2000, 1, 16};
   EXPECT_FALSE(m.maker.Expand(trip, std::nullopt));
   EXPECT_EQ(m.Warnings(), MessageList(appointment_texts::kOverlap30Days));
+  trip.end = {1999, 12, 16};  // before the start
+  EXPECT_FALSE(m.maker.Expand(trip, std::nullopt));
   EXPECT_EQ(m.Live().size(), 30u);
 }
 
