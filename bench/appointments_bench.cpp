@@ -32,7 +32,7 @@ AppointmentInput WeeklyMeeting() {
   return input;
 }
 
-// A document of real use holding the weekly series, and the edit session over it.
+// A document of real use holding the weekly series, and the edit dialog's working values.
 class SeriesDocument {
  public:
   SeriesDocument() {
