@@ -20,6 +20,7 @@ struct RepeatNumber {
   int value = 0;
   int min = 0;
   int max = 0;
+  friend bool operator==(const RepeatNumber&, const RepeatNumber&) = default;
 };
 
 // The count (ImNumber1) and the interval (ImNumber2).
