@@ -12,11 +12,11 @@ namespace {
 constexpr std::array<int, 4> kMaxCount = {31, 52, 12, 10};
 constexpr std::array<int, 4> kMaxInterval = {30, 6, 11, 7};
 
+}  // namespace
+
 bool ByWeekday(int option) {
   return option == kOptionMonthlyWeekday || option == kOptionYearlyWeekday;
 }
-
-}  // namespace
 
 int MaxRepeatCount(RepeatUnit unit) {
   return kMaxCount[static_cast<std::size_t>(unit)];

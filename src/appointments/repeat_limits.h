@@ -11,6 +11,9 @@ inline constexpr int kMinRepeatInterval = 1;
 int MaxRepeatCount(RepeatUnit unit);     // 31, 52, 12, 10
 int MaxRepeatInterval(RepeatUnit unit);  // 30, 6, 11, 7
 
+// True for the monthly and yearly kinds by weekday.
+bool ByWeekday(int option);
+
 // One rule of the repeat dialog: its kind (`option` 1 to 6), its first occurrence and, for
 // the kinds by weekday, the weekday of the month its occurrences fall on.
 struct RepeatPlan {

@@ -15,10 +15,6 @@ namespace t = appointment_texts;
 
 namespace {
 
-bool ByWeekday(int option) {
-  return option == kOptionMonthlyWeekday || option == kOptionYearlyWeekday;
-}
-
 // The Option1 button of a kind: the kinds by weekday share Month and Year with those by date.
 int ButtonOfOption(int option) {
   return ByWeekday(option) ? option - 2 : option;
@@ -300,20 +296,19 @@ void RepeatModel::ShowNone() {
   currentOption_ = kOptionNone;
   c_.Option1 = kOptionNone;
   c_.Frame1Visible = false;
+  c_.Option2Visible = false;
+  c_.CombosEnabled = false;
 }
 
 // The weekday and ordinal of the start, its fifth weekday of a month being its last. An
-// existing rule by weekday keeps its own when the start is that weekday of its month, so that
-// a last weekday that is also a fourth stays the last.
+// existing rule for the last weekday keeps it where the start is also a fourth.
 WeekdayRule RepeatModel::WeekdayRuleOfStart() const {
   const CivilDate& start = d_.StartDate;
   const WeekPosition at = Sor_CulcNWfromYMD(start.year, start.month, start.day);
   const std::optional<WeekdayRule> rule = SplitWeekdayRule(work_.WorkRepeatKind);
-  if (rule && rule->weekday == at.W &&
-      (rule->ordinal == at.N || (rule->ordinal == kLastOrdinal && at.isLast))) {
-    return *rule;
-  }
-  return {at.N > 4 ? kLastOrdinal : at.N, at.W};
+  const bool keepsLast =
+      rule && rule->ordinal == kLastOrdinal && rule->weekday == at.W && at.isLast;
+  return {keepsLast || at.N > 4 ? kLastOrdinal : at.N, at.W};
 }
 
 void RepeatModel::SetCombos(const WeekdayRule& rule) {

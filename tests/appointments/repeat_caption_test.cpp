@@ -33,20 +33,6 @@ TEST(RepeatCaption, SentencesOfEveryOption) {
   EXPECT_EQ(BuildRepeatCaption(7, parts), std::nullopt);
 }
 
-TEST(RepeatCaption, OrdinalsAndWeekdaysByListIndex) {
-  const char* ordinals[] = {"1st", "2nd", "3rd", "4th", "Last"};
-  const char* weekdays[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                            "Thursday", "Friday", "Saturday"};
-  for (int o = 0; o < 5; ++o) {
-    for (int w = 0; w < 7; ++w) {
-      const RepeatSentenceParts parts{"1", "S", "E", o, w, 1};
-      EXPECT_EQ(BuildRepeatCaption(5, parts), std::string(" The item repeats on ") + ordinals[o] +
-                                                  " " + weekdays[w] +
-                                                  " every 1 month(s)\rfrom S to E.");
-    }
-  }
-}
-
 TEST(RepeatCaption, MonthNumbersReadAsDayCounts) {
   const struct {
     int month;

@@ -117,50 +117,36 @@ TEST_F(RepeatModelTest, EachKindStartsWithTwoOccurrencesOneUnitApart) {
   }
 }
 
-TEST_F(RepeatModelTest, KindsThatDoNotFitTwiceBefore2100FallBackToNone) {
+TEST_F(RepeatModelTest, KindsNearTheEndOfTheCalendarAreLimitedOrFallBackToNone) {
   const struct {
     CivilDate start;
     int button;
-    bool fits;
+    int countMax;  // 0: not two occurrences fit, the kind falls back to None
+    int intervalMax;
   } cases[] = {
-      {{2099, 12, 31}, 1, false}, {{2099, 12, 30}, 1, true}, {{2099, 12, 25}, 2, false},
-      {{2099, 12, 24}, 2, true},  {{2099, 12, 1}, 3, false}, {{2099, 11, 30}, 3, true},
-      {{2099, 12, 1}, 4, false},  {{2099, 1, 1}, 4, false},  {{2098, 12, 31}, 4, true},
-      {{1901, 1, 1}, 4, true},
+      {{2099, 12, 31}, 1, 0, 0}, {{2099, 12, 30}, 1, 2, 1}, {{2099, 12, 20}, 1, 12, 11},
+      {{2099, 12, 25}, 2, 0, 0}, {{2099, 12, 24}, 2, 2, 1}, {{2099, 6, 1}, 2, 31, 6},
+      {{2099, 12, 1}, 3, 0, 0},  {{2099, 11, 30}, 3, 2, 1}, {{2099, 3, 15}, 3, 10, 9},
+      {{2099, 12, 1}, 4, 0, 0},  {{2099, 1, 1}, 4, 0, 0},   {{2098, 12, 31}, 4, 2, 1},
+      {{2095, 5, 5}, 4, 5, 4},   {{2092, 1, 1}, 4, 8, 7},   {{1901, 1, 1}, 4, 10, 7},
   };
   for (const auto& c : cases) {
     OpenNew(c.start);
     const std::string at = Text(c.start) + " option " + std::to_string(c.button);
-    EXPECT_EQ(model.Option1Enabled(c.button), c.fits) << at;
-    work.CanOption(c.button) = !c.fits;
+    const bool fits = c.countMax > 0;
+    EXPECT_EQ(model.Option1Enabled(c.button), fits) << at;
+    work.CanOption(c.button) = !fits;
     model.Option1_Click(c.button);
-    EXPECT_EQ(work.CanOption(c.button), c.fits) << at;
-    if (c.fits) {
-      EXPECT_EQ(model.CurrentOption(), c.button) << at;
-    } else {
+    EXPECT_EQ(work.CanOption(c.button), fits) << at;
+    if (!fits) {
       ExpectNone();
+      continue;
     }
-    EXPECT_TRUE(messages.Shown().empty());
+    EXPECT_EQ(model.CurrentOption(), c.button) << at;
+    EXPECT_EQ(model.Controls().ImNumber1.max, c.countMax) << at;
+    EXPECT_EQ(model.Controls().ImNumber2.max, c.intervalMax) << at;
   }
-}
-
-TEST_F(RepeatModelTest, NumbersAreLimitedToWhatEndsBy2099) {
-  const struct {
-    CivilDate start;
-    int button;
-    int countMax;
-    int intervalMax;
-  } cases[] = {
-      {{2099, 12, 20}, 1, 12, 11}, {{2099, 12, 30}, 1, 2, 1}, {{2099, 6, 1}, 2, 31, 6},
-      {{2099, 12, 24}, 2, 2, 1},   {{2099, 3, 15}, 3, 10, 9}, {{2095, 5, 5}, 4, 5, 4},
-      {{2092, 1, 1}, 4, 8, 7},
-  };
-  for (const auto& c : cases) {
-    OpenNew(c.start);
-    model.Option1_Click(c.button);
-    EXPECT_EQ(model.Controls().ImNumber1.max, c.countMax) << Text(c.start);
-    EXPECT_EQ(model.Controls().ImNumber2.max, c.intervalMax) << Text(c.start);
-  }
+  EXPECT_TRUE(messages.Shown().empty());
 }
 
 TEST_F(RepeatModelTest, ALargerCountShrinksTheIntervalAndALargerIntervalTheCount) {
@@ -192,12 +178,16 @@ TEST_F(RepeatModelTest, InvalidInputPutsTheBoxAtItsEdgeAndAsksForTheFocus) {
     int typed;
     bool valid;
     int value;
+    const char* end;  // daily from 2026/11/21
   } cases[] = {
-      {Field::ImNumber1, 40, false, 31}, {Field::ImNumber1, 32, false, 31},
-      {Field::ImNumber1, 1, false, 2},   {Field::ImNumber1, 0, false, 2},
-      {Field::ImNumber1, 31, true, 31},  {Field::ImNumber1, 2, true, 2},
-      {Field::ImNumber2, 31, false, 30}, {Field::ImNumber2, 0, false, 1},
-      {Field::ImNumber2, 30, true, 30},
+      {Field::ImNumber1, 40, false, 31, "2026/12/21(Mon)"},
+      {Field::ImNumber1, 32, false, 31, "2026/12/21(Mon)"},
+      {Field::ImNumber1, 1, false, 2, "2026/11/22(Sun)"},
+      {Field::ImNumber1, 0, false, 2, "2026/11/22(Sun)"},
+      {Field::ImNumber1, 31, true, 31, "2026/12/21(Mon)"},
+      {Field::ImNumber2, 31, false, 30, "2026/12/21(Mon)"},
+      {Field::ImNumber2, 0, false, 1, "2026/11/22(Sun)"},
+      {Field::ImNumber2, 30, true, 30, "2026/12/21(Mon)"},
   };
   for (const auto& c : cases) {
     OpenNew({2026, 11, 21});
@@ -212,18 +202,10 @@ TEST_F(RepeatModelTest, InvalidInputPutsTheBoxAtItsEdgeAndAsksForTheFocus) {
     const RepeatNumber& n =
         c.field == Field::ImNumber1 ? model.Controls().ImNumber1 : model.Controls().ImNumber2;
     EXPECT_EQ(n.value, c.value) << what;
+    EXPECT_EQ(model.Controls().Label6[1], c.end) << what;
     EXPECT_EQ(model.TakeFocus(), c.valid ? std::nullopt : std::optional<Field>(c.field)) << what;
     EXPECT_EQ(model.TakeFocus(), std::nullopt);
   }
-}
-
-TEST_F(RepeatModelTest, TheValuePutBackMovesTheEnd) {
-  OpenNew({2026, 11, 21});
-  model.Option1_Click(1);
-  model.ImNumber_Change(Field::ImNumber1, 40);
-  EXPECT_EQ(model.Controls().Label6[1], "2026/12/21(Mon)");  // 31 times a day
-  EXPECT_EQ(model.Controls().Label2,
-            " The item repeats every 1 day(s)\rfrom 2026/11/21(Sat) to 2026/12/21(Mon).");
 }
 
 TEST_F(RepeatModelTest, KeysAndSpinButtonsStepInsideTheRange) {
@@ -289,6 +271,13 @@ TEST_F(RepeatModelTest, SwitchingBackToByDayKeepsTheStartsDay) {
   EXPECT_EQ(model.CurrentOption(), kOptionYearly);
   EXPECT_FALSE(model.Controls().CombosEnabled);
   EXPECT_EQ(model.Controls().Label6[1], "2027/11/21(Sun)");
+
+  model.Option2_Click(1);
+  model.Option1_Click(0);
+  model.Combo1_Click(2);  // no combo shows without a rule
+  model.Option2_Click(1);
+  ExpectNone();
+  EXPECT_EQ(model.StartDate(), (CivilDate{2026, 11, 21}));
 }
 
 TEST_F(RepeatModelTest, OkWritesTheRuleToTheWorkingValues) {
@@ -423,14 +412,6 @@ TEST_F(RepeatModelTest, ARuleByWeekdayKeepsItsLastWhereTheStartIsBothFourthAndLa
     EXPECT_EQ(model.Controls().Combo1, c.combo1) << std::hex << c.word << " " << Text(c.start);
     EXPECT_EQ(model.Controls().Combo2, c.combo2) << std::hex << c.word << " " << Text(c.start);
   }
-}
-
-TEST_F(RepeatModelTest, ARuleThatDoesNotRepeatLeavesTheDialogAtNone) {
-  work.WorkRepeatKind = kOverDaysWord;
-  work.Decode(kOverDaysWord);
-  model.Open({2026, 11, 21});
-  ExpectNone();
-  EXPECT_TRUE(messages.Shown().empty());
 }
 
 TEST_F(RepeatModelTest, OkRefusesANumberOutsideItsRange) {

@@ -149,28 +149,5 @@ TEST(RepeatRule, OnlyRulesByWeekdaySplitIntoOrdinalAndWeekday) {
   }
 }
 
-TEST(RepeatRule, AvailabilityNarrowsInTheLastYear) {
-  const struct {
-    CivilDate start;
-    bool daily, weekly, monthly, yearly;
-  } cases[] = {
-      {{1901, 1, 1}, true, true, true, true},      {{2098, 12, 31}, true, true, true, true},
-      {{2099, 1, 1}, true, true, true, false},     {{2099, 11, 30}, true, true, true, false},
-      {{2099, 12, 1}, true, true, false, false},   {{2099, 12, 24}, true, true, false, false},
-      {{2099, 12, 25}, true, false, false, false}, {{2099, 12, 31}, false, false, false, false},
-  };
-  for (const auto& c : cases) {
-    RepeatWork work;
-    work.SetAvailability(c.start);
-    const std::string at = std::to_string(DateCode(c.start.year, c.start.month, c.start.day));
-    EXPECT_EQ(work.CanDaily, c.daily) << at;
-    EXPECT_EQ(work.CanWeekly, c.weekly) << at;
-    EXPECT_EQ(work.CanMonthly, c.monthly) << at;
-    EXPECT_EQ(work.CanMonthlyWeekday, c.monthly) << at;
-    EXPECT_EQ(work.CanYearly, c.yearly) << at;
-    EXPECT_EQ(work.CanYearlyWeekday, c.yearly) << at;
-  }
-}
-
 }  // namespace
 }  // namespace sched
