@@ -58,6 +58,8 @@ std::int32_t CodeOfDate(const CivilDate& date) {
 void RepeatModel::Open(const CivilDate& editStart) {
   loading_ = true;
   confirmed_ = false;
+  focus_.reset();
+  c_ = RepeatControls{};
   savedCount_ = work_.RepeatCount;
   savedCode_ = work_.RepeatCode;
   d_.StartDate = d_.DateReserve = editStart;

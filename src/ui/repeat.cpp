@@ -120,7 +120,7 @@ void RepeatForm::ReserveSentenceRoom() {
                           QSize(edge, edge));
 }
 
-void RepeatForm::BuildOptions(QLayout* layout) {
+void RepeatForm::BuildOptions(QVBoxLayout* layout) {
   auto* group = new QButtonGroup(this);
   for (int i = 0; i < static_cast<int>(option1_.size()); ++i) {
     auto* button = new QRadioButton(t::kOptions[static_cast<std::size_t>(i)], this);
@@ -129,7 +129,7 @@ void RepeatForm::BuildOptions(QLayout* layout) {
     layout->addWidget(button);
     option1_[static_cast<std::size_t>(i)] = button;
   }
-  static_cast<QVBoxLayout*>(layout)->addStretch();
+  layout->addStretch();
   connect(group, &QButtonGroup::idClicked, this,
           [this](int id) { Handle([this, id] { model_.Option1_Click(id); }); });
 }

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QVBoxLayout>
 #include <array>
 
 #include "appointments/repeat_model.h"
@@ -60,7 +61,7 @@ class RepeatForm : public QDialog {
   void reject() override;
 
  private:
-  void BuildOptions(QLayout* layout);
+  void BuildOptions(QVBoxLayout* layout);
   QFrame* BuildFrame1();
   RepeatNumberBox* AddNumber(RepeatNumberField field, const char* name);
   void ReserveSentenceRoom();
