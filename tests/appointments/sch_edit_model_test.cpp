@@ -332,7 +332,9 @@ TEST_F(SchEditModelTest, CancelAsksAboutChangesAndKeepsTheShownDate) {
     EXPECT_EQ(model.SchEditCAN_Click(), c.closes);
     ExpectMessage("Do you want to save the changes?", MsgButtons::YesNoCancel);
     EXPECT_EQ(fresh.doc.Tables.RowCount, c.rows);
-    if (c.answer == MsgAnswer::Cancel) EXPECT_EQ(model.TakeFocus(), EditFocus::Text1);
+    if (c.answer == MsgAnswer::Cancel) {
+      EXPECT_EQ(model.TakeFocus(), EditFocus::Text1);
+    }
   }
   const std::size_t asked = messages.Shown().size();
   SchEditModel untouched = Model();
