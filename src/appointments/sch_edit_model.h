@@ -42,7 +42,6 @@ struct SchEditServices {
   SchEditHost& host;
   // The names of the sound folder's melodies, upper case and without ".snd", each once.
   std::vector<std::string> sounds;
-  bool waveDevice = true;  // the machine can play sound
 };
 
 // The controls of the edit dialog that can take the focus.
@@ -135,6 +134,12 @@ class SchEditModel {
   // The exact time behind a time combo as its text shows it, "" when it has none.
   std::string TimeText(int index) const;
 
+  // Fills the sound list from the sound folder and chooses `name`; an empty name chooses
+  // "SCHALARM" when the folder has it.
+  void SoundCombo_Disp(const std::string& name);
+  // False, after telling the user, when `length` is over `max`.
+  bool CheckComboLen(int length, int max);
+
   std::int16_t ChangedFlag = 0;
   std::int16_t IsNewItem = -1;
   RepeatWork Work;
@@ -142,6 +147,27 @@ class SchEditModel {
   SchRecord SavedRecord;
 
  private:
+  void StartSession();
+  void FinishOpening();
+  void SetLengthLimits();
+  void EnableAlarmControls();
+  // The times a new item starts with: the next half hour from now, for DefaultSpan.
+  void SetDefaultTimes();
+  void SetTimeCombos(int start, int end);
+  // The times of a record; -1 is an all-day item.
+  void ShowTimes(int start, int end);
+  void SetAllDay(bool on);
+  void SetTime(int index, int minutes);
+  // The repeat button and the kinds that fit, after a change of the dates.
+  void ShowDateButtons();
+  void SetRecordDate(const CivilDate& date);
+  // The shown date and the working record's date.
+  void MoveShownDate(const CivilDate& date);
+  void Warn(const std::string& text);
+  // The checks of OK in their order; false after the first that fails.
+  bool CheckFields();
+  AppointmentInput Input() const;
+
   SchEditServices s_;
   SchEditControls c_;
   CivilDate shownDate_;  // the shown date at opening, for Cancel

@@ -149,6 +149,15 @@ void DocumentSession::RefreshViews() {
   s_.view.ShowViews();
 }
 
+void DocumentSession::RepaintViews() {
+  s_.view.ShowViews();
+}
+
+void DocumentSession::AfterChange() {
+  Doc().Dirty = true;
+  RefreshViews();
+}
+
 void DocumentSession::ShowTitle() {
   const ScheduleDocument& doc = Doc();
   s_.view.SetTitle(doc.ScheduleFile.empty()

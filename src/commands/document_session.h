@@ -47,6 +47,10 @@ class DocumentSession {
   void ResetToToday(bool noRedraw);
   // The shown tab rebuilt from the store, then the menus, on the window.
   void RefreshViews();
+  // The window shows the views' state again, without a refill.
+  void RepaintViews();
+  // After a command changed the schedule: it is marked changed and the views show the change.
+  void AfterChange();
   // "Scheduler - PC:name", "Scheduler - Tarvex:name" or "Scheduler - Untitled".
   void ShowTitle();
 

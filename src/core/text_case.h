@@ -9,6 +9,7 @@ namespace sched {
 // whatever the locale.
 
 std::string ToLowerAscii(std::string_view text);
+std::string ToUpperAscii(std::string_view text);
 
 // The text without the blanks at its ends.
 std::string_view Trim(std::string_view text, std::string_view blanks = " \t");

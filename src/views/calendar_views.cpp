@@ -119,6 +119,7 @@ void CalendarViews::SelectCell(int cell, int row) {
   if (row != -1) month_.Cell(cell).selectedRow = row;
   menus_.ToolbarDelete = Tab == 1 && day_.List1Rows() > 0;
   PopupActive = 0;
+  list_.Active = false;
 }
 
 void CalendarViews::PlaceList() {
@@ -150,6 +151,33 @@ void CalendarViews::ShowScheduleList() {
   list_.Visible = false;
   PlaceList();
   list_.Visible = true;
+  list_.Active = false;
+}
+
+ItemChoice CalendarViews::SelectedItem() const {
+  if (Tab == 1) {
+    return {day_.List1Row != day_.List1RowSel, day_.SelectedDataRow()};
+  }
+  if (list_.Visible && list_.Active) {
+    const ListSelection s = list_.Selection();
+    const bool item = IsItemSelection(s);
+    return {s.row != s.rowSel, item ? list_.List3[static_cast<std::size_t>(s.row)] : -1};
+  }
+  const int cell = month_.SelectedCell;
+  if (cell == -1) return {};
+  const MonthCell& c = month_.Cell(cell);
+  const bool item = IsItemSelection(CellSelection(cell));
+  return {false, item ? c.rows[static_cast<std::size_t>(c.selectedRow)] : -1};
+}
+
+void CalendarViews::SelectDayRow(int dataRow) {
+  for (std::size_t line = 0; line < day_.List2.size(); ++line) {
+    if (day_.List2[line] == dataRow) {
+      const int row = static_cast<int>(line);
+      List1_SelChange(row, row);
+      return;
+    }
+  }
 }
 
 void CalendarViews::EditCTL_Open() {

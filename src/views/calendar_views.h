@@ -74,6 +74,12 @@ class CalendarViews {
   // True when Copy holds an item that Paste can put in.
   bool ClipboardFull() const { return s_.doc.CopiedRow != -1; }
 
+  // The item that Modify, Copy and Delete act on: the schedule list dialog's selection once the
+  // user worked in it, else the day list on the day tab or the selected cell's list.
+  ItemChoice SelectedItem() const;
+  // Selects the day list's line of a SchDatList row, when the list shows it.
+  void SelectDayRow(int dataRow);
+
   // Selection in the grid.
   void SelectCell(int cell, int row = -1);
   // The schedule list dialog for the selected date, under (or above) its cell.

@@ -51,6 +51,7 @@ int ScheduleList::FillDayIndex(const SchDatCTL& ctl, const CivilDate& date, bool
 void ScheduleList::List1_Click(int row, int rowSel, Messages& messages) {
   Row = row;
   RowSel = rowSel;
+  Active = true;
   if (row == rowSel) return;
   messages.Show(
       {view_texts::kCannotModifyMultiple, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});

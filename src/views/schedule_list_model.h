@@ -59,6 +59,7 @@ class ScheduleList {
   int RowSel = -1;
   std::string Caption;
   bool Visible = false;
+  bool Active = false;  // the user worked in the list since it was shown or the cell changed
   DialogPosition Position;
 };
 

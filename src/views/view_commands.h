@@ -51,6 +51,13 @@ constexpr PopupItems PopupItemsFor(const ListSelection& s, bool clipboardFull) {
   return {item, item, item, clipboardFull, false};
 }
 
+// What a list's selection gives the item commands: several rows, or one item's SchDatList row
+// (-1 when the selection is no item).
+struct ItemChoice {
+  bool multiple = false;
+  int row = -1;
+};
+
 // The menus and toolbar buttons the views enable.
 struct MenuState {
   // Menu DelCTRL and its entries.
