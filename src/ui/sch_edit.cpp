@@ -273,11 +273,9 @@ void SchEdit::BuildMemo(QGridLayout* grid) {
   const int margins =
       2 * (text2_->frameWidth() + static_cast<int>(text2_->document()->documentMargin()));
   text2_->setMinimumHeight(fontMetrics().lineSpacing() * kMemoLines + margins);
+  // The model cuts a memo that grows over its limit; the repaint shows the cut text.
   connect(text2_, &QPlainTextEdit::textChanged, this, [this] {
-    // The limit counts a line break once, as the box shows it.
-    const SchEditControls& c = model_.Controls();
-    const auto limit = c.Text2MaxLength - std::count(c.Text2.begin(), c.Text2.end(), '\r');
-    model_.Text2_Change(LfToCrLf(text2_->toPlainText().left(limit).toStdString()));
+    model_.Text2_Change(LfToCrLf(text2_->toPlainText().toStdString()));
     ShowModel();
   });
   AddLabel(grid, words::kMemo, text2_, kMemoRow, Qt::AlignTop);
