@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <vector>
@@ -169,7 +170,7 @@ void SchEdit::BuildDatesAndTimes(QGridLayout* grid) {
       model_.ImDate1_Change(i, CivilDate{value.year(), value.month(), value.day()});
       ShowModel();
     });
-    grid->addWidget(date, kDateRow, 1 + i);
+    grid->addWidget(date, kDateRow, 1 + i, Qt::AlignLeft);
     imDate1_[static_cast<std::size_t>(i)] = date;
   }
   AddLabel(grid, words::kDate, imDate1_[0], kDateRow);
@@ -189,10 +190,19 @@ void SchEdit::BuildDatesAndTimes(QGridLayout* grid) {
       model_.Combo1_Text(i, line->text().toStdString());
       ShowModel();
     });
-    grid->addWidget(combo, kTimeRow, 1 + i);
+    grid->addWidget(combo, kTimeRow, 1 + i, Qt::AlignLeft);
     combo1_[static_cast<std::size_t>(i)] = combo;
   }
   AddLabel(grid, words::kTime, combo1_[0], kTimeRow);
+  // The four boxes of dates and times are alike in width.
+  int width = 0;
+  for (std::size_t i = 0; i < 2; ++i) {
+    width = std::max({width, imDate1_[i]->sizeHint().width(), combo1_[i]->sizeHint().width()});
+  }
+  for (std::size_t i = 0; i < 2; ++i) {
+    imDate1_[i]->setMinimumWidth(width);
+    combo1_[i]->setMinimumWidth(width);
+  }
 
   check3_ = new QCheckBox(words::kAllDay, this);
   check3_->setObjectName("Check3");
