@@ -11,6 +11,11 @@
 #include "tests/support/test_store.h"
 #include "ui/sch_edit.h"
 
+// Failures show a widget's text as text.
+void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
+
 namespace sched {
 namespace {
 
