@@ -77,12 +77,12 @@ QComboBox* NewEditableCombo(const QString& name, QWidget* parent) {
   return combo;
 }
 
-QLabel* AddLabel(QGridLayout* grid, const char* text, QWidget* buddy, int row,
-                 Qt::Alignment align = Qt::AlignVCenter) {
+// The caption of a row, whose mnemonic takes the focus to `buddy`.
+void AddLabel(QGridLayout* grid, const char* text, QWidget* buddy, int row,
+              Qt::Alignment align = Qt::AlignVCenter) {
   auto* label = new QLabel(text, buddy->parentWidget());
   label->setBuddy(buddy);
   grid->addWidget(label, row, 0, Qt::AlignLeft | align);
-  return label;
 }
 
 // A line's text is set only when it differs, so that typing keeps its cursor.
