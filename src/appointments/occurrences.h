@@ -47,14 +47,59 @@ class OccurrenceMaker {
 
   // Writes the item by work.RepeatCode: the six repeat kinds, 16 for an item over several
   // dates, anything else as one plain item. New records get a new stamp; those of a replaced
-  // item keep its identity. False, with nothing written, when the start time is after the end
-  // time or a span is longer than 30 days ("A schedule can overlap 30 days at most.").
+  // item keep its identity. A repeat kind reads RepeatCount and RepeatStep, and
+  // WorkRepeatKind as the word it replaces (a "Last" weekday stays "Last"); it leaves the word
+  // it stored in WorkRepeatKind. False, with nothing written, when the start time is after the
+  // end time, or a span ends before it starts or is longer than 30 days ("A schedule can
+  // overlap 30 days at most.").
   bool Expand(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
 
   // The working record after a write: the first occurrence written.
   const SchRecord& Record() const { return record_; }
 
  private:
+  // Who the records of one write are. The SubNo counter is moved on before each record, so it
+  // starts one below the first SubNo.
+  struct Identity {
+    std::int16_t subNo = 0;
+    std::int32_t stamp = 0;
+    std::int16_t parentSubNo = 0;
+    std::int32_t parentStamp = 0;
+  };
+  // How a repeat kind finds its dates: its RepeatOption, and whether an occurrence falls on the
+  // Nth weekday of its month rather than on the start's day.
+  struct RepeatPlan {
+    int option = kOptionDaily;
+    bool byWeekday = false;
+  };
+
+  bool ExpandSingle(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
+  bool ExpandOverDays(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
+  bool ExpandDaily(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
+  bool ExpandWeekly(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
+  bool ExpandMonthly(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
+  bool ExpandYearly(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
+  bool ExpandMonthlyWeekday(const AppointmentInput& input,
+                            const std::optional<ReplacedItem>& replaced);
+  bool ExpandYearlyWeekday(const AppointmentInput& input,
+                           const std::optional<ReplacedItem>& replaced);
+  // The six repeat kinds: the rule word from the start date, the count cut at 2099/12/31, one
+  // record an occurrence, each ending on the last occurrence's plain date.
+  bool ExpandRepeat(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced,
+                    RepeatPlan plan);
+
+  Identity SeriesIdentity(const std::optional<ReplacedItem>& replaced);
+  Identity SingleIdentity(const std::optional<ReplacedItem>& replaced);
+  // The working record's texts, flags and alarm, alike in every record of the write.
+  void FillItem(const AppointmentInput& input, std::int16_t repeatKind);
+  // Writes the working record for one date; the shown date follows it.
+  void AddOccurrence(const CivilDate& start, const CivilDate& end, int startTime, int endTime,
+                     Identity& identity);
+  // The working record goes back to the first record written; an alarm brings today's alarm
+  // list in order.
+  void Finish(const SchRecord& first);
+  void Warn(const char* text);
+
   ScheduleStore& store_;
   Messages& messages_;
   RepeatWork& work_;
@@ -64,7 +109,7 @@ class OccurrenceMaker {
 // The series of an occurrence opened for editing, as the edit dialog shows it: the date of its
 // first occurrence and its times (-1 for all day). Fills RepeatLastCode/Year/Month/Day from the
 // last occurrence, decodes the word into `work` and works out RepeatCount from the first and
-// last dates and the interval.
+// last dates and the interval. The series is found by its index, not by a walk of all rows.
 struct SeriesInEditor {
   CivilDate first;
   int StartTime = -1;
@@ -81,7 +126,8 @@ struct SpanInEditor {
 SpanInEditor LoadSpanIntoEditor(const SchDatCTL& ctl, std::int32_t parentSubNo,
                                 std::int32_t parentStamp);
 
-// Removes the item the record stands for: its whole series, or the one item.
+// Removes the item the record stands for: its whole series, or the one item. Both are found by
+// an index of the store, not by a walk of all rows.
 void RemoveSeries(ScheduleStore& store, const SchRecord& saved);
 
 }  // namespace sched

@@ -9,6 +9,7 @@
 #include "cli/holidays_command.h"
 #include "cli/info_command.h"
 #include "cli/month_command.h"
+#include "cli/rule_command.h"
 #include "platform/std/huge_pages.h"
 #include "platform/std/system_clock.h"
 #include "shell/sample_schedule.h"
@@ -22,6 +23,7 @@ constexpr const char* kUsage =
     "       scltool sample OUT.scl [YYYY MM DD]\n"
     "       scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n"
     "       scltool month FILE.scl YYYY MM [COUNTRYFILE]\n"
+    "       scltool rule WORD [YYYY/MM/DD COUNT]\n"
     "       scltool --help | --version\n";
 
 int Usage() {
@@ -58,6 +60,9 @@ int Run(const std::vector<std::string>& args) {
   }
   if (command == "month") {
     return sched::RunMonthCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
+  }
+  if (command == "rule") {
+    return sched::RunRuleCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }
   if (command == "holidays") {
     return sched::RunHolidaysCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);

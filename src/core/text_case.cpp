@@ -9,6 +9,10 @@ constexpr char LowerAscii(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+constexpr char UpperAscii(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 }  // namespace
 
 std::string ToLowerAscii(std::string_view text) {
@@ -19,9 +23,7 @@ std::string ToLowerAscii(std::string_view text) {
 
 std::string ToUpperAscii(std::string_view text) {
   std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
+  std::transform(upper.begin(), upper.end(), upper.begin(), UpperAscii);
   return upper;
 }
 

@@ -151,28 +151,20 @@ void ScheduleStore::DeleteItem(const SchRecord& record) {
   };
   if (t.SchDatList.IsEmpty()) return;
   if (record.RepeatKind != 0) {
-    t.Series.Sync(t.SchDatList, [](const SchDatRow& row) { return row.Series(); });
-    for (int row : t.Series.RowsOf({record.ParentSubNo, record.ParentStamp})) {
+    for (int row : SeriesRows(t, {record.ParentSubNo, record.ParentStamp})) {
       if (t.SchDatList.At(row).Stamp == record.Stamp) remove(row);
     }
     return;
   }
-  for (int row = 0; row < t.SchDatList.Rows(); ++row) {
-    const SchDatRow& r = t.SchDatList.At(row);
-    if (r.SubNo == record.SubNo && r.Stamp == record.Stamp) remove(row);
+  for (int row : StampRows(t, record.Stamp)) {
+    if (t.SchDatList.At(row).SubNo == record.SubNo) remove(row);
   }
 }
 
 std::int32_t ScheduleStore::NewUniqueStamp() {
   std::int32_t candidate = MakeStamp(svc_.clock);
   if (doc_.Tables.RowCount < 1) return candidate;
-  const auto& list = doc_.Tables.SchDatList;
-  const auto taken = [&](std::int32_t stamp) {
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (!list.At(row).blank && list.At(row).Stamp == stamp) return true;
-    }
-    return false;
-  };
+  const auto taken = [&](std::int32_t stamp) { return !StampRows(doc_.Tables, stamp).empty(); };
   while (taken(candidate)) {
     // The stamp's grain is two seconds: wait for the clock to give another one.
     svc_.progress.SetWaitPointer(true);

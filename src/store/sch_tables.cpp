@@ -141,12 +141,23 @@ int FindMonthRow(const SchDatCTL& ctl, int yearRow, int month) {
   return -1;
 }
 
-void SeriesRange::Add(const SchDatRow& row) {
+const std::vector<int>& SeriesRows(const SchDatCTL& ctl, const SeriesKey& key) {
+  ctl.Series.Sync(ctl.SchDatList, [](const SchDatRow& row) { return row.Series(); });
+  return ctl.Series.RowsOf(key);
+}
+
+const std::vector<int>& StampRows(const SchDatCTL& ctl, std::int32_t stamp) {
+  ctl.Stamps.Sync(ctl.SchDatList, [](const SchDatRow& row) { return row.Stamp; });
+  return ctl.Stamps.RowsOf(stamp);
+}
+
+void SeriesRange::Add(const SchDatRow& row, int at) {
   const std::int32_t start = row.StartCode();
   const std::int32_t end = row.EndCode();
   if (!found || row.SubNo < lowestSubNo || (row.SubNo == lowestSubNo && start < firstCode)) {
     firstCode = start;
     lowestSubNo = row.SubNo;
+    firstRow = at;
   }
   if (!found || row.SubNo > highestSubNo || (row.SubNo == highestSubNo && end > lastCode)) {
     lastCode = end;
@@ -157,11 +168,10 @@ void SeriesRange::Add(const SchDatRow& row) {
 
 SeriesRange GetSeriesRange(const SchDatCTL& ctl, std::int32_t parentSubNo,
                            std::int32_t parentStamp) {
-  ctl.Series.Sync(ctl.SchDatList, [](const SchDatRow& row) { return row.Series(); });
   SeriesRange range;
-  for (int row : ctl.Series.RowsOf({parentSubNo, parentStamp})) {
+  for (int row : SeriesRows(ctl, {parentSubNo, parentStamp})) {
     const SchDatRow& r = ctl.SchDatList.At(row);
-    if (r.IsLive()) range.Add(r);
+    if (r.IsLive()) range.Add(r, row);
   }
   return range;
 }

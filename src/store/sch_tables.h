@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "store/series_index.h"
+#include "store/row_index.h"
 #include "store/table.h"
 
 namespace sched {
@@ -128,7 +128,13 @@ struct SchDatCTL {
   int MonthCount = 0;          // data rows of AncMM
   int RowCount = 0;            // live rows of SchDatList
   mutable SeriesIndex Series;  // rows of each series, kept in step with SchDatList
+  mutable StampIndex Stamps;   // rows of each Stamp, kept in step with SchDatList
 };
+
+// The rows of a series, and the rows that hold a stamp, deleted ones included; the index first
+// takes in the rows added since it was last asked.
+const std::vector<int>& SeriesRows(const SchDatCTL& ctl, const SeriesKey& key);
+const std::vector<int>& StampRows(const SchDatCTL& ctl, std::int32_t stamp);
 
 // Empties the four tables and sets the counters to 0.
 void ClearTables(SchDatCTL& ctl);
@@ -150,9 +156,11 @@ struct SeriesRange {
   std::int32_t lastCode = 0;   // DateCode of the last date
   std::int32_t lowestSubNo = 0;
   std::int32_t highestSubNo = 0;
+  int firstRow = -1;  // the SchDatList row of the first date, when the caller gave it
   bool found = false;
 
-  void Add(const SchDatRow& row);
+  // Takes in a live row of the series; `at` is its row number, -1 when unknown.
+  void Add(const SchDatRow& row, int at = -1);
 };
 SeriesRange GetSeriesRange(const SchDatCTL& ctl, std::int32_t parentSubNo,
                            std::int32_t parentStamp);

@@ -4,6 +4,8 @@
 #include <fstream>
 #include <limits>
 
+#include "core/codepage.h"
+
 namespace sched {
 
 void ByteReader::Need(std::size_t count) const {
@@ -207,6 +209,16 @@ std::optional<FileBytes> ReadWholeFile(const std::string& path) {
   in.seekg(0);
   if (!in.read(reinterpret_cast<char*>(bytes.data.get()), size)) return std::nullopt;
   return bytes;
+}
+
+std::int16_t VariablePartLength(std::size_t textBytes, int alarmOn) {
+  return static_cast<std::int16_t>(textBytes + 8 + (alarmOn == 1 ? 10 : 0));
+}
+
+std::int16_t VarLenOf(const SchRecord& record) {
+  const std::size_t textBytes =
+      Cp1252Length(record.Title) + Cp1252Length(record.Place) + Cp1252Length(StripCR(record.Memo));
+  return VariablePartLength(textBytes, record.AlarmOn);
 }
 
 }  // namespace sched

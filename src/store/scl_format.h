@@ -108,6 +108,13 @@ void WriteMonth(ByteWriter& out, const SclMonth& month);
 // line ends LF alone.
 void WriteRecord(ByteWriter& out, const SchRecord& record);
 
+// VarLen: the bytes of a record's variable part, that is its three texts' bytes, 8 for their
+// counts and the alarm flag, and 10 more for the sound and the lead when the alarm is 1.
+std::int16_t VariablePartLength(std::size_t textBytes, int alarmOn);
+// The same for a record as memory holds it: the texts counted in their 8-bit form, the memo
+// without the carriage returns the file leaves out.
+std::int16_t VarLenOf(const SchRecord& record);
+
 // Offsets of the links inside the parts, for patching.
 inline constexpr std::int32_t kYearNextOffset = 2;
 inline constexpr std::int32_t kMonthNextOffset = 2;

@@ -284,7 +284,6 @@ int SortDayChain(SchDatCTL& ctl, int first, int count) {
 void CheckSeries(SchDatCTL& ctl) {
   if (ctl.RowCount <= 0) return;
   auto& list = ctl.SchDatList;
-  ctl.Series.Sync(list, [](const SchDatRow& row) { return row.Series(); });
   for (int i = 0; i < list.Rows(); ++i) {
     SchDatRow& row = list.At(i);
     if (row.RepeatKind == 0 || row.Deleted != kLive) {
@@ -292,7 +291,7 @@ void CheckSeries(SchDatCTL& ctl) {
       continue;
     }
     bool found = false;
-    for (int j : ctl.Series.RowsOf(row.Series())) {
+    for (int j : SeriesRows(ctl, row.Series())) {
       SchDatRow& other = list.At(j);
       if (j > i && other.Deleted == kLive && other.RepeatKind != 0) {
         other.Deleted = kSeriesMark;

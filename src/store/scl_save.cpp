@@ -202,9 +202,8 @@ class SclWriter {
     }
     FitVariablePart(rec);
     if (rec.AlarmSound.size() > kAlarmSoundBytes) rec.AlarmSound.resize(kAlarmSoundBytes);
-    const std::size_t length =
-        rec.Title.size() + rec.Place.size() + rec.Memo.size() + 8 + (rec.AlarmOn == 1 ? 10 : 0);
-    rec.VarLen = static_cast<std::int16_t>(length);
+    rec.VarLen =
+        VariablePartLength(rec.Title.size() + rec.Place.size() + rec.Memo.size(), rec.AlarmOn);
     return rec;
   }
 

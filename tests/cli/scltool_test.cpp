@@ -138,5 +138,75 @@ TEST(Scltool, ExitStatusAndMessages) {
   EXPECT_FALSE(std::filesystem::exists(dir.File("out.scl")));
 }
 
+TEST(Scltool, RuleTellsWhatAWordHolds) {
+  const std::string none =
+      R"("ordinal":null,"isLast":null,"weekday":null,"day":null,"month":null})";
+  const struct {
+    const char* word;
+    std::string json;
+  } cases[] = {
+      {"0", R"({"code":0,"option":0,"intervalField":null,)" + none},
+      {"-32768", R"({"code":16,"option":null,"intervalField":null,)" + none},
+      {"1", R"({"code":8,"option":1,"intervalField":0,)" + none},
+      {"0x102c", R"({"code":4,"option":2,"intervalField":1,)" + none},
+      {"0x203E", R"({"code":2,"option":3,"intervalField":0,"ordinal":null,"isLast":null,)"
+                 R"("weekday":null,"day":31,"month":null})"},
+      {"16570", R"({"code":1,"option":4,"intervalField":0,"ordinal":null,"isLast":null,)"
+                R"("weekday":null,"day":29,"month":2})"},
+      {"0x207D", R"({"code":22,"option":5,"intervalField":0,"ordinal":7,"isLast":true,)"
+                 R"("weekday":5,"day":null,"month":null})"},
+      {"0x773E", R"({"code":50,"option":6,"intervalField":6,"ordinal":7,"isLast":true,)"
+                 R"("weekday":6,"day":null,"month":12})"},
+      {"0x4449", R"({"code":50,"option":6,"intervalField":0,"ordinal":1,"isLast":false,)"
+                 R"("weekday":1,"day":null,"month":1})"},
+  };
+  for (const auto& c : cases) {
+    const Result r = Scltool(std::string("rule ") + c.word);
+    EXPECT_EQ(r.status, 0) << c.word;
+    EXPECT_EQ(r.out, c.json + "\n") << c.word;
+  }
+}
+
+TEST(Scltool, RuleSaysTheSentenceOfTheDialogOpenedOnIt) {
+  const struct {
+    const char* args;
+    const char* sentence;
+    const char* message;
+  } cases[] = {
+      {"0x207D 2026/11/27 3",
+       R"( The item repeats on Last Friday every 1 month(s)\rfrom 2026/11/27(Fri) to )"
+       R"(2027/01/29(Fri).)",
+       ""},
+      {"0x4449 2027/01/04 2",
+       R"( The item repeats on 1st Monday in December every 1 month(s)\rfrom 2027/01/04(Mon) )"
+       R"(to 2028/01/03(Mon).)",
+       ""},
+      {"0x0840 2099/12/20 10",  // the count falls to 6
+       R"( The item repeats every 2 day(s)\rfrom 2099/12/20(Sun) to 2099/12/30(Wed).)", ""},
+      {"0x0800 2099/12/31 3", " No Repeat ", "No more setting!.\n"},
+      {"0x2014 2099/12/10 2", " No Repeat ", "No more setting\n"},
+      {"0x8000 2026/11/21 2", " No Repeat ", ""},
+  };
+  for (const auto& c : cases) {
+    const Result out = Scltool(std::string("rule ") + c.args, Stream::Out);
+    EXPECT_EQ(out.status, 0) << c.args;
+    const std::size_t at = out.out.find(R"(,"sentence":")");
+    ASSERT_NE(at, std::string::npos) << out.out;
+    EXPECT_EQ(out.out.substr(at), std::string(R"(,"sentence":")") + c.sentence + "\"}\n") << c.args;
+    EXPECT_EQ(Scltool(std::string("rule ") + c.args, Stream::Err).out, c.message) << c.args;
+  }
+}
+
+TEST(Scltool, RuleRefusesWhatIsNoWordDateOrCount) {
+  for (const char* args :
+       {"", "0x10000", "65536", "-32769", "0x", "0x-1", "0x+1", "12x", "abc", "12 2026/11/21",
+        "12 2026/11/21 2 9", "12 2026/02/29 2", "12 2100/01/01 2", "12 2026-11-21 2",
+        "12 2026/11/21 0", "12 2026/11/21 x"}) {
+    const Result r = Scltool(std::string("rule ") + args, Stream::Err);
+    EXPECT_EQ(r.status, 2) << args;
+    EXPECT_EQ(r.out, "usage: scltool rule WORD [YYYY/MM/DD COUNT]\n") << args;
+  }
+}
+
 }  // namespace
 }  // namespace sched

@@ -17,6 +17,8 @@ TEST(TextCase, OnlyAsciiLettersFold) {
   // 0xC4 and 0xE4 are a capital and a small letter of the Western code page: left alone.
   EXPECT_EQ(ToLowerAscii("HolidayUS.INI @[`{"), "holidayus.ini @[`{");
   EXPECT_EQ(ToLowerAscii("\xC4Z\xE4"), "\xC4z\xE4");
+  EXPECT_EQ(ToUpperAscii("schAlarm @[`{"), "SCHALARM @[`{");
+  EXPECT_EQ(ToUpperAscii("\xE4z\xC4"), "\xE4Z\xC4");
   EXPECT_TRUE(EqualsIgnoringCase("SCHALARM", "schAlarm"));
   EXPECT_FALSE(EqualsIgnoringCase("\xC4", "\xE4"));
   EXPECT_FALSE(EqualsIgnoringCase("@", "`"));  // one apart from 'A' and 'a', but no letters

@@ -116,6 +116,31 @@ TEST(RecordOps, DeletingAnOccurrenceRemovesItsWholeSeries) {
   EXPECT_EQ(ChainTitles(s.doc, 1998, 7, 8), (std::vector<std::string>{"Other"}));
 }
 
+TEST(RecordOps, DeletingAPlainItemLeavesItemsOfTheSameStampWithOtherSubNos) {
+  // Items imported together share one stamp and tell themselves apart by SubNo.
+  TestStore s;
+  s.clock.Set({1998, 7, 9, 8, 0, 0});
+  std::vector<SchRecord> imported;
+  for (int i = 1; i <= 3; ++i) {
+    SchRecord r = MakeItem(1998, 7, 9 + i, 540, 600, "Imported " + std::to_string(i));
+    r.SubNo = static_cast<std::int16_t>(i);
+    r.Stamp = MakeStamp(FakeClock({1998, 7, 9, 8, 0, 0}));
+    imported.push_back(r);
+    s.store.InsertRecord(r);
+  }
+  s.store.DeleteItem(imported[1]);
+  EXPECT_EQ(s.doc.Tables.RowCount, 2);
+  EXPECT_EQ(ChainTitles(s.doc, 1998, 7, 11), std::vector<std::string>{});
+
+  // After a load the rows are others: the lookups follow them.
+  ASSERT_TRUE(s.RoundTrip());
+  s.store.DeleteItem(imported[2]);
+  EXPECT_EQ(s.doc.Tables.RowCount, 1);
+  EXPECT_EQ(ChainTitles(s.doc, 1998, 7, 10), std::vector<std::string>{"Imported 1"});
+  s.clock.SetSecondsPerReading(1);
+  EXPECT_NE(s.store.NewUniqueStamp(), imported[0].Stamp);
+}
+
 TEST(RecordOps, SeriesRangeAndLowestSubNo) {
   TestStore s;
   // Entered out of order: the range follows SubNo, not the place of the rows.

@@ -133,6 +133,23 @@ TEST(SclSave, PrivateRecordsTakeTheDevicesLevelAndAreCountedOnceAMonth) {
   EXPECT_EQ(bytes[12 + 34], 4);  // the first record's Private is the level
 }
 
+TEST(SclSave, TheVarLenOfARecordInMemoryIsWhatTheFileWrites) {
+  TestStore s;
+  SchRecord plain = MakeItem(1998, 7, 9, 540, 600, "Caf\xC3\xA9");  // 4 bytes in the file
+  plain.Memo = "a\r\nb";                                            // 3
+  SchRecord alarmed = plain;
+  alarmed.Stamp ^= 1;
+  alarmed.AlarmOn = 1;
+  alarmed.AlarmSound = kDefaultAlarmSound;
+  EXPECT_EQ(VarLenOf(plain), 4 + 3 + 8);
+  EXPECT_EQ(VarLenOf(alarmed), 4 + 3 + 8 + 10);
+  s.store.InsertRecord(plain);
+  s.store.InsertRecord(alarmed);
+  ASSERT_TRUE(s.RoundTrip());
+  EXPECT_EQ(s.doc.Tables.SchDatList.At(0).VarLen, VarLenOf(plain));
+  EXPECT_EQ(s.doc.Tables.SchDatList.At(1).VarLen, VarLenOf(alarmed));
+}
+
 TEST(SclSave, AMultiDayItemOfOneDateIsWrittenAsADayRecord) {
   TestStore s;
   InsertSpan(s.store, {1998, 7, 9}, 1, "one day", 0x55);

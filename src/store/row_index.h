@@ -23,10 +23,11 @@ struct SeriesKeyHash {
   }
 };
 
-// The rows of each series, deleted ones included. Rows of SchDatList are only ever appended
-// while the document is open, so the index takes in new rows as it is asked and starts anew
-// only when the table was changed in another way.
-class SeriesIndex {
+// The rows of a table by a key of theirs, deleted rows included. Rows of SchDatList are only
+// ever appended while the document is open, so the index takes in new rows as it is asked and
+// starts anew only when the table was changed in another way.
+template <typename Key, typename Hash = std::hash<Key>>
+class RowIndex {
  public:
   // Brings the index up to the table's rows; `keyOf(row)` gives a row's key.
   template <typename Table, typename KeyOf>
@@ -41,16 +42,21 @@ class SeriesIndex {
       rows_[keyOf(table.At(indexed_))].push_back(indexed_);
   }
 
-  const std::vector<int>& RowsOf(const SeriesKey& key) const {
+  const std::vector<int>& RowsOf(const Key& key) const {
     static const std::vector<int> kNone;
     const auto it = rows_.find(key);
     return it == rows_.end() ? kNone : it->second;
   }
 
  private:
-  std::unordered_map<SeriesKey, std::vector<int>, SeriesKeyHash> rows_;
+  std::unordered_map<Key, std::vector<int>, Hash> rows_;
   int indexed_ = 0;
   std::uint64_t edits_ = ~std::uint64_t{0};
 };
+
+// The rows of each series.
+using SeriesIndex = RowIndex<SeriesKey, SeriesKeyHash>;
+// The rows that hold each Stamp.
+using StampIndex = RowIndex<std::int32_t>;
 
 }  // namespace sched

@@ -1,0 +1,118 @@
+#include "cli/rule_command.h"
+
+#include <cctype>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+
+#include "appointments/repeat_model.h"
+#include "appointments/repeat_rule.h"
+#include "cli/json_text.h"
+#include "platform/std/console.h"
+
+namespace sched {
+namespace {
+
+constexpr const char* kUsage = "usage: scltool rule WORD [YYYY/MM/DD COUNT]";
+
+std::optional<int> ParseInt(const std::string& text, int base, int low, int high) {
+  int value = 0;
+  const char* end = text.data() + text.size();
+  const auto [ptr, ec] = std::from_chars(text.data(), end, value, base);
+  if (text.empty() || ec != std::errc{} || ptr != end || value < low || value > high) {
+    return std::nullopt;
+  }
+  return value;
+}
+
+// A word as the file holds it (signed) or as it is packed (unsigned, or 0x and hex digits).
+std::optional<std::uint16_t> ParseWord(const std::string& text) {
+  const bool hex = text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+  const std::optional<int> value = !hex ? ParseInt(text, 10, INT16_MIN, UINT16_MAX)
+                                   : std::isxdigit(static_cast<unsigned char>(text[2]))
+                                       ? ParseInt(text.substr(2), 16, 0, 0xFFFF)
+                                       : std::nullopt;
+  if (!value) return std::nullopt;
+  return static_cast<std::uint16_t>(*value);
+}
+
+std::optional<CivilDate> ParseDate(const std::string& text) {
+  if (text.size() != 10 || text[4] != '/' || text[7] != '/') return std::nullopt;
+  const auto year = ParseInt(text.substr(0, 4), 10, kFirstYear, kLastYear);
+  const auto month = ParseInt(text.substr(5, 2), 10, 1, 12);
+  const auto day = ParseInt(text.substr(8, 2), 10, 1, 31);
+  if (!year || !month || !day || !IsValidDate(*year, *month, *day)) return std::nullopt;
+  return CivilDate{*year, *month, *day};
+}
+
+// The message boxes of the dialog, each as a line of text.
+class StreamMessages : public Messages {
+ public:
+  explicit StreamMessages(std::ostream& err) : err_(err) {}
+  MsgAnswer Show(const MessageRequest& request) override {
+    err_ << request.text << '\n';
+    return MsgAnswer::Ok;
+  }
+
+ private:
+  std::ostream& err_;
+};
+
+template <typename T>
+void Field(std::ostream& out, const char* name, const std::optional<T>& value) {
+  out << ",\"" << name << "\":";
+  if (value) {
+    out << std::boolalpha << *value;
+  } else {
+    out << "null";
+  }
+}
+
+// The Label2 sentence of the dialog opened on the rule, with that start and count.
+std::string OpenedSentence(std::uint16_t word, const CivilDate& start, int count,
+                           std::ostream& err) {
+  RepeatWork work;
+  work.WorkRepeatKind = word;
+  work.Decode(word);
+  const bool repeats = work.RepeatCode != kCodeNone && work.RepeatCode != kCodeOverDays;
+  work.RepeatFree = repeats ? 0 : -1;
+  work.RepeatCount = static_cast<std::int16_t>(count);
+  StreamMessages messages(err);
+  const IsoDateFormatter dates;
+  RepeatModel model(work, messages, dates);
+  model.Open(start);
+  return model.Controls().Label2;
+}
+
+}  // namespace
+
+int RunRuleCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  const std::optional<std::uint16_t> word = args.empty() ? std::nullopt : ParseWord(args[0]);
+  const std::optional<CivilDate> start = args.size() == 3 ? ParseDate(args[1]) : std::nullopt;
+  const std::optional<int> count =
+      args.size() == 3 ? ParseInt(args[2], 10, 1, INT16_MAX) : std::nullopt;
+  if (!word || (args.size() != 1 && (!start || !count))) {
+    err << kUsage << '\n';
+    return 2;
+  }
+
+  const DecodedRepeatKind d = DecodeRepeatKind(*word);
+  const std::optional<WeekdayRule> byWeekday = SplitWeekdayRule(*word);
+  const bool monthByDate = d.code == kCodeMonthly;
+  const bool yearByDate = d.code == kCodeYearly;
+  const bool hasMonth = yearByDate || d.code == kCodeYearlyWeekday;
+  out << "{\"code\":" << d.code;
+  Field(out, "option", d.option);
+  Field(out, "intervalField", d.intervalField);
+  Field(out, "ordinal", d.ordinal);
+  Field(out, "isLast", d.isLast);
+  Field(out, "weekday", byWeekday ? std::optional<int>(byWeekday->weekday) : std::nullopt);
+  Field(out, "day",
+        monthByDate || yearByDate ? std::optional<int>((*word >> 1) & 31) : std::nullopt);
+  Field(out, "month", hasMonth ? std::optional<int>((*word >> 6) & 15) : std::nullopt);
+  if (start) out << ",\"sentence\":" << JsonString(OpenedSentence(*word, *start, *count, err));
+  out << "}\n";
+  return 0;
+}
+
+}  // namespace sched
