@@ -5,7 +5,6 @@
 #include "appointments/texts.h"
 #include "core/app_texts.h"
 #include "core/codepage.h"
-#include "core/time_text.h"
 #include "platform/key_codes.h"
 
 namespace sched {
@@ -56,7 +55,7 @@ std::optional<EditFocus> SchEditModel::TakeFocus() {
 std::string SchEditModel::TimeText(int index) const {
   const auto& time = c_.DTPicker2[static_cast<std::size_t>(index)];
   if (!time) return {};
-  return TwelveHourTime(*time / 60, *time % 60, false, "AM", "PM");
+  return TimeComboText(*time);
 }
 
 void SchEditModel::StartSession() {

@@ -6,12 +6,14 @@
 
 namespace sched {
 
+std::string TimeComboText(int minutes) {
+  return TwelveHourTime(minutes / 60, minutes % 60, false, " AM", " PM");
+}
+
 const std::vector<TimeComboItem>& TimeComboItems() {
   static const std::vector<TimeComboItem> items = [] {
     std::vector<TimeComboItem> list;
-    const auto add = [&list](int minutes) {
-      list.push_back({TwelveHourTime(minutes / 60, minutes % 60, false, "AM", "PM"), minutes});
-    };
+    const auto add = [&list](int minutes) { list.push_back({TimeComboText(minutes), minutes}); };
     for (int minutes = 0; minutes < 24 * 60; minutes += 30) add(minutes);
     add(23 * 60 + 59);
     return list;
