@@ -11,11 +11,6 @@
 #include "tests/support/test_store.h"
 #include "ui/sch_edit.h"
 
-// Failures show a widget's text as text.
-void PrintTo(const QString& text, std::ostream* out) {
-  *out << '"' << text.toStdString() << '"';
-}
-
 namespace sched {
 namespace {
 
@@ -50,6 +45,7 @@ class SchEditFormTest : public ::testing::Test {
   }
   QDateEdit* Date(int i) const { return Find<QDateEdit>(i == 0 ? "ImDate1(0)" : "ImDate1(1)"); }
   QComboBox* Time(int i) const { return Find<QComboBox>(i == 0 ? "Combo1(0)" : "Combo1(1)"); }
+  std::string TimeShown(int i) const { return Time(i)->currentText().toStdString(); }
   void Click(const char* name) const { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
 
   // 1 for each enabled widget of: Combo1(0), Combo1(1), Check1, ImNumber1, Sound, cbtSNDprev.
@@ -100,40 +96,40 @@ class SchEditFormTest : public ::testing::Test {
 TEST_F(SchEditFormTest, ANewItemMadeInTheWindowIsWrittenOnOk) {
   model.OpenNew();
   Show();
-  EXPECT_EQ(dialog->objectName(), "SchEdit");
-  EXPECT_EQ(dialog->windowTitle(), "Appointment - New");
+  EXPECT_EQ(dialog->objectName().toStdString(), "SchEdit");
+  EXPECT_EQ(dialog->windowTitle().toStdString(), "Appointment - New");
   for (int i = 0; i < 2; ++i) {
     EXPECT_EQ(Date(i)->date(), QDate(2026, 11, 21));
     EXPECT_EQ(Date(i)->minimumDate(), QDate(1901, 1, 1));
     EXPECT_EQ(Date(i)->maximumDate(), QDate(2099, 12, 31));
     EXPECT_EQ(Time(i)->count(), 49);
   }
-  EXPECT_EQ(Time(0)->currentText(), "10:00 AM");
-  EXPECT_EQ(Time(1)->currentText(), "10:30 AM");
+  EXPECT_EQ(TimeShown(0), "10:00 AM");
+  EXPECT_EQ(TimeShown(1), "10:30 AM");
   EXPECT_EQ(Enabled(), "111000");
   EXPECT_FALSE(Find<QWidget>("SelSubject")->isEnabled());
 
   QTest::keyClicks(Find<QLineEdit>("Text1"), "Dentist");
   Click("Check3");
   EXPECT_EQ(Enabled(), "000000");
-  EXPECT_EQ(Time(0)->currentText(), "");
-  EXPECT_EQ(Time(1)->currentText(), "");
+  EXPECT_EQ(TimeShown(0), "");
+  EXPECT_EQ(TimeShown(1), "");
   Click("Check3");
   EXPECT_EQ(Enabled(), "111000");
-  EXPECT_EQ(Time(0)->currentText(), "10:00 AM");
+  EXPECT_EQ(TimeShown(0), "10:00 AM");
 
   // The next item of the start pulls the end along; a typed end stays as typed.
   Time(0)->setFocus();
   QTest::keyClick(Time(0), Qt::Key_Down);
-  EXPECT_EQ(Time(0)->currentText(), "10:30 AM");
-  EXPECT_EQ(Time(1)->currentText(), "11:00 AM");
+  EXPECT_EQ(TimeShown(0), "10:30 AM");
+  EXPECT_EQ(TimeShown(1), "11:00 AM");
   TypeOver(Time(1), "11:45 AM");
-  EXPECT_EQ(Time(1)->currentText(), "11:45 AM");
-  EXPECT_EQ(Time(0)->currentText(), "10:30 AM");
+  EXPECT_EQ(TimeShown(1), "11:45 AM");
+  EXPECT_EQ(TimeShown(0), "10:30 AM");
 
   Click("Check1");
   EXPECT_EQ(Enabled(), "111110");
-  EXPECT_EQ(Find<QComboBox>("Sound")->currentText(), "SCHALARM");
+  EXPECT_EQ(Find<QComboBox>("Sound")->currentText().toStdString(), "SCHALARM");
   auto* minutes = Find<QSpinBox>("ImNumber1");
   minutes->setFocus();
   QTest::keyClick(minutes, Qt::Key_Up);
@@ -196,16 +192,16 @@ TEST_F(SchEditFormTest, AnItemOpensWithItsValuesAndKeepsTheMemoLines) {
   fake.store.InsertRecord(item);
   model.OpenModify(0);
   Show();
-  EXPECT_EQ(dialog->windowTitle(), "Appointment - Lunch with Ada");
-  EXPECT_EQ(Find<QLineEdit>("Text1")->text(), "Lunch with Ada");
-  EXPECT_EQ(Find<QLineEdit>("Text3")->text(), "Canteen");
+  EXPECT_EQ(dialog->windowTitle().toStdString(), "Appointment - Lunch with Ada");
+  EXPECT_EQ(Find<QLineEdit>("Text1")->text().toStdString(), "Lunch with Ada");
+  EXPECT_EQ(Find<QLineEdit>("Text3")->text().toStdString(), "Canteen");
   auto* memo = Find<QPlainTextEdit>("Text2");
-  EXPECT_EQ(memo->toPlainText(), "Soup\nBread");
-  EXPECT_EQ(Time(0)->currentText(), "9:15 AM");  // off the half-hour items
-  EXPECT_EQ(Time(1)->currentText(), "9:45 AM");
+  EXPECT_EQ(memo->toPlainText().toStdString(), "Soup\nBread");
+  EXPECT_EQ(TimeShown(0), "9:15 AM");  // off the half-hour items
+  EXPECT_EQ(TimeShown(1), "9:45 AM");
   EXPECT_TRUE(Find<QCheckBox>("Check1")->isChecked());
   EXPECT_EQ(Find<QSpinBox>("ImNumber1")->value(), 15);
-  EXPECT_EQ(Find<QComboBox>("Sound")->currentText(), "BELL");
+  EXPECT_EQ(Find<QComboBox>("Sound")->currentText().toStdString(), "BELL");
   EXPECT_TRUE(Find<QCheckBox>("Check2")->isChecked());
   EXPECT_EQ(Enabled(), "111110");
   const char* shot = dialog->devicePixelRatioF() > 1 ? "sch_edit_2x.png" : "sch_edit.png";
