@@ -41,6 +41,11 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   commands_ = std::make_unique<DocumentCommands>(DocumentServices{
       *session_, *window_, alarms_, p_.messages, p_.dialogs, *device_, state_, paths_.CacheDir});
   BindDocumentCommands(commandSet_, *commands_);
+  appointmentDialogs_ = std::make_unique<QtAppointmentDialogs>(window_.get());
+  appointments_ = std::make_unique<AppointmentCommands>(
+      AppointmentServices{*session_, *views_, *appointmentDialogs_, alarms_, p_.messages, p_.clock,
+                          p_.dates, *device_, state_});
+  BindAppointmentCommands(commandSet_, *appointments_);
   window_->Attach(commands_.get(), store_.get());
   setupDialog_.SetParent(window_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/single_instance.h"
+#include "commands/appointment_commands.h"
 #include "commands/command_set.h"
 #include "commands/document_commands.h"
 #include "commands/document_session.h"
@@ -15,6 +16,7 @@
 #include "shell/cache_device_files.h"
 #include "shell/device_file_chooser.h"
 #include "shell/paths.h"
+#include "ui/appointment_dialogs.h"
 #include "ui/disconnection_setup_dialog.h"
 #include "ui/schmain.h"
 
@@ -78,6 +80,8 @@ class SchedulerApp {
   std::unique_ptr<ScheduleStore> store_;
   std::unique_ptr<DocumentSession> session_;
   std::unique_ptr<DocumentCommands> commands_;
+  std::unique_ptr<QtAppointmentDialogs> appointmentDialogs_;
+  std::unique_ptr<AppointmentCommands> appointments_;
 };
 
 }  // namespace sched

@@ -21,6 +21,8 @@ struct TimeComboItem {
   std::string text;
   int minutes = 0;
 };
+// A time of the time combos, "h:mm AM" or "h:mm PM", for minutes after 0:00.
+std::string TimeComboText(int minutes);
 // "12:00 AM" to "11:30 PM" in half hours, and last "11:59 PM": 49 items.
 const std::vector<TimeComboItem>& TimeComboItems();
 // A time (minutes after 0:00) as the time combos show it: "9:15 AM".

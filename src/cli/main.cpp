@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/add_command.h"
 #include "cli/cli_store.h"
 #include "cli/dump_command.h"
 #include "cli/holidays_command.h"
@@ -23,6 +24,7 @@ constexpr const char* kUsage =
     "       scltool sample OUT.scl [YYYY MM DD]\n"
     "       scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n"
     "       scltool month FILE.scl YYYY MM [COUNTRYFILE]\n"
+    "       scltool add FILE.scl --title T --date YYYY/MM/DD [options]\n"
     "       scltool rule WORD [YYYY/MM/DD COUNT]\n"
     "       scltool --help | --version\n";
 
@@ -61,6 +63,7 @@ int Run(const std::vector<std::string>& args) {
   if (command == "month") {
     return sched::RunMonthCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }
+  if (command == "add") return sched::RunAddCommand({args.begin() + 1, args.end()}, std::cerr);
   if (command == "rule") {
     return sched::RunRuleCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <optional>
 
+#include "cli/cli_args.h"
 #include "cli/cli_store.h"
 #include "holidays/country_calendar.h"
 #include "views/month_view_model.h"
@@ -12,16 +13,6 @@ namespace {
 
 constexpr const char* kUsage = "usage: scltool month FILE.scl YYYY MM [COUNTRYFILE]";
 
-std::optional<int> ParseNumber(const std::string& text, int low, int high) {
-  int value = 0;
-  const char* end = text.data() + text.size();
-  const auto [ptr, ec] = std::from_chars(text.data(), end, value);
-  if (text.empty() || ec != std::errc{} || ptr != end || value < low || value > high) {
-    return std::nullopt;
-  }
-  return value;
-}
-
 }  // namespace
 
 int RunMonthCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
@@ -29,8 +20,8 @@ int RunMonthCommand(const std::vector<std::string>& args, std::ostream& out, std
     err << kUsage << '\n';
     return 2;
   }
-  const std::optional<int> year = ParseNumber(args[1], kFirstYear, kLastYear);
-  const std::optional<int> month = ParseNumber(args[2], 1, 12);
+  const std::optional<int> year = ParseInt(args[1], 10, kFirstYear, kLastYear);
+  const std::optional<int> month = ParseInt(args[2], 10, 1, 12);
   if (!year || !month) {
     err << kUsage << '\n';
     return 2;

@@ -1,29 +1,20 @@
 #include "cli/rule_command.h"
 
 #include <cctype>
-#include <charconv>
 #include <cstdint>
 #include <optional>
 
 #include "appointments/repeat_model.h"
 #include "appointments/repeat_rule.h"
+#include "cli/cli_args.h"
 #include "cli/json_text.h"
+#include "cli/stream_messages.h"
 #include "platform/std/console.h"
 
 namespace sched {
 namespace {
 
 constexpr const char* kUsage = "usage: scltool rule WORD [YYYY/MM/DD COUNT]";
-
-std::optional<int> ParseInt(const std::string& text, int base, int low, int high) {
-  int value = 0;
-  const char* end = text.data() + text.size();
-  const auto [ptr, ec] = std::from_chars(text.data(), end, value, base);
-  if (text.empty() || ec != std::errc{} || ptr != end || value < low || value > high) {
-    return std::nullopt;
-  }
-  return value;
-}
 
 // A word as the file holds it (signed) or as it is packed (unsigned, or 0x and hex digits).
 std::optional<std::uint16_t> ParseWord(const std::string& text) {
@@ -35,28 +26,6 @@ std::optional<std::uint16_t> ParseWord(const std::string& text) {
   if (!value) return std::nullopt;
   return static_cast<std::uint16_t>(*value);
 }
-
-std::optional<CivilDate> ParseDate(const std::string& text) {
-  if (text.size() != 10 || text[4] != '/' || text[7] != '/') return std::nullopt;
-  const auto year = ParseInt(text.substr(0, 4), 10, kFirstYear, kLastYear);
-  const auto month = ParseInt(text.substr(5, 2), 10, 1, 12);
-  const auto day = ParseInt(text.substr(8, 2), 10, 1, 31);
-  if (!year || !month || !day || !IsValidDate(*year, *month, *day)) return std::nullopt;
-  return CivilDate{*year, *month, *day};
-}
-
-// The message boxes of the dialog, each as a line of text.
-class StreamMessages : public Messages {
- public:
-  explicit StreamMessages(std::ostream& err) : err_(err) {}
-  MsgAnswer Show(const MessageRequest& request) override {
-    err_ << request.text << '\n';
-    return MsgAnswer::Ok;
-  }
-
- private:
-  std::ostream& err_;
-};
 
 template <typename T>
 void Field(std::ostream& out, const char* name, const std::optional<T>& value) {

@@ -4,21 +4,9 @@
 
 #include "appointments/texts.h"
 #include "core/app_texts.h"
-#include "core/text_case.h"
 #include "shell/device_service.h"
 
 namespace sched {
-
-std::vector<std::string> AlarmSoundNames(DeviceFiles& device) {
-  std::vector<std::string> names;
-  for (const std::string& path : ReadDeviceSounds(device)) {
-    std::string name = path.substr(path.find_last_of('\\') + 1);
-    name = name.substr(0, name.find_last_of('.'));
-    name = ToUpperAscii(name);
-    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
-  }
-  return names;
-}
 
 SchEditModel AppointmentCommands::MakeModel() {
   return SchEditModel(SchEditServices{s_.session.Store(), s_.messages, s_.clock, s_.dates,

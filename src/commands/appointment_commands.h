@@ -31,10 +31,6 @@ struct AppointmentServices {
   AppState& state;
 };
 
-// The names of the alarm sounds: the melodies of the device's sound folder, upper case and
-// without their extension, each once, in the folder's order.
-std::vector<std::string> AlarmSoundNames(DeviceFiles& device);
-
 // Adding and changing an appointment through the edit dialog, from every place of the views.
 class AppointmentCommands {
  public:

@@ -1,7 +1,10 @@
 #include "shell/device_service.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
+
+#include "core/text_case.h"
 
 namespace sched {
 
@@ -30,6 +33,20 @@ std::vector<std::string> ReadDeviceSounds(DeviceFiles& device) {
     sounds.push_back(std::string(kDeviceSoundFolder) + "\\" + name);
   }
   return sounds;
+}
+
+std::string AlarmSoundName(const std::string& path) {
+  std::string name = path.substr(path.find_last_of("\\/") + 1);
+  return ToUpperAscii(name.substr(0, name.find_last_of('.')));
+}
+
+std::vector<std::string> AlarmSoundNames(DeviceFiles& device) {
+  std::vector<std::string> names;
+  for (const std::string& path : ReadDeviceSounds(device)) {
+    std::string name = AlarmSoundName(path);
+    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+  }
+  return names;
 }
 
 }  // namespace sched

@@ -24,4 +24,9 @@ ResolvedFile ResolveFileName(DeviceFiles& device, const std::string& name);
 // each .snd file of the device's sound folder. Empty when the folder does not exist.
 std::vector<std::string> ReadDeviceSounds(DeviceFiles& device);
 
+// The name by which an alarm names a melody file: upper case, without folder and extension.
+std::string AlarmSoundName(const std::string& path);
+// The alarm sounds of the device's sound folder, each name once, in the folder's order.
+std::vector<std::string> AlarmSoundNames(DeviceFiles& device);
+
 }  // namespace sched

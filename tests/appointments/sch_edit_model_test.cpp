@@ -332,7 +332,9 @@ TEST_F(SchEditModelTest, CancelAsksAboutChangesAndKeepsTheShownDate) {
     EXPECT_EQ(model.SchEditCAN_Click(), c.closes);
     ExpectMessage("Do you want to save the changes?", MsgButtons::YesNoCancel);
     EXPECT_EQ(fresh.doc.Tables.RowCount, c.rows);
-    if (c.answer == MsgAnswer::Cancel) EXPECT_EQ(model.TakeFocus(), EditFocus::Text1);
+    if (c.answer == MsgAnswer::Cancel) {
+      EXPECT_EQ(model.TakeFocus(), EditFocus::Text1);
+    }
   }
   const std::size_t asked = messages.Shown().size();
   SchEditModel untouched = Model();
@@ -393,6 +395,56 @@ TEST_F(SchEditModelTest, AnItemOverSeveralDatesOpensOnItsWholeSpan) {
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[1].EndDay, 21);
   EXPECT_EQ(Shown(), CivilDate(2026, 11, 23));
+}
+
+TEST_F(SchEditModelTest, ASeriesOpensOnItsFirstOccurrenceAndIsReplacedWhole) {
+  host.user = [](RepeatModel& repeat) {
+    repeat.Option1_Click(kOptionWeekly);
+    repeat.ImNumber_Change(RepeatNumberField::ImNumber2, 2);
+    repeat.ImNumber_Change(RepeatNumberField::ImNumber1, 5);
+    ASSERT_TRUE(repeat.OKButton_Click());
+  };
+  SchEditModel model = Model();
+  model.OpenNew();
+  model.Text1_Change("Review");
+  model.Command1_Click();
+  EXPECT_EQ(host.shown, 1);
+  EXPECT_FALSE(model.Controls().EndDateEnabled);
+  ASSERT_TRUE(model.SchEditOK_Click());
+  std::vector<SchDatRow> rows = LiveRows();
+  ASSERT_EQ(rows.size(), 5u);
+  EXPECT_EQ(rows[4].Day, 18);  // 2027/1/18, eight weeks on
+  EXPECT_EQ(Shown(), CivilDate(2026, 11, 23));
+  const std::int32_t stamp = rows[0].Stamp;
+
+  // The third occurrence opens the first; Cancel puts the shown date back.
+  ShowDate({2026, 12, 21});
+  SchEditModel third = Model();
+  third.OpenModify(2);
+  EXPECT_EQ(third.Controls().ImDate1[0], CivilDate(2026, 11, 23));
+  EXPECT_EQ(Shown(), CivilDate(2026, 11, 23));
+  EXPECT_EQ(third.Work.RepeatCount, 5);
+  EXPECT_EQ(third.Work.RepeatStep, 1);
+  third.Text3_Change("Room 2");
+  messages.QueueAnswer(MsgAnswer::No);
+  EXPECT_TRUE(third.SchEditCAN_Click());
+  EXPECT_EQ(Shown(), CivilDate(2026, 12, 21));
+
+  SchEditModel again = Model();
+  again.OpenModify(2);
+  again.Text3_Change("Room 2");
+  ASSERT_TRUE(again.SchEditOK_Click());
+  rows = LiveRows();
+  ASSERT_EQ(rows.size(), 5u);
+  for (const SchDatRow& row : rows) {
+    EXPECT_EQ(row.Place, "Room 2");
+    EXPECT_EQ(static_cast<std::uint32_t>(row.Stamp),
+              static_cast<std::uint32_t>(stamp) | 0xC0000000u);
+    EXPECT_EQ(row.RepeatKind, 0x1024);  // every 2 weeks on Monday
+  }
+  EXPECT_EQ(rows[0].SubNo, 1);
+  EXPECT_EQ(rows[4].SubNo, 5);
+  EXPECT_EQ(Shown(), CivilDate(2026, 12, 21));
 }
 
 }  // namespace

@@ -208,5 +208,71 @@ TEST(Scltool, RuleRefusesWhatIsNoWordDateOrCount) {
   }
 }
 
+// scltool add, case by case: the arguments, the exit status, the messages and what the file
+// then holds.
+TEST(Scltool, AddFillsTheDialogsAsAUserDoes) {
+  const struct {
+    const char* args;
+    int status;
+    const char* messages;
+    int rows;  // live rows of the file afterwards, -1 when it was not written
+  } cases[] = {
+      {"--title Team --date 2026/11/24 --time 09:00-10:00 --repeat weekly --every 2 --count 5", 0,
+       "", 5},
+      {"--title Late --date 2099/12/20 --rule-date 2099/11/01 --repeat daily --every 1 --count 31",
+       0, "Cannot set schedules beyond 2099/12/31.\n", 12},
+      {"--title Y --date 2099/05/01 --rule-date 2026/05/01 --repeat yearly --every 1 --count 5", 0,
+       "Removing regular information.\n", 1},
+      {"--title Late --date 2099/12/20 --repeat daily --every 1 --count 31", 1, "Invalid input.\n",
+       -1},
+      {"--title Trip --date 2026/01/01 --end-date 2026/01/30 --place Alps", 0, "", 30},
+      {"--title Trip --date 2026/01/01 --end-date 2026/01/31", 1,
+       "A schedule can overlap 30 days at most.\n", -1},
+      {"--title A --date 2026/11/25 --alarm 15 --sound LONGMELODY", 1,
+       "Input string is too long.\r\nMaximum string length is 8 chacters\n", -1},
+      {"--title A --date 2026/11/25 --all-day --time 10:00-11:00", 2, nullptr, -1},
+      {"--title A --date 2026/02/30", 2, nullptr, -1},
+      {"--title A --date 2026/11/25 --every 2", 2, nullptr, -1},
+      {"--date 2026/11/25", 2, nullptr, -1},
+  };
+  for (const auto& c : cases) {
+    TempDir dir;
+    const std::string file = dir.File("new.scl");
+    const Result added = Scltool("add " + Quoted(file) + " " + c.args, Stream::Err);
+    EXPECT_EQ(added.status, c.status) << c.args;
+    if (c.messages != nullptr) {
+      EXPECT_EQ(added.out, c.messages) << c.args;
+    }
+    TestStore s;
+    if (c.rows == -1) {
+      EXPECT_FALSE(std::filesystem::exists(file)) << c.args;
+      continue;
+    }
+    ASSERT_TRUE(s.LoadFrom(file)) << c.args;
+    EXPECT_EQ(s.doc.Tables.RowCount, c.rows) << c.args;
+  }
+}
+
+TEST(Scltool, AddKeepsWhatTheFileHeld) {
+  TestStore s;
+  s.store.InsertRecord(MakeItem(2026, 11, 24, 540, 600, "Kept"));
+  const std::vector<std::uint8_t> before = s.SaveTo("kept.scl");
+  ASSERT_FALSE(before.empty());
+  const std::string file = s.dir.File("kept.scl");
+  const Result added = Scltool("add " + Quoted(file) +
+                               " --title Lunch --date 2026/11/24 --time 12:00-13:00 --alarm 10"
+                               " --private --memo 'two lines'");
+  ASSERT_EQ(added.status, 0) << added.out;
+  ASSERT_TRUE(s.LoadFrom(file));
+  ASSERT_EQ(s.doc.Tables.RowCount, 2);
+  const SchDatRow& lunch = s.doc.Tables.SchDatList.At(1);
+  EXPECT_EQ(lunch.Title, "Lunch");
+  EXPECT_EQ(lunch.StartTime, 720);
+  EXPECT_EQ(lunch.AlarmLead, 10);
+  EXPECT_EQ(lunch.AlarmSound, "SCHALARM");
+  EXPECT_EQ(lunch.Private, 1);
+  EXPECT_EQ(s.doc.Tables.SchDatList.At(0).Title, "Kept");
+}
+
 }  // namespace
 }  // namespace sched

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <ostream>
+
+#include "platform/messages.h"
+
+namespace sched {
+
+// Message boxes for the command line: each text on a line of its own, answered with the box's
+// first button, as a user who presses Enter does.
+class StreamMessages : public Messages {
+ public:
+  explicit StreamMessages(std::ostream& out) : out_(out) {}
+
+  MsgAnswer Show(const MessageRequest& request) override {
+    out_ << request.text << '\n';
+    ++shown_;
+    switch (request.buttons) {
+      case MsgButtons::YesNo:
+      case MsgButtons::YesNoCancel: return MsgAnswer::Yes;
+      case MsgButtons::RetryCancel: return MsgAnswer::Retry;
+      default: return MsgAnswer::Ok;
+    }
+  }
+  int Shown() const { return shown_; }
+
+ private:
+  std::ostream& out_;
+  int shown_ = 0;
+};
+
+}  // namespace sched
