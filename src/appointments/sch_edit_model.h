@@ -25,8 +25,6 @@ struct TimeComboItem {
 std::string TimeComboText(int minutes);
 // "12:00 AM" to "11:30 PM" in half hours, and last "11:59 PM": 49 items.
 const std::vector<TimeComboItem>& TimeComboItems();
-// A time (minutes after 0:00) as the time combos show it: "9:15 AM".
-std::string TimeComboText(int minutes);
 // "h:mm" (24 hours) or "h:mm AM"/"h:mm PM" to minutes after 0:00; nothing for other text.
 std::optional<int> ParseTimeText(const std::string& text);
 
