@@ -5,11 +5,14 @@
 
 namespace sched {
 
-std::string QtDateFormatter::ShortDate(int year, int month, int day) const {
-  // Four-digit years always: the calendar spans two centuries.
+QString ShortDateFormat() {
   QString format = QLocale().dateFormat(QLocale::ShortFormat);
   if (!format.contains("yyyy")) format.replace("yy", "yyyy");
-  return QLocale().toString(QDate(year, month, day), format).toStdString();
+  return format;
+}
+
+std::string QtDateFormatter::ShortDate(int year, int month, int day) const {
+  return QLocale().toString(QDate(year, month, day), ShortDateFormat()).toStdString();
 }
 
 }  // namespace sched
