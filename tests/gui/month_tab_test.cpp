@@ -190,7 +190,10 @@ TEST_F(MonthTabTest, ARightClickSelectsAndOffersThePopupWithOnlyWorkingEntries) 
   }
   EXPECT_EQ(names, (QStringList{"Pop2Copy", "Pop2Paste", "Pop2New", "Pop2Update", "Pop2Del", "",
                                 "Pop2Today"}));
-  for (const char* name : {"Pop2Copy", "Pop2Paste", "Pop2New", "Pop2Update", "Pop2Del"}) {
+  // The day's first line is an item, which can be changed.
+  EXPECT_TRUE(window->Action("Pop2New")->isEnabled());
+  EXPECT_TRUE(window->Action("Pop2Update")->isEnabled());
+  for (const char* name : {"Pop2Copy", "Pop2Paste", "Pop2Del"}) {
     EXPECT_FALSE(window->Action(name)->isEnabled()) << name;
   }
   // The grey day turned off the commands by month.
