@@ -37,6 +37,9 @@ struct ScheduleDocument {
   std::string DevicePath;  // the file's name on the device, for a save to the device
 
   int CopiedRow = -1;  // the row that Copy took, -1 while nothing is copied
+  // The first and last date of the copied series, as Copy found them.
+  CivilDate CopiedFirstDate;
+  CivilDate CopiedLastDate;
 
   int CurYear = kFirstYear;
   int CurMonth = 1;
