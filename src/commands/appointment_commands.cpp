@@ -53,9 +53,38 @@ void AppointmentCommands::RunEditDialog(SchEditModel& model) {
   s_.notices.FlushPendingNotices();
 }
 
+void AppointmentCommands::CopySchedule() {
+  const ItemChoice item = s_.views.SelectedItem();
+  clipboard_.CopySchedule(item.multiple, item.row);
+  s_.views.EditCTL_Open();
+  s_.session.RepaintViews();
+}
+
+void AppointmentCommands::PasteSchedule() {
+  AfterCommand(clipboard_.PasteSchedule());
+}
+
+void AppointmentCommands::AfterCommand(bool changed) {
+  if (changed) {
+    s_.session.AfterChange();
+  } else {
+    s_.session.RepaintViews();
+  }
+}
+
 void BindAppointmentCommands(CommandSet& commands, AppointmentCommands& appointments) {
-  commands.Bind(CommandId::Add, [&appointments] { appointments.AddSchedule(); });
-  commands.Bind(CommandId::Modify, [&appointments] { appointments.ModifySchedule(); });
+  const auto bind = [&](CommandId id, void (AppointmentCommands::*routine)()) {
+    commands.Bind(id, [&appointments, routine] { (appointments.*routine)(); });
+  };
+  bind(CommandId::Add, &AppointmentCommands::AddSchedule);
+  bind(CommandId::Modify, &AppointmentCommands::ModifySchedule);
+  bind(CommandId::Copy, &AppointmentCommands::CopySchedule);
+  bind(CommandId::Paste, &AppointmentCommands::PasteSchedule);
+  bind(CommandId::Delete, &AppointmentCommands::DeleteSchedule);
+  bind(CommandId::DeleteMonth, &AppointmentCommands::DeleteMonth);
+  bind(CommandId::DeleteYear, &AppointmentCommands::DeleteYear);
+  bind(CommandId::DeleteOlder, &AppointmentCommands::DeleteOlder);
+  bind(CommandId::DeleteNewer, &AppointmentCommands::DeleteNewer);
 }
 
 }  // namespace sched

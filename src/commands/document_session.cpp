@@ -138,6 +138,7 @@ void DocumentSession::ResetToToday(bool noRedraw) {
   doc.CurMonth = now.month;
   doc.CurDay = now.day;
   s_.views.ShowDate({now.year, now.month, now.day});
+  doc.CopiedRow = -1;
   s_.store.ResetHeader();
   s_.store.ClearIndex();
   s_.views.ClearDayLists();
@@ -155,7 +156,9 @@ void DocumentSession::RepaintViews() {
 
 void DocumentSession::AfterChange() {
   Doc().Dirty = true;
-  RefreshViews();
+  s_.views.RefreshViews();
+  if (s_.views.List().Visible) s_.views.ShowScheduleList();
+  s_.view.ShowViews();
 }
 
 void DocumentSession::ShowTitle() {

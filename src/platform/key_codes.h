@@ -14,6 +14,7 @@ enum KeyCode : int {
   kKeyUp = 38,
   kKeyRight = 39,
   kKeyDown = 40,
+  kKeyDelete = 46,
   kKeyF1 = 112
 };
 

@@ -295,6 +295,10 @@ bool DayTab::eventFilter(QObject* watched, QEvent* event) {
       sink_(views_.List1_DblClick());
       return true;
     }
+    if (key == kKeyDelete) {
+      sink_({ViewCommand::DeleteSchedule, -1, {}});
+      return true;
+    }
   }
   return QWidget::eventFilter(watched, event);
 }

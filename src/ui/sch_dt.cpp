@@ -89,8 +89,7 @@ bool SchDT::eventFilter(QObject* watched, QEvent* event) {
     if (mouse->button() == Qt::LeftButton) {
       list.List1_Click(row, first != row ? first : last, messages_);
     } else if (mouse->button() == Qt::RightButton) {
-      list.Row = row;
-      list.RowSel = first != row ? first : last;
+      list.Select(row, first != row ? first : last);
       popup_(list.Popup(views_.ClipboardFull()));
       return true;
     }
@@ -103,6 +102,10 @@ bool SchDT::eventFilter(QObject* watched, QEvent* event) {
     }
     if (key == kKeyEscape) {
       Hide();
+      return true;
+    }
+    if (key == kKeyDelete) {
+      sink_({ViewCommand::DeleteSchedule, -1, {}});
       return true;
     }
   }

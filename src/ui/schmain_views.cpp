@@ -90,6 +90,7 @@ void SchMain::RunViewAction(const ViewAction& action) {
       break;
     case ViewCommand::AddSchedule: s_.commands.Run(CommandId::Add); break;
     case ViewCommand::ModifySchedule: s_.commands.Run(CommandId::Modify); break;
+    case ViewCommand::DeleteSchedule: s_.commands.Run(CommandId::Delete); break;
     case ViewCommand::None: break;
   }
 }

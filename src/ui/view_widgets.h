@@ -52,6 +52,7 @@ inline int ViewKeyOf(int qtKey) {
     case Qt::Key_Up: return kKeyUp;
     case Qt::Key_Right: return kKeyRight;
     case Qt::Key_Down: return kKeyDown;
+    case Qt::Key_Delete: return kKeyDelete;
     case Qt::Key_F1: return kKeyF1;
     default: return 0;
   }

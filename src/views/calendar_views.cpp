@@ -1,5 +1,7 @@
 #include "views/calendar_views.h"
 
+#include <algorithm>
+
 #include "store/date_text.h"
 #include "views/delete_menus.h"
 
@@ -170,14 +172,30 @@ ItemChoice CalendarViews::SelectedItem() const {
   return {false, item ? c.rows[static_cast<std::size_t>(c.selectedRow)] : -1};
 }
 
-void CalendarViews::SelectDayRow(int dataRow) {
-  for (std::size_t line = 0; line < day_.List2.size(); ++line) {
-    if (day_.List2[line] == dataRow) {
-      const int row = static_cast<int>(line);
-      List1_SelChange(row, row);
-      return;
+std::vector<int> CalendarViews::SelectedRows() const {
+  // The lines from the selection's one end to its other, without the blank last line.
+  const auto linesOf = [](const std::vector<int>& rows, int row, int rowSel) {
+    std::vector<int> selected;
+    if (row < 0 || rowSel < 0) return selected;
+    const int last = std::min(std::max(row, rowSel), static_cast<int>(rows.size()) - 1);
+    for (int line = std::min(row, rowSel); line <= last; ++line) {
+      selected.push_back(rows[static_cast<std::size_t>(line)]);
     }
-  }
+    return selected;
+  };
+  if (Tab == 1) return linesOf(day_.List2, day_.List1Row, day_.List1RowSel);
+  if (list_.Visible && list_.Active) return linesOf(list_.List3, list_.Row, list_.RowSel);
+  const ItemChoice item = SelectedItem();
+  return item.row < 0 ? std::vector<int>{} : std::vector<int>{item.row};
+}
+
+void CalendarViews::SelectDayRow(int dataRow) {
+  const auto found = std::find(day_.List2.begin(), day_.List2.end(), dataRow);
+  if (found != day_.List2.end()) SelectDayLine(static_cast<int>(found - day_.List2.begin()));
+}
+
+void CalendarViews::SelectDayLine(int line) {
+  if (line >= 0 && line < static_cast<int>(day_.List2.size())) List1_SelChange(line, line);
 }
 
 void CalendarViews::EditCTL_Open() {

@@ -77,8 +77,12 @@ class CalendarViews {
   // The item that Modify, Copy and Delete act on: the schedule list dialog's selection once the
   // user worked in it, else the day list on the day tab or the selected cell's list.
   ItemChoice SelectedItem() const;
+  // The SchDatList rows of every selected item line of that list, in list order.
+  std::vector<int> SelectedRows() const;
   // Selects the day list's line of a SchDatList row, when the list shows it.
   void SelectDayRow(int dataRow);
+  // Selects a line of the day list, when it is an item line.
+  void SelectDayLine(int line);
 
   // Selection in the grid.
   void SelectCell(int cell, int row = -1);

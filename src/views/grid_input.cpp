@@ -58,6 +58,7 @@ KeyResult CalendarViews::Text1_KeyDown(int key) {
       if (list_.Visible) return {true, {ViewCommand::FocusScheduleList, -1, {}}};
       ShowScheduleList();
       return {true, {}};
+    case kKeyDelete: return {true, {ViewCommand::DeleteSchedule, -1, {}}};
     default: return {};
   }
   if (cell == -1) return {true, {}};

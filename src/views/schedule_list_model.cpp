@@ -49,12 +49,16 @@ int ScheduleList::FillDayIndex(const SchDatCTL& ctl, const CivilDate& date, bool
 }
 
 void ScheduleList::List1_Click(int row, int rowSel, Messages& messages) {
-  Row = row;
-  RowSel = rowSel;
-  Active = true;
+  Select(row, rowSel);
   if (row == rowSel) return;
   messages.Show(
       {view_texts::kCannotModifyMultiple, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+}
+
+void ScheduleList::Select(int row, int rowSel) {
+  Row = row;
+  RowSel = rowSel;
+  Active = true;
 }
 
 ViewAction ScheduleList::List1_DblClick() const {

@@ -43,6 +43,8 @@ class ScheduleList {
 
   // A click on the dialog's list selects from `row` to `rowSel`; several rows bring a warning.
   void List1_Click(int row, int rowSel, Messages& messages);
+  // The user selects from `row` to `rowSel`: the item commands act on this list from now on.
+  void Select(int row, int rowSel);
   // Double click or Enter: the modify command on the line's row.
   ViewAction List1_DblClick() const;
   // The popup's entries for the dialog's selection.

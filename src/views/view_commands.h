@@ -10,6 +10,7 @@ enum class ViewCommand {
   None,
   AddSchedule,       // a new item for the current date
   ModifySchedule,    // the edit dialog on `row`
+  DeleteSchedule,    // the selected items deleted, as the Delete command does
   ShowPopupMenu2,    // the popup of a cell or the day list, entries as in `popup`
   ShowPopupMenu3,    // the popup of the day tab's calendar
   FocusScheduleList  // the schedule list dialog takes the focus
