@@ -36,8 +36,34 @@ AppointmentInput WeeklyMeeting() {
   return input;
 }
 
+// A document with its store over fakes, and the state it was first made in, to start again
+// from.
+class BenchDocument {
+ public:
+  int Rows() const { return doc_.Tables.RowCount; }
+  int FirstRows() const { return first_->Tables.RowCount; }
+
+ protected:
+  // The indexes are in step with the tables, as after any earlier command.
+  void KeepFirstState() {
+    StampRows(doc_.Tables, 0);
+    SeriesRows(doc_.Tables, {});
+    first_ = std::make_unique<ScheduleDocument>(doc_);
+  }
+  void RestoreFirstState() { doc_ = *first_; }
+
+  ScheduleDocument doc_;
+  NoAlarmHooks alarms_;
+  FakeProgress progress_;
+  FakeClock clock_;
+  ScheduleStore store_{doc_, StoreServices{alarms_, progress_, clock_}};
+  FakeMessages messages_;
+  FakeDateFormatter dates_;
+  std::unique_ptr<ScheduleDocument> first_;
+};
+
 // A document of real use holding the weekly series, and the edit dialog's working values.
-class SeriesDocument {
+class SeriesDocument : public BenchDocument {
  public:
   SeriesDocument() {
     for (const SchRecord& r : ScheduleMaker(11).Make(kRows)) store_.InsertRecord(r);
@@ -45,13 +71,10 @@ class SeriesDocument {
     SetWeeklyRule();
     maker_.Expand(WeeklyMeeting(), std::nullopt);
     series_ = maker_.Record();
-    // The indexes are in step with the tables, as after any earlier command.
-    GetSeriesRange(doc_.Tables, series_.ParentSubNo, series_.ParentStamp);
-    StampRows(doc_.Tables, series_.Stamp);
-    first_ = std::make_unique<ScheduleDocument>(doc_);
+    KeepFirstState();
   }
 
-  void StartAgain() { doc_ = *first_; }
+  void StartAgain() { RestoreFirstState(); }
 
   // OK on the opened series: its lowest SubNo noted, the series removed and written anew.
   bool ConfirmSeries() {
@@ -81,8 +104,6 @@ class SeriesDocument {
     doc_.Tables.RowCount += kWeeks;
   }
 
-  int Rows() const { return doc_.Tables.RowCount; }
-
  private:
   SeriesKey Key() const { return {series_.ParentSubNo, series_.ParentStamp}; }
 
@@ -93,17 +114,9 @@ class SeriesDocument {
     work_.WorkRepeatKind = static_cast<std::uint16_t>(series_.RepeatKind);
   }
 
-  ScheduleDocument doc_;
-  NoAlarmHooks alarms_;
-  FakeProgress progress_;
-  FakeClock clock_;
-  ScheduleStore store_{doc_, StoreServices{alarms_, progress_, clock_}};
-  FakeMessages messages_;
   RepeatWork work_;
   OccurrenceMaker maker_{store_, messages_, work_};
-  FakeDateFormatter dates_;
   SchRecord series_;
-  std::unique_ptr<ScheduleDocument> first_;
 };
 
 SeriesDocument& Document() {
@@ -154,21 +167,19 @@ constexpr int kDenseYearExtraRows = 6000;
 constexpr CivilDate kMiddleDate{2020, 1, 1};
 
 // The document of the bulk commands, made again from its first state before each command.
-class BulkDocument {
+class BulkDocument : public BenchDocument {
  public:
   BulkDocument() {
     ScheduleMaker maker(23);
     for (const SchRecord& r : maker.Make(kRows - kDenseYearExtraRows)) store_.InsertRecord(r);
     maker.SetYears(kDenseYear, kDenseYear);
     for (const SchRecord& r : maker.Make(kDenseYearExtraRows)) store_.InsertRecord(r);
-    // The indexes are in step with the tables, as after any earlier command.
-    SeriesRows(doc_.Tables, {});
-    first_ = std::make_unique<ScheduleDocument>(doc_);
+    KeepFirstState();
   }
 
   // The first state, and the answers of a user who deletes the repeating items too.
   void StartAgain() {
-    doc_ = *first_;
+    RestoreFirstState();
     messages_ = FakeMessages();
     messages_.QueueAnswer(MsgAnswer::Yes);
     messages_.QueueAnswer(MsgAnswer::No);
@@ -177,19 +188,8 @@ class BulkDocument {
   bool DeleteYear() { return commands_.DelYear_Click(kDenseYear); }
   bool DeleteOlder() { return commands_.DelBefore_Click(kMiddleDate); }
 
-  int Rows() const { return doc_.Tables.RowCount; }
-  int FirstRows() const { return first_->Tables.RowCount; }
-
  private:
-  ScheduleDocument doc_;
-  NoAlarmHooks alarms_;
-  FakeProgress progress_;
-  FakeClock clock_;
-  ScheduleStore store_{doc_, StoreServices{alarms_, progress_, clock_}};
-  FakeMessages messages_;
-  FakeDateFormatter dates_;
   DeleteCommands commands_{store_, messages_, dates_};
-  std::unique_ptr<ScheduleDocument> first_;
 };
 
 template <bool (BulkDocument::*Delete)()>
