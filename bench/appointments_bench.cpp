@@ -1,14 +1,18 @@
 // Confirming the edit dialog of a weekly series of 52 occurrences in a document of 100k rows:
 // the old series found and removed, the new one written. The user waits for this on OK, so it
-// must follow the series' own rows, not the size of the document.
+// must follow the series' own rows, not the size of the document. Likewise the delete commands:
+// the removal of that series, and "Delete this Year" and "Delete Older than" in a document of
+// 100k rows, which must cost the rows of their range.
 
 #include <benchmark/benchmark.h>
 
 #include <memory>
 
+#include "appointments/delete_commands.h"
 #include "appointments/occurrences.h"
 #include "bench/schedule_maker.h"
 #include "platform/fake/fake_clock.h"
+#include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_progress.h"
 
@@ -32,8 +36,34 @@ AppointmentInput WeeklyMeeting() {
   return input;
 }
 
+// A document with its store over fakes, and the state it was first made in, to start again
+// from.
+class BenchDocument {
+ public:
+  int Rows() const { return doc_.Tables.RowCount; }
+  int FirstRows() const { return first_->Tables.RowCount; }
+
+ protected:
+  // The indexes are in step with the tables, as after any earlier command.
+  void KeepFirstState() {
+    StampRows(doc_.Tables, 0);
+    SeriesRows(doc_.Tables, {});
+    first_ = std::make_unique<ScheduleDocument>(doc_);
+  }
+  void RestoreFirstState() { doc_ = *first_; }
+
+  ScheduleDocument doc_;
+  NoAlarmHooks alarms_;
+  FakeProgress progress_;
+  FakeClock clock_;
+  ScheduleStore store_{doc_, StoreServices{alarms_, progress_, clock_}};
+  FakeMessages messages_;
+  FakeDateFormatter dates_;
+  std::unique_ptr<ScheduleDocument> first_;
+};
+
 // A document of real use holding the weekly series, and the edit dialog's working values.
-class SeriesDocument {
+class SeriesDocument : public BenchDocument {
  public:
   SeriesDocument() {
     for (const SchRecord& r : ScheduleMaker(11).Make(kRows)) store_.InsertRecord(r);
@@ -41,13 +71,10 @@ class SeriesDocument {
     SetWeeklyRule();
     maker_.Expand(WeeklyMeeting(), std::nullopt);
     series_ = maker_.Record();
-    // The indexes are in step with the tables, as after any earlier command.
-    GetSeriesRange(doc_.Tables, series_.ParentSubNo, series_.ParentStamp);
-    StampRows(doc_.Tables, series_.Stamp);
-    first_ = std::make_unique<ScheduleDocument>(doc_);
+    KeepFirstState();
   }
 
-  void StartAgain() { doc_ = *first_; }
+  void StartAgain() { RestoreFirstState(); }
 
   // OK on the opened series: its lowest SubNo noted, the series removed and written anew.
   bool ConfirmSeries() {
@@ -66,9 +93,20 @@ class SeriesDocument {
     return maker_.Expand(WeeklyMeeting(), std::nullopt);
   }
 
-  int Rows() const { return doc_.Tables.RowCount; }
+  // Delete on a line of the series, answered Yes: every occurrence goes.
+  bool DeleteSeries() {
+    DeleteCommands commands(store_, messages_, dates_);
+    return commands.DeleteSelection({SeriesRows(doc_.Tables, Key()).front()});
+  }
+  // The series' rows live again, as before the delete.
+  void UndeleteSeries() {
+    for (int row : SeriesRows(doc_.Tables, Key())) doc_.Tables.SchDatList.At(row).Deleted = kLive;
+    doc_.Tables.RowCount += kWeeks;
+  }
 
  private:
+  SeriesKey Key() const { return {series_.ParentSubNo, series_.ParentStamp}; }
+
   void SetWeeklyRule() {
     work_.RepeatCode = kCodeWeekly;
     work_.RepeatStep = 0;
@@ -76,16 +114,9 @@ class SeriesDocument {
     work_.WorkRepeatKind = static_cast<std::uint16_t>(series_.RepeatKind);
   }
 
-  ScheduleDocument doc_;
-  NoAlarmHooks alarms_;
-  FakeProgress progress_;
-  FakeClock clock_;
-  ScheduleStore store_{doc_, StoreServices{alarms_, progress_, clock_}};
-  FakeMessages messages_;
   RepeatWork work_;
   OccurrenceMaker maker_{store_, messages_, work_};
   SchRecord series_;
-  std::unique_ptr<ScheduleDocument> first_;
 };
 
 SeriesDocument& Document() {
@@ -118,8 +149,75 @@ void BM_ConfirmNewWeeklySeries(benchmark::State& state) {
   Confirmations<&SeriesDocument::ConfirmNewSeries>(state);
 }
 
+void BM_DeleteWeeklySeries(benchmark::State& state) {
+  SeriesDocument& document = Document();
+  document.StartAgain();
+  for (auto _ : state) {
+    if (!document.DeleteSeries()) state.SkipWithError("the series was not removed");
+    state.PauseTiming();
+    document.UndeleteSeries();
+    state.ResumeTiming();
+  }
+  state.SetItemsProcessed(state.iterations() * kWeeks);
+}
+
+// One year holds about 10k of the 100k rows; "Older than" takes about half of the document.
+constexpr int kDenseYear = 2024;
+constexpr int kDenseYearExtraRows = 6000;
+constexpr CivilDate kMiddleDate{2020, 1, 1};
+
+// The document of the bulk commands, made again from its first state before each command.
+class BulkDocument : public BenchDocument {
+ public:
+  BulkDocument() {
+    ScheduleMaker maker(23);
+    for (const SchRecord& r : maker.Make(kRows - kDenseYearExtraRows)) store_.InsertRecord(r);
+    maker.SetYears(kDenseYear, kDenseYear);
+    for (const SchRecord& r : maker.Make(kDenseYearExtraRows)) store_.InsertRecord(r);
+    KeepFirstState();
+  }
+
+  // The first state, and the answers of a user who deletes the repeating items too.
+  void StartAgain() {
+    RestoreFirstState();
+    messages_ = FakeMessages();
+    messages_.QueueAnswer(MsgAnswer::Yes);
+    messages_.QueueAnswer(MsgAnswer::No);
+  }
+
+  bool DeleteYear() { return commands_.DelYear_Click(kDenseYear); }
+  bool DeleteOlder() { return commands_.DelBefore_Click(kMiddleDate); }
+
+ private:
+  DeleteCommands commands_{store_, messages_, dates_};
+};
+
+template <bool (BulkDocument::*Delete)()>
+void BulkDeletes(benchmark::State& state) {
+  static BulkDocument document;
+  for (auto _ : state) {
+    state.PauseTiming();
+    document.StartAgain();
+    state.ResumeTiming();
+    if (!(document.*Delete)()) state.SkipWithError("nothing was removed");
+  }
+  state.counters["rows"] = document.FirstRows();
+  state.counters["removed"] = document.FirstRows() - document.Rows();
+}
+
+void BM_DeleteYear(benchmark::State& state) {
+  BulkDeletes<&BulkDocument::DeleteYear>(state);
+}
+
+void BM_DeleteOlderThanMiddle(benchmark::State& state) {
+  BulkDeletes<&BulkDocument::DeleteOlder>(state);
+}
+
 BENCHMARK(BM_ConfirmWeeklySeries)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_ConfirmNewWeeklySeries)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_DeleteWeeklySeries)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_DeleteYear)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DeleteOlderThanMiddle)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace sched

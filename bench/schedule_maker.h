@@ -79,6 +79,13 @@ class ScheduleMaker {
     return records;
   }
 
+  // The years that the records made next fall in (2010 to 2029 unless told); a series may run on
+  // past the last.
+  void SetYears(int first, int last) {
+    firstYear_ = first;
+    lastYear_ = last;
+  }
+
  private:
   int Pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random_); }
   const char* Any(const Words& words) {
@@ -86,7 +93,7 @@ class ScheduleMaker {
   }
 
   CivilDate RandomDate() {
-    const int year = Pick(2010, 2029);
+    const int year = Pick(firstYear_, lastYear_);
     const int month = Pick(1, 12);
     return {year, month, Pick(1, DaysInMonth(year, month))};
   }
@@ -189,6 +196,8 @@ class ScheduleMaker {
 
   std::mt19937 random_;
   std::uint32_t stamps_ = 0;
+  int firstYear_ = 2010;
+  int lastYear_ = 2029;
 };
 
 }  // namespace sched

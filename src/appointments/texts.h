@@ -64,6 +64,27 @@ inline constexpr const char* kNoMoreDay = "No more setting!.";
 inline constexpr const char* kNoMoreWeekYear = "No more setting!";
 inline constexpr const char* kNoMoreMonth = "No more setting";
 
+// The delete commands. A selection of one line names its item, behind the item's kind (none
+// for a plain item): over multiple dates, daily, weekly, monthly, yearly. A selection of several
+// lines asks in general, and again for each repeating line, naming its kind the second way.
+inline constexpr const char* kDeleteQuestion = "Do you want to delete ";
+inline constexpr const char* kDeleteSelected = "Do you want to delete selected data?";
+inline constexpr std::array<const char*, 5> kDeleteKinds = {
+    "Schedule over multiple dates", "Daily repeat schedule", "Weekly repeat schedule",
+    "Monthly repeat schedule", "Yearly repeat schedule"};
+inline constexpr std::array<const char*, 5> kDeleteKindsAgain = {
+    "Schedule over multiple dates.", "Daily regular schedule.", "Weekly regular schedule.",
+    "Monthly regular schedule.", "Yearly regular schedule."};
+// The bulk commands: this month and this year (by number), older and newer than a date.
+inline constexpr const char* kDeleteMonth = "Delete schedule in ";
+inline constexpr const char* kDeleteYear = "Delete schedule data in ";
+inline constexpr const char* kDeleteOlder = "Delete the schedule data older than ";
+inline constexpr const char* kDeleteNewer = "Delete the Schedule data newer than ";
+inline constexpr const char* kAreYouSure = "Are you sure?";
+// Asked once in a bulk command, at its first repeating row or row of an item over several days.
+inline constexpr const char* kRepeatsDetected = "Repeat schedules have been detected.";
+inline constexpr const char* kLeaveRepeats = "Do you want to leave these schedules?";
+
 // The sentence of a rule.
 inline constexpr const char* kNoRepeat = " No Repeat ";
 inline constexpr const char* kRepeatsEvery = " The item repeats every ";

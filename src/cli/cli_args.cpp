@@ -1,5 +1,6 @@
 #include "cli/cli_args.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace sched {
@@ -21,6 +22,28 @@ std::optional<CivilDate> ParseDate(const std::string& text) {
   const auto day = ParseInt(text.substr(8, 2), 10, 1, 31);
   if (!year || !month || !day || !IsValidDate(*year, *month, *day)) return std::nullopt;
   return CivilDate{*year, *month, *day};
+}
+
+std::optional<CliRequest> ParseRequest(const std::vector<std::string>& args,
+                                       std::initializer_list<std::string_view> valued,
+                                       std::initializer_list<std::string_view> flags) {
+  if (args.empty() || args[0].rfind("--", 0) == 0) return std::nullopt;
+  const auto among = [](std::initializer_list<std::string_view> names, const std::string& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+  };
+  CliRequest request;
+  request.file = args[0];
+  for (std::size_t i = 1; i < args.size(); ++i) {
+    const std::string& name = args[i];
+    if (among(valued, name) && i + 1 < args.size() && request.values.count(name) == 0) {
+      request.values[name] = args[++i];
+    } else if (among(flags, name) && !request.Flag(name)) {
+      request.flags.insert(name);
+    } else {
+      return std::nullopt;
+    }
+  }
+  return request;
 }
 
 }  // namespace sched

@@ -6,6 +6,7 @@
 
 #include "cli/add_command.h"
 #include "cli/cli_store.h"
+#include "cli/delete_command.h"
 #include "cli/dump_command.h"
 #include "cli/holidays_command.h"
 #include "cli/info_command.h"
@@ -25,6 +26,9 @@ constexpr const char* kUsage =
     "       scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n"
     "       scltool month FILE.scl YYYY MM [COUNTRYFILE]\n"
     "       scltool add FILE.scl --title T --date YYYY/MM/DD [options]\n"
+    "       scltool delete FILE.scl --date YYYY/MM/DD --index K\n"
+    "       scltool delete FILE.scl --month YYYY/MM | --year YYYY | --older-than YYYY/MM/DD\n"
+    "         | --newer-than YYYY/MM/DD [--keep-repeats]\n"
     "       scltool rule WORD [YYYY/MM/DD COUNT]\n"
     "       scltool --help | --version\n";
 
@@ -64,6 +68,9 @@ int Run(const std::vector<std::string>& args) {
     return sched::RunMonthCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }
   if (command == "add") return sched::RunAddCommand({args.begin() + 1, args.end()}, std::cerr);
+  if (command == "delete") {
+    return sched::RunDeleteCommand({args.begin() + 1, args.end()}, std::cerr);
+  }
   if (command == "rule") {
     return sched::RunRuleCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }

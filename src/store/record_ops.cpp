@@ -143,22 +143,24 @@ int ScheduleStore::InsertRow(int head, int monthRow, int day, const SchRecord& r
 
 void ScheduleStore::DeleteItem(const SchRecord& record) {
   SchDatCTL& t = doc_.Tables;
-  const auto remove = [&](int row) {
-    SchDatRow& r = t.SchDatList.At(row);
-    if (r.Deleted != kDeleted) --t.RowCount;
-    r.Deleted = kDeleted;
-    svc_.alarms.RemoveAlarmOfRecord(row);
-  };
   if (t.SchDatList.IsEmpty()) return;
   if (record.RepeatKind != 0) {
     for (int row : SeriesRows(t, {record.ParentSubNo, record.ParentStamp})) {
-      if (t.SchDatList.At(row).Stamp == record.Stamp) remove(row);
+      if (t.SchDatList.At(row).Stamp == record.Stamp) RemoveRow(row);
     }
     return;
   }
   for (int row : StampRows(t, record.Stamp)) {
-    if (t.SchDatList.At(row).SubNo == record.SubNo) remove(row);
+    if (t.SchDatList.At(row).SubNo == record.SubNo) RemoveRow(row);
   }
+}
+
+void ScheduleStore::RemoveRow(int row) {
+  SchDatCTL& t = doc_.Tables;
+  SchDatRow& r = t.SchDatList.At(row);
+  if (r.Deleted != kDeleted) --t.RowCount;
+  r.Deleted = kDeleted;
+  svc_.alarms.RemoveAlarmOfRecord(row);
 }
 
 std::int32_t ScheduleStore::NewUniqueStamp() {

@@ -66,6 +66,9 @@ class ScheduleStore {
   // Marks the rows of the record's item deleted: the whole series for a repeating or
   // multi-day item, else the one item.
   void DeleteItem(const SchRecord& record);
+  // Marks one row deleted: RowCount counts it off unless it was deleted already, and its alarm
+  // leaves today's list.
+  void RemoveRow(int row);
   // A stamp that no row holds yet; waits for the clock when the current one is taken.
   std::int32_t NewUniqueStamp();
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 
+#include "store/row_order.h"
 #include "tests/support/test_store.h"
 
 namespace sched {
@@ -272,6 +273,67 @@ TEST(Scltool, AddKeepsWhatTheFileHeld) {
   EXPECT_EQ(lunch.AlarmSound, "SCHALARM");
   EXPECT_EQ(lunch.Private, 1);
   EXPECT_EQ(s.doc.Tables.SchDatList.At(0).Title, "Kept");
+}
+
+// scltool delete, case by case on one file: the arguments, the exit status, the questions (or
+// how the usage begins) and the live rows left by date, "" when the file is as it was.
+TEST(Scltool, DeleteAsksAndRemovesAsTheWindowDoes) {
+  TestStore s;
+  s.store.InsertRecord(MakeItem(2026, 2, 5, 540, 600, "Early"));
+  SchRecord gym = MakeItem(2026, 2, 24, 1080, 1140, "Gym");
+  gym.RepeatKind = 0x1008;  // weekly on Tuesdays, to March 17
+  InsertSeries(s.store, gym, 4, 7);
+  s.store.InsertRecord(MakeItem(2026, 3, 10, 480, 540, "Dentist"));
+  s.store.InsertRecord(MakeItem(2026, 4, 1, -1, -1, "Late"));
+  const std::vector<std::uint8_t> before = s.SaveTo("before.scl");
+  ASSERT_FALSE(before.empty());
+  const std::string repeats =
+      "Repeat schedules have been detected.\r\nDo you want to leave these schedules?\n";
+  const struct {
+    const char* args;
+    int status;
+    std::string messages;
+    const char* rows;
+  } cases[] = {
+      {"--date 2026/03/10 --index 2", 0, "Do you want to delete Weekly repeat schedule\r\nGym?\n",
+       "Early 2-5, Dentist 3-10, Late 4-1"},
+      {"--date 2026/03/10 --index 3", 1, "", ""},
+      {"--month 2026/03", 0, "Delete schedule in 2026/3.\r\nAre you sure?\n" + repeats,
+       "Early 2-5, Gym 2-24, Late 4-1"},
+      {"--month 2026/03 --keep-repeats", 0,
+       "Delete schedule in 2026/3.\r\nAre you sure?\n" + repeats,
+       "Early 2-5, Gym 2-24, Gym 3-3, Gym 3-10, Gym 3-17, Late 4-1"},
+      {"--older-than 2026/03/10", 0,
+       "Delete the schedule data older than 2026/03/10. Are you sure?\n" + repeats,
+       "Dentist 3-10, Gym 3-10, Gym 3-17, Late 4-1"},
+      {"--newer-than 2026/03/10 --keep-repeats", 0,
+       "Delete the Schedule data newer than 2026/03/10.\r\nAre you sure?\n" + repeats,
+       "Early 2-5, Gym 2-24, Gym 3-3, Dentist 3-10, Gym 3-10, Gym 3-17"},
+      {"--year 2025", 1, "", ""},
+      {"--year 2026 --index 1", 2, "usage: scltool delete", ""},
+      {"--date 2026/03/10 --index 1 --keep-repeats", 2, "usage: scltool delete", ""},
+      {"--month 2026/13", 2, "usage: scltool delete", ""},
+  };
+  for (const auto& c : cases) {
+    const std::string file = s.dir.File("case.scl");
+    WriteBytes(file, before);
+    const Result r = Scltool("delete " + Quoted(file) + " " + c.args, Stream::Err);
+    EXPECT_EQ(r.status, c.status) << c.args;
+    EXPECT_EQ(r.out.substr(0, c.status == 2 ? c.messages.size() : std::string::npos), c.messages)
+        << c.args;
+    if (*c.rows == '\0') {
+      EXPECT_EQ(ReadBytes(file), before) << c.args;
+      continue;
+    }
+    ASSERT_TRUE(s.LoadFrom(file)) << c.args;
+    std::string rows;
+    for (int row : LiveRowsInDateOrder(s.doc.Tables)) {
+      const SchDatRow& l = s.doc.Tables.SchDatList.At(row);
+      rows += (rows.empty() ? "" : ", ") + l.Title + " " + std::to_string(l.Month) + "-" +
+              std::to_string(l.Day);
+    }
+    EXPECT_EQ(rows, c.rows) << c.args;
+  }
 }
 
 }  // namespace

@@ -83,22 +83,33 @@ inline SchRecord MakeItem(int year, int month, int day, int start, int end,
   return r;
 }
 
+// A series as entered: the item's rows on `count` dates `step` days apart from its own date,
+// SubNo rising from 1, the last date in every row, the item's Stamp as the series' stamp.
+inline void InsertSeries(ScheduleStore& store, SchRecord item, int count, int step) {
+  const CivilDate first{item.Year, item.Month, item.Day};
+  const CivilDate last = AddDays(first, (count - 1) * step);
+  item.EndDay = static_cast<std::uint8_t>(last.day);
+  item.EndMonth = static_cast<std::uint8_t>(last.month);
+  item.EndYear = static_cast<std::uint16_t>(last.year);
+  item.ParentSubNo = 1;
+  item.ParentStamp = item.Stamp;
+  for (int i = 0; i < count; ++i) {
+    const CivilDate date = AddDays(first, i * step);
+    item.Day = static_cast<std::uint8_t>(date.day);
+    item.Month = static_cast<std::uint8_t>(date.month);
+    item.Year = static_cast<std::uint16_t>(date.year);
+    item.SubNo = static_cast<std::int16_t>(i + 1);
+    store.InsertRecord(item);
+  }
+}
+
 // A multi-day item as entered: a row for each day, SubNo rising, the span's end in every row.
 inline void InsertSpan(ScheduleStore& store, CivilDate first, int days, const std::string& title,
                        std::int32_t stamp) {
-  const CivilDate last = AddDays(first, days - 1);
-  for (int i = 0; i < days; ++i) {
-    const CivilDate date = AddDays(first, i);
-    SchRecord r = MakeItem(date.year, date.month, date.day, -1, -1, title);
-    r.EndDay = static_cast<std::uint8_t>(last.day);
-    r.EndMonth = static_cast<std::uint8_t>(last.month);
-    r.EndYear = static_cast<std::uint16_t>(last.year);
-    r.SubNo = static_cast<std::int16_t>(i + 1);
-    r.ParentSubNo = 1;
-    r.Stamp = r.ParentStamp = stamp;
-    r.RepeatKind = kMultiDayKind;
-    store.InsertRecord(r);
-  }
+  SchRecord r = MakeItem(first.year, first.month, first.day, -1, -1, title);
+  r.Stamp = stamp;
+  r.RepeatKind = kMultiDayKind;
+  InsertSeries(store, r, days, 1);
 }
 
 }  // namespace sched
