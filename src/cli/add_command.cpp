@@ -1,7 +1,5 @@
 #include "cli/add_command.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -38,53 +36,23 @@ const std::map<std::string, int> kOrdinals = {{"1", 0}, {"2", 1}, {"3", 2}, {"4"
 const std::map<std::string, int> kWeekdays = {{"sun", 0}, {"mon", 1}, {"tue", 2}, {"wed", 3},
                                               {"thu", 4}, {"fri", 5}, {"sat", 6}};
 
-struct AddRequest {
-  std::string file;
-  std::map<std::string, std::string> values;  // option name to value
-  std::map<std::string, bool> flags;
-
-  const std::string* Value(const std::string& name) const {
-    const auto it = values.find(name);
-    return it == values.end() ? nullptr : &it->second;
-  }
-  bool Flag(const std::string& name) const { return flags.count(name) != 0; }
-};
-
 std::optional<int> Number(const std::string& text) {
   return ParseInt(text, 10, INT32_MIN, INT32_MAX);
 }
 
-std::optional<CivilDate> DateOption(const std::string* text) {
-  return text == nullptr ? std::nullopt : ParseDate(*text);
-}
-
-std::optional<AddRequest> ParseRequest(const std::vector<std::string>& args) {
-  static const std::array<const char*, 13> kValued = {
-      "--title", "--date",   "--end-date", "--time",  "--place",   "--memo",   "--alarm",
-      "--sound", "--repeat", "--every",    "--count", "--ordinal", "--weekday"};
-  if (args.empty() || args[0].rfind("--", 0) == 0) return std::nullopt;
-  AddRequest request;
-  request.file = args[0];
-  for (std::size_t i = 1; i < args.size(); ++i) {
-    const std::string& name = args[i];
-    const bool valued =
-        name == "--rule-date" || std::find(kValued.begin(), kValued.end(), name) != kValued.end();
-    if (valued && i + 1 < args.size() && request.values.count(name) == 0) {
-      request.values[name] = args[++i];
-    } else if ((name == "--all-day" || name == "--private") && !request.Flag(name)) {
-      request.flags[name] = true;
-    } else {
-      return std::nullopt;
-    }
-  }
-  return request;
+std::optional<CommandOptions> ParseRequest(const std::vector<std::string>& args) {
+  return ParseOptions(
+      args,
+      {"--title", "--date", "--end-date", "--time", "--place", "--memo", "--alarm", "--sound",
+       "--repeat", "--every", "--count", "--ordinal", "--weekday", "--rule-date"},
+      {"--all-day", "--private"});
 }
 
 // Whether the options go together: a title and a date, one way of giving the time, the sound
 // and the rule's details only with an alarm and a rule.
-bool Consistent(const AddRequest& r) {
-  if (!r.Value("--title") || !DateOption(r.Value("--date"))) return false;
-  if (r.Value("--end-date") && !DateOption(r.Value("--end-date"))) return false;
+bool Consistent(const CommandOptions& r) {
+  if (!r.Value("--title") || !r.Date("--date")) return false;
+  if (r.Value("--end-date") && !r.Date("--end-date")) return false;
   if (r.Value("--time") && r.Flag("--all-day")) return false;
   if (r.Value("--sound") && !r.Value("--alarm")) return false;
   if (r.Value("--alarm") && !Number(*r.Value("--alarm"))) return false;
@@ -96,7 +64,7 @@ bool Consistent(const AddRequest& r) {
   const auto kind = kRepeatKinds.find(*repeat);
   if (kind == kRepeatKinds.end() || !r.Value("--every") || !r.Value("--count")) return false;
   if (!Number(*r.Value("--every")) || !Number(*r.Value("--count"))) return false;
-  if (r.Value("--rule-date") && !DateOption(r.Value("--rule-date"))) return false;
+  if (r.Value("--rule-date") && !r.Date("--rule-date")) return false;
   const bool weekdayParts = r.Value("--ordinal") || r.Value("--weekday");
   if (weekdayParts && !kind->second.byWeekday) return false;
   if (r.Value("--ordinal") && kOrdinals.count(*r.Value("--ordinal")) == 0) return false;
@@ -114,7 +82,7 @@ std::vector<std::string> StockSoundNames() {
 // value ends the dialog with Cancel.
 class ScriptedRepeatDialog : public SchEditHost {
  public:
-  explicit ScriptedRepeatDialog(const AddRequest& request) : r_(request) {}
+  explicit ScriptedRepeatDialog(const CommandOptions& request) : r_(request) {}
 
   void ShowRepeatDialog(RepeatModel& repeat) override {
     const RepeatChoice choice = kRepeatKinds.at(*r_.Value("--repeat"));
@@ -140,12 +108,12 @@ class ScriptedRepeatDialog : public SchEditHost {
   bool Refused() const { return refused_; }
 
  private:
-  const AddRequest& r_;
+  const CommandOptions& r_;
   bool refused_ = false;
 };
 
 // Types the request into the edit dialog; false when a field refused its value.
-bool FillEditDialog(SchEditModel& model, ScriptedRepeatDialog& repeat, const AddRequest& r) {
+bool FillEditDialog(SchEditModel& model, ScriptedRepeatDialog& repeat, const CommandOptions& r) {
   model.Text1_Change(*r.Value("--title"));
   if (const std::string* place = r.Value("--place")) model.Text3_Change(*place);
   if (const std::string* memo = r.Value("--memo")) model.Text2_Change(*memo);
@@ -172,26 +140,26 @@ bool FillEditDialog(SchEditModel& model, ScriptedRepeatDialog& repeat, const Add
   if (r.Value("--repeat")) {
     model.Command1_Click();
     if (repeat.Refused()) return false;
-    model.ImDate1_Change(0, DateOption(r.Value("--date")));
+    model.ImDate1_Change(0, r.Date("--date"));
   }
-  if (r.Value("--end-date")) model.ImDate1_Change(1, DateOption(r.Value("--end-date")));
+  if (r.Value("--end-date")) model.ImDate1_Change(1, r.Date("--end-date"));
   return true;
 }
 
 }  // namespace
 
 int RunAddCommand(const std::vector<std::string>& args, std::ostream& err) {
-  const std::optional<AddRequest> request = ParseRequest(args);
+  const std::optional<CommandOptions> request = ParseRequest(args);
   if (!request || !Consistent(*request)) {
     err << kUsage << '\n';
     return 2;
   }
-  const AddRequest& r = *request;
+  const CommandOptions& r = *request;
   CliStore cli;
   if (std::filesystem::exists(r.file) && !cli.Load(r.file)) return 1;
 
   // The dialog opens on the date the rule is chosen for, or on the item's date.
-  const CivilDate opened = *DateOption(r.Value(r.Value("--rule-date") ? "--rule-date" : "--date"));
+  const CivilDate opened = *r.Date(r.Value("--rule-date") ? "--rule-date" : "--date");
   ScheduleDocument& doc = cli.Store().Document();
   doc.CurYear = opened.year;
   doc.CurMonth = opened.month;

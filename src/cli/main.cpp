@@ -10,6 +10,7 @@
 #include "cli/holidays_command.h"
 #include "cli/info_command.h"
 #include "cli/month_command.h"
+#include "cli/paste_command.h"
 #include "cli/rule_command.h"
 #include "platform/std/huge_pages.h"
 #include "platform/std/system_clock.h"
@@ -25,6 +26,7 @@ constexpr const char* kUsage =
     "       scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n"
     "       scltool month FILE.scl YYYY MM [COUNTRYFILE]\n"
     "       scltool add FILE.scl --title T --date YYYY/MM/DD [options]\n"
+    "       scltool paste FILE.scl --from YYYY/MM/DD --index K --to YYYY/MM/DD [--single]\n"
     "       scltool rule WORD [YYYY/MM/DD COUNT]\n"
     "       scltool --help | --version\n";
 
@@ -64,6 +66,7 @@ int Run(const std::vector<std::string>& args) {
     return sched::RunMonthCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }
   if (command == "add") return sched::RunAddCommand({args.begin() + 1, args.end()}, std::cerr);
+  if (command == "paste") return sched::RunPasteCommand({args.begin() + 1, args.end()}, std::cerr);
   if (command == "rule") {
     return sched::RunRuleCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }
