@@ -1,5 +1,6 @@
 #pragma once
 
+#include "appointments/repeat_rule.h"
 #include "core/calendar.h"
 #include "platform/messages.h"
 #include "store/schedule_store.h"
@@ -25,6 +26,22 @@ class CopyPaste {
   bool PasteSchedule();
 
  private:
+  // The copied row's cells as the working record: what the row holds, deleted or not.
+  SchRecord LoadCopiedRecord(int row) const;
+  // The same as a plain item, without its rule.
+  SchRecord LoadCopiedAsSingle(int row) const;
+  CivilDate ShownDate() const;
+
+  // One plain item on the shown date, under a new stamp.
+  void PasteSingle(int row);
+  // An item over several dates: as many days from the shown date as the copy spans, cut at
+  // 2099/12/31.
+  void PasteOverDays(int row);
+  // A series of the copy's kind, interval and count from the shown date, which gives the rule
+  // its weekday, day and month; cut at 2099/12/31. It stands for PasteDaily, PasteWeekly,
+  // PasteMonthly, PasteYearly, PasteMonthlyWeekday and PasteYearlyWeekday alike.
+  void PasteRepeat(int row, const DecodedRepeatKind& kind);
+
   ScheduleStore& store_;
   Messages& messages_;
 };

@@ -1,10 +1,8 @@
 #include "appointments/occurrences.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "appointments/texts.h"
-#include "appointments/week_ordinal.h"
 #include "core/app_texts.h"
 #include "core/text_case.h"
 #include "store/scl_format.h"
@@ -21,27 +19,8 @@ std::optional<Times> TimesOf(const AppointmentInput& input) {
   return Times{input.startMinutes, input.endMinutes};
 }
 
-bool PastEndLimit(const CivilDate& date) {
-  return DateCode(date.year, date.month, date.day) >
-         DateCode(kEndLimit.year, kEndLimit.month, kEndLimit.day);
-}
-
-CivilDate DateOfCode(std::int32_t code) {
-  return {code / 10000, code / 100 % 100, code % 100};
-}
-
 std::int32_t WithTopBits(std::int32_t stamp) {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(stamp) | 0xC0000000u);
-}
-
-// The week ordinal a weekday rule stores for its start date: a fifth weekday is the last one,
-// and a rule that was "Last" stays so while the start is the month's last such weekday, even
-// when that is the fourth.
-int OrdinalOfStart(const WeekPosition& start, std::uint16_t replacedWord) {
-  if (start.N == 5) return kLastOrdinal;
-  const std::optional<WeekdayRule> replaced = SplitWeekdayRule(replacedWord);
-  if (replaced && replaced->ordinal == kLastOrdinal && start.isLast) return kLastOrdinal;
-  return start.N;
 }
 
 }  // namespace
@@ -64,10 +43,9 @@ bool OccurrenceMaker::ExpandSingle(const AppointmentInput& input,
                                    const std::optional<ReplacedItem>& replaced) {
   const std::optional<Times> times = TimesOf(input);
   if (!times) return false;
-  Identity identity = SingleIdentity(replaced);
-  FillItem(input, 0);
-  AddOccurrence(input.start, input.end, times->first, times->second, identity);
-  Finish(record_);
+  SeriesIdentity identity = IdentityOfSingle(replaced);
+  FillItem(input, 0, times->first, times->second);
+  Write(EveryDayFrom(input.start), 0, input.end, identity);
   return true;
 }
 
@@ -75,112 +53,80 @@ bool OccurrenceMaker::ExpandOverDays(const AppointmentInput& input,
                                      const std::optional<ReplacedItem>& replaced) {
   const int days = DaySerial(input.end) - DaySerial(input.start) + 1;
   if (days > 30) {
-    Warn(appointment_texts::kOverlap30Days);
+    ShowWarning(messages_, appointment_texts::kOverlap30Days);
     return false;
   }
   if (days < 1) return false;
-  Identity identity = SeriesIdentity(replaced);
-  FillItem(input, kMultiDayKind);
-  SchRecord first;
-  for (int i = 0; i < days; ++i) {
-    // An item over several dates has no times.
-    AddOccurrence(AddDays(input.start, i), input.end, -1, -1, identity);
-    if (i == 0) first = record_;
-  }
-  Finish(first);
+  SeriesIdentity identity = IdentityOfSeries(replaced);
+  // An item over several dates has no times.
+  FillItem(input, kMultiDayKind, -1, -1);
+  Write(EveryDayFrom(input.start), days - 1, input.end, identity);
   return true;
 }
 
 bool OccurrenceMaker::ExpandDaily(const AppointmentInput& input,
                                   const std::optional<ReplacedItem>& replaced) {
-  return ExpandRepeat(input, replaced, {kOptionDaily, false});
+  return ExpandRepeat(input, replaced, kOptionDaily);
 }
 
 bool OccurrenceMaker::ExpandWeekly(const AppointmentInput& input,
                                    const std::optional<ReplacedItem>& replaced) {
-  return ExpandRepeat(input, replaced, {kOptionWeekly, false});
+  return ExpandRepeat(input, replaced, kOptionWeekly);
 }
 
 bool OccurrenceMaker::ExpandMonthly(const AppointmentInput& input,
                                     const std::optional<ReplacedItem>& replaced) {
-  return ExpandRepeat(input, replaced, {kOptionMonthly, false});
+  return ExpandRepeat(input, replaced, kOptionMonthly);
 }
 
 bool OccurrenceMaker::ExpandYearly(const AppointmentInput& input,
                                    const std::optional<ReplacedItem>& replaced) {
-  return ExpandRepeat(input, replaced, {kOptionYearly, false});
+  return ExpandRepeat(input, replaced, kOptionYearly);
 }
 
 bool OccurrenceMaker::ExpandMonthlyWeekday(const AppointmentInput& input,
                                            const std::optional<ReplacedItem>& replaced) {
-  return ExpandRepeat(input, replaced, {kOptionMonthlyWeekday, true});
+  return ExpandRepeat(input, replaced, kOptionMonthlyWeekday);
 }
 
 bool OccurrenceMaker::ExpandYearlyWeekday(const AppointmentInput& input,
                                           const std::optional<ReplacedItem>& replaced) {
-  return ExpandRepeat(input, replaced, {kOptionYearlyWeekday, true});
+  return ExpandRepeat(input, replaced, kOptionYearlyWeekday);
 }
 
 bool OccurrenceMaker::ExpandRepeat(const AppointmentInput& input,
-                                   const std::optional<ReplacedItem>& replaced, RepeatPlan plan) {
+                                   const std::optional<ReplacedItem>& replaced, int option) {
   const std::optional<Times> times = TimesOf(input);
   if (!times) return false;
-  Identity identity = SeriesIdentity(replaced);
-  const CivilDate start = input.start;
-  const RepeatUnit unit = UnitOfOption(plan.option);
+  SeriesIdentity identity = IdentityOfSeries(replaced);
   work_.RepeatStepUsed = work_.RepeatStep;
-  const int stride = work_.RepeatStepUsed + 1;
-  // Every date is reckoned from the start, so a short month does not shorten the later ones.
-  const auto plainDate = [&](int i) { return AddUnits(start, unit, stride * i); };
-
-  const WeekPosition position = Sor_CulcNWfromYMD(start.year, start.month, start.day);
-  const int ordinal = OrdinalOfStart(position, work_.WorkRepeatKind);
-  work_.WorkRepeatKind = BuildRepeatWord(
-      plan.option, {work_.RepeatStepUsed, position.W, start.day, start.month, ordinal});
-
-  int last = std::max(work_.RepeatCount - 1, 0);
-  if (PastEndLimit(plainDate(last))) {
-    while (last > 0 && PastEndLimit(plainDate(last))) --last;
-    if (last > 0) {
-      Warn(appointment_texts::kBeyond2099);
-    } else {
-      work_.WorkRepeatKind = 0;
-      Warn(appointment_texts::kRemovingRegular);
-    }
-  }
+  const RuleOnDate rule =
+      RuleFromDate(option, work_.RepeatStepUsed, input.start, work_.WorkRepeatKind);
+  work_.WorkRepeatKind = rule.word;
+  const int last = CutAtEndLimit(rule.dates, work_.RepeatCount, appointment_texts::kBeyond2099,
+                                 work_.WorkRepeatKind, messages_);
+  FillItem(input, static_cast<std::int16_t>(work_.WorkRepeatKind), times->first, times->second);
   // Every record ends on the last occurrence's plain date, which a weekday rule may not meet.
-  const CivilDate end = plainDate(last);
-
-  FillItem(input, static_cast<std::int16_t>(work_.WorkRepeatKind));
-  SchRecord first;
-  for (int i = 0; i <= last; ++i) {
-    CivilDate date = plainDate(i);
-    if (plan.byWeekday) date.day = Sor_CulcDDfromYMNW(date.year, date.month, ordinal, position.W);
-    AddOccurrence(date, end, times->first, times->second, identity);
-    if (i == 0) first = record_;
-  }
-  Finish(first);
+  Write(rule.dates, last, rule.dates.Plain(last), identity);
   return true;
 }
 
-OccurrenceMaker::Identity OccurrenceMaker::SeriesIdentity(
-    const std::optional<ReplacedItem>& replaced) {
-  if (!replaced) {
-    const std::int32_t stamp = store_.NewUniqueStamp();
-    return {0, stamp, 1, stamp};
-  }
+SeriesIdentity OccurrenceMaker::IdentityOfSeries(const std::optional<ReplacedItem>& replaced) {
+  if (!replaced) return NewSeriesIdentity(store_);
   const std::int32_t stamp = WithTopBits(replaced->Stamp);
   return {static_cast<std::int16_t>(replaced->SubNo - 1), stamp, replaced->ParentSubNo, stamp};
 }
 
-OccurrenceMaker::Identity OccurrenceMaker::SingleIdentity(
-    const std::optional<ReplacedItem>& replaced) {
-  if (!replaced) return {-1, store_.NewUniqueStamp(), 0, 0};
+SeriesIdentity OccurrenceMaker::IdentityOfSingle(const std::optional<ReplacedItem>& replaced) {
+  if (!replaced) return NewSingleIdentity(store_);
   return {static_cast<std::int16_t>(replaced->SubNo - 1), WithTopBits(replaced->Stamp), 0, 0};
 }
 
-void OccurrenceMaker::FillItem(const AppointmentInput& input, std::int16_t repeatKind) {
+void OccurrenceMaker::FillItem(const AppointmentInput& input, std::int16_t repeatKind,
+                               int startTime, int endTime) {
   record_ = SchRecord{};
+  record_.StartTime = static_cast<std::int16_t>(startTime);
+  record_.EndTime = static_cast<std::int16_t>(endTime);
   record_.Title = input.title.empty() ? appointment_texts::kNoTitle : input.title;
   record_.Place = input.place;
   record_.Memo = input.memo;
@@ -194,40 +140,14 @@ void OccurrenceMaker::FillItem(const AppointmentInput& input, std::int16_t repea
   record_.VarLen = VarLenOf(record_);
 }
 
-void OccurrenceMaker::AddOccurrence(const CivilDate& start, const CivilDate& end, int startTime,
-                                    int endTime, Identity& identity) {
-  record_.Prev = -1;
-  record_.Next = -1;
-  record_.Day = static_cast<std::uint8_t>(start.day);
-  record_.Month = static_cast<std::uint8_t>(start.month);
-  record_.Year = static_cast<std::uint16_t>(start.year);
+void OccurrenceMaker::Write(const SeriesDates& dates, int last, const CivilDate& end,
+                            SeriesIdentity& identity) {
+  record_ = WriteSeries(store_, record_, dates, last, end, identity);
+  const CivilDate shown = dates.Of(last);
   ScheduleDocument& doc = store_.Document();
-  doc.CurYear = start.year;
-  doc.CurMonth = start.month;
-  doc.CurDay = start.day;
-  record_.EndDay = static_cast<std::uint8_t>(end.day);
-  record_.EndMonth = static_cast<std::uint8_t>(end.month);
-  record_.EndYear = static_cast<std::uint16_t>(end.year);
-  record_.StartTime = static_cast<std::int16_t>(startTime);
-  record_.EndTime = static_cast<std::int16_t>(endTime);
-  record_.SubNo = ++identity.subNo;
-  record_.Stamp = identity.stamp;
-  record_.ParentSubNo = identity.parentSubNo;
-  record_.ParentStamp = identity.parentStamp;
-  store_.InsertRecord(record_);
-}
-
-void OccurrenceMaker::Finish(const SchRecord& first) {
-  record_ = first;
-  // The insert listed today's alarms; one sort and one arming serve the whole write.
-  if (record_.AlarmOn != 0) {
-    store_.Alarms().SortTodayAlarms();
-    store_.Alarms().ArmNextAlarm();
-  }
-}
-
-void OccurrenceMaker::Warn(const char* text) {
-  messages_.Show({text, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+  doc.CurYear = shown.year;
+  doc.CurMonth = shown.month;
+  doc.CurDay = shown.day;
 }
 
 SeriesInEditor LoadSeriesIntoEditor(const SchDatCTL& ctl, RepeatWork& work, std::uint16_t word,

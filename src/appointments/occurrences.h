@@ -5,14 +5,12 @@
 #include <string>
 
 #include "appointments/repeat_rule.h"
+#include "appointments/series_writer.h"
 #include "core/calendar.h"
 #include "platform/messages.h"
 #include "store/schedule_store.h"
 
 namespace sched {
-
-// The last date any occurrence may fall on.
-inline constexpr CivilDate kEndLimit{kLastYear, 12, 31};
 
 // What the making of occurrences reads of the edit dialog.
 struct AppointmentInput {
@@ -58,21 +56,6 @@ class OccurrenceMaker {
   const SchRecord& Record() const { return record_; }
 
  private:
-  // Who the records of one write are. The SubNo counter is moved on before each record, so it
-  // starts one below the first SubNo.
-  struct Identity {
-    std::int16_t subNo = 0;
-    std::int32_t stamp = 0;
-    std::int16_t parentSubNo = 0;
-    std::int32_t parentStamp = 0;
-  };
-  // How a repeat kind finds its dates: its RepeatOption, and whether an occurrence falls on the
-  // Nth weekday of its month rather than on the start's day.
-  struct RepeatPlan {
-    int option = kOptionDaily;
-    bool byWeekday = false;
-  };
-
   bool ExpandSingle(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
   bool ExpandOverDays(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
   bool ExpandDaily(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
@@ -83,22 +66,18 @@ class OccurrenceMaker {
                             const std::optional<ReplacedItem>& replaced);
   bool ExpandYearlyWeekday(const AppointmentInput& input,
                            const std::optional<ReplacedItem>& replaced);
-  // The six repeat kinds: the rule word from the start date, the count cut at 2099/12/31, one
-  // record an occurrence, each ending on the last occurrence's plain date.
+  // The six repeat kinds (`option` 1 to 6): the rule word from the start date, the count cut at
+  // 2099/12/31, one record an occurrence, each ending on the last occurrence's plain date.
   bool ExpandRepeat(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced,
-                    RepeatPlan plan);
+                    int option);
 
-  Identity SeriesIdentity(const std::optional<ReplacedItem>& replaced);
-  Identity SingleIdentity(const std::optional<ReplacedItem>& replaced);
-  // The working record's texts, flags and alarm, alike in every record of the write.
-  void FillItem(const AppointmentInput& input, std::int16_t repeatKind);
-  // Writes the working record for one date; the shown date follows it.
-  void AddOccurrence(const CivilDate& start, const CivilDate& end, int startTime, int endTime,
-                     Identity& identity);
-  // The working record goes back to the first record written; an alarm brings today's alarm
-  // list in order.
-  void Finish(const SchRecord& first);
-  void Warn(const char* text);
+  SeriesIdentity IdentityOfSeries(const std::optional<ReplacedItem>& replaced);
+  SeriesIdentity IdentityOfSingle(const std::optional<ReplacedItem>& replaced);
+  // The working record's times, texts, flags and alarm, alike in every record of the write.
+  void FillItem(const AppointmentInput& input, std::int16_t repeatKind, int startTime, int endTime);
+  // Writes the working record on occurrences 0 to `last`; the shown date follows them, and the
+  // working record becomes the first one written.
+  void Write(const SeriesDates& dates, int last, const CivilDate& end, SeriesIdentity& identity);
 
   ScheduleStore& store_;
   Messages& messages_;

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "appointments/occurrences.h"
 #include "appointments/week_ordinal.h"
 
 namespace sched {

@@ -5,6 +5,9 @@
 
 namespace sched {
 
+// The last date any occurrence may fall on.
+inline constexpr CivilDate kEndLimit{kLastYear, 12, 31};
+
 // The smallest count and interval of a rule, and the largest by the unit of its kind.
 inline constexpr int kMinRepeatCount = 2;
 inline constexpr int kMinRepeatInterval = 1;

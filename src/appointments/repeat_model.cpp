@@ -45,10 +45,6 @@ int OrdinalIndex(int ordinal) {
   return static_cast<int>(std::find(data.begin(), data.end(), ordinal) - data.begin());
 }
 
-CivilDate DateOfCode(std::int32_t code) {
-  return {code / 10000, code / 100 % 100, code % 100};
-}
-
 std::int32_t CodeOfDate(const CivilDate& date) {
   return DateCode(date.year, date.month, date.day);
 }

@@ -44,6 +44,14 @@ inline constexpr const char* kCannotModifyMultiple = "Cannot modify multiple row
 inline constexpr const char* kBeyond2099 = "Cannot set schedules beyond 2099/12/31.";
 inline constexpr const char* kRemovingRegular = "Removing regular information.";
 
+// Copy and paste. The two limits of a paste are written differently, year first for an item
+// over several dates and month first for a series.
+inline constexpr const char* kCannotCopyMultiple = "Cannot copy multiple rows.";
+inline constexpr const char* kCannotCopyNoSchedule = "Cannot copy this day that no schedule.";
+inline constexpr const char* kKeepRegular = "Do you want to keep regular information?";
+inline constexpr const char* kPasteDaysBeyond2099 = "Cannot paste schedules beyond 2099/12/31.";
+inline constexpr const char* kPasteSeriesBeyond2099 = "Cannot paste schedules beyond 12/31/2099.";
+
 // The repeat dialog.
 inline constexpr const char* kRepeatCaption = "Repeat";
 inline constexpr std::array<const char*, 5> kOptions = {"&None", "&Day", "&Week", "&Month",

@@ -40,15 +40,19 @@ std::optional<int> Number(const std::string& text) {
   return ParseInt(text, 10, INT32_MIN, INT32_MAX);
 }
 
-std::optional<CivilDate> DateOption(const std::string* text) {
-  return text == nullptr ? std::nullopt : ParseDate(*text);
+std::optional<CommandOptions> ParseRequest(const std::vector<std::string>& args) {
+  return ParseOptions(
+      args,
+      {"--title", "--date", "--end-date", "--time", "--place", "--memo", "--alarm", "--sound",
+       "--repeat", "--every", "--count", "--ordinal", "--weekday", "--rule-date"},
+      {"--all-day", "--private"});
 }
 
 // Whether the options go together: a title and a date, one way of giving the time, the sound
 // and the rule's details only with an alarm and a rule.
-bool Consistent(const CliRequest& r) {
-  if (!r.Value("--title") || !DateOption(r.Value("--date"))) return false;
-  if (r.Value("--end-date") && !DateOption(r.Value("--end-date"))) return false;
+bool Consistent(const CommandOptions& r) {
+  if (!r.Value("--title") || !r.Date("--date")) return false;
+  if (r.Value("--end-date") && !r.Date("--end-date")) return false;
   if (r.Value("--time") && r.Flag("--all-day")) return false;
   if (r.Value("--sound") && !r.Value("--alarm")) return false;
   if (r.Value("--alarm") && !Number(*r.Value("--alarm"))) return false;
@@ -60,7 +64,7 @@ bool Consistent(const CliRequest& r) {
   const auto kind = kRepeatKinds.find(*repeat);
   if (kind == kRepeatKinds.end() || !r.Value("--every") || !r.Value("--count")) return false;
   if (!Number(*r.Value("--every")) || !Number(*r.Value("--count"))) return false;
-  if (r.Value("--rule-date") && !DateOption(r.Value("--rule-date"))) return false;
+  if (r.Value("--rule-date") && !r.Date("--rule-date")) return false;
   const bool weekdayParts = r.Value("--ordinal") || r.Value("--weekday");
   if (weekdayParts && !kind->second.byWeekday) return false;
   if (r.Value("--ordinal") && kOrdinals.count(*r.Value("--ordinal")) == 0) return false;
@@ -78,7 +82,7 @@ std::vector<std::string> StockSoundNames() {
 // value ends the dialog with Cancel.
 class ScriptedRepeatDialog : public SchEditHost {
  public:
-  explicit ScriptedRepeatDialog(const CliRequest& request) : r_(request) {}
+  explicit ScriptedRepeatDialog(const CommandOptions& request) : r_(request) {}
 
   void ShowRepeatDialog(RepeatModel& repeat) override {
     const RepeatChoice choice = kRepeatKinds.at(*r_.Value("--repeat"));
@@ -104,12 +108,12 @@ class ScriptedRepeatDialog : public SchEditHost {
   bool Refused() const { return refused_; }
 
  private:
-  const CliRequest& r_;
+  const CommandOptions& r_;
   bool refused_ = false;
 };
 
 // Types the request into the edit dialog; false when a field refused its value.
-bool FillEditDialog(SchEditModel& model, ScriptedRepeatDialog& repeat, const CliRequest& r) {
+bool FillEditDialog(SchEditModel& model, ScriptedRepeatDialog& repeat, const CommandOptions& r) {
   model.Text1_Change(*r.Value("--title"));
   if (const std::string* place = r.Value("--place")) model.Text3_Change(*place);
   if (const std::string* memo = r.Value("--memo")) model.Text2_Change(*memo);
@@ -136,30 +140,26 @@ bool FillEditDialog(SchEditModel& model, ScriptedRepeatDialog& repeat, const Cli
   if (r.Value("--repeat")) {
     model.Command1_Click();
     if (repeat.Refused()) return false;
-    model.ImDate1_Change(0, DateOption(r.Value("--date")));
+    model.ImDate1_Change(0, r.Date("--date"));
   }
-  if (r.Value("--end-date")) model.ImDate1_Change(1, DateOption(r.Value("--end-date")));
+  if (r.Value("--end-date")) model.ImDate1_Change(1, r.Date("--end-date"));
   return true;
 }
 
 }  // namespace
 
 int RunAddCommand(const std::vector<std::string>& args, std::ostream& err) {
-  const std::optional<CliRequest> request = ParseRequest(
-      args,
-      {"--title", "--date", "--end-date", "--time", "--place", "--memo", "--alarm", "--sound",
-       "--repeat", "--every", "--count", "--ordinal", "--weekday", "--rule-date"},
-      {"--all-day", "--private"});
+  const std::optional<CommandOptions> request = ParseRequest(args);
   if (!request || !Consistent(*request)) {
     err << kUsage << '\n';
     return 2;
   }
-  const CliRequest& r = *request;
+  const CommandOptions& r = *request;
   CliStore cli;
   if (std::filesystem::exists(r.file) && !cli.Load(r.file)) return 1;
 
   // The dialog opens on the date the rule is chosen for, or on the item's date.
-  const CivilDate opened = *DateOption(r.Value(r.Value("--rule-date") ? "--rule-date" : "--date"));
+  const CivilDate opened = *r.Date(r.Value("--rule-date") ? "--rule-date" : "--date");
   ScheduleDocument& doc = cli.Store().Document();
   doc.CurYear = opened.year;
   doc.CurMonth = opened.month;

@@ -24,26 +24,36 @@ std::optional<CivilDate> ParseDate(const std::string& text) {
   return CivilDate{*year, *month, *day};
 }
 
-std::optional<CliRequest> ParseRequest(const std::vector<std::string>& args,
-                                       std::initializer_list<std::string_view> valued,
-                                       std::initializer_list<std::string_view> flags) {
-  if (args.empty() || args[0].rfind("--", 0) == 0) return std::nullopt;
+const std::string* CommandOptions::Value(const std::string& name) const {
+  const auto it = values.find(name);
+  return it == values.end() ? nullptr : &it->second;
+}
+
+std::optional<CivilDate> CommandOptions::Date(const std::string& name) const {
+  const std::string* text = Value(name);
+  return text == nullptr ? std::nullopt : ParseDate(*text);
+}
+
+std::optional<CommandOptions> ParseOptions(const std::vector<std::string>& args,
+                                           std::initializer_list<std::string_view> valued,
+                                           std::initializer_list<std::string_view> flags) {
   const auto among = [](std::initializer_list<std::string_view> names, const std::string& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
   };
-  CliRequest request;
-  request.file = args[0];
+  if (args.empty() || args[0].rfind("--", 0) == 0) return std::nullopt;
+  CommandOptions options;
+  options.file = args[0];
   for (std::size_t i = 1; i < args.size(); ++i) {
     const std::string& name = args[i];
-    if (among(valued, name) && i + 1 < args.size() && request.values.count(name) == 0) {
-      request.values[name] = args[++i];
-    } else if (among(flags, name) && !request.Flag(name)) {
-      request.flags.insert(name);
+    if (among(valued, name) && i + 1 < args.size() && options.values.count(name) == 0) {
+      options.values[name] = args[++i];
+    } else if (among(flags, name) && !options.Flag(name)) {
+      options.flags.insert(name);
     } else {
       return std::nullopt;
     }
   }
-  return request;
+  return options;
 }
 
 }  // namespace sched

@@ -17,25 +17,21 @@ std::optional<int> ParseInt(const std::string& text, int base, int low, int high
 // A date "YYYY/MM/DD" of the calendar; nothing for other text.
 std::optional<CivilDate> ParseDate(const std::string& text);
 
-// A command's file and options: `FILE --name value ... --flag ...`.
-struct CliRequest {
+// The arguments of a command on a file: the file, then options, each at most once, a valued one
+// followed by its value.
+struct CommandOptions {
   std::string file;
   std::map<std::string, std::string> values;  // option name to value
   std::set<std::string> flags;
 
-  // The option's value; nothing when it was not given.
-  const std::string* Value(const std::string& name) const {
-    const auto it = values.find(name);
-    return it == values.end() ? nullptr : &it->second;
-  }
+  const std::string* Value(const std::string& name) const;
   bool Flag(const std::string& name) const { return flags.count(name) != 0; }
+  // The value as a date "YYYY/MM/DD"; nothing when it is missing or no date.
+  std::optional<CivilDate> Date(const std::string& name) const;
 };
-
-// Reads the file and the options: each option of `valued` takes the next argument, each of
-// `flags` stands alone. Nothing when the file is missing, or an option is unknown, given twice
-// or lacks its value.
-std::optional<CliRequest> ParseRequest(const std::vector<std::string>& args,
-                                       std::initializer_list<std::string_view> valued,
-                                       std::initializer_list<std::string_view> flags);
+// Nothing when the file is missing, or an option is unknown, repeated or without its value.
+std::optional<CommandOptions> ParseOptions(const std::vector<std::string>& args,
+                                           std::initializer_list<std::string_view> valued,
+                                           std::initializer_list<std::string_view> flags);
 
 }  // namespace sched

@@ -8,6 +8,7 @@
 #include "platform/std/console.h"
 #include "platform/std/system_clock.h"
 #include "shell/texts.h"
+#include "store/chains.h"
 #include "store/schedule_store.h"
 
 namespace sched {
@@ -53,5 +54,17 @@ class CliStore {
   SystemClock clock_;
   ScheduleStore store_;
 };
+
+// The SchDatList row of the `index`th live item of a day (1 for the first), in the day's order;
+// -1 when the day has fewer.
+inline int ItemOfDay(const SchDatCTL& t, const CivilDate& date, int index) {
+  const int yearRow = FindYearRow(t, date.year);
+  const int monthRow = yearRow < 0 ? -1 : FindMonthRow(t, yearRow, date.month);
+  if (monthRow < 0) return -1;
+  for (int row : DayChain(t.SchDatList, GetDayHead(t, monthRow, date.day))) {
+    if (t.SchDatList.At(row).IsLive() && --index == 0) return row;
+  }
+  return -1;
+}
 
 }  // namespace sched

@@ -9,7 +9,6 @@
 #include "cli/cli_args.h"
 #include "cli/cli_store.h"
 #include "cli/stream_messages.h"
-#include "store/chains.h"
 
 namespace sched {
 namespace {
@@ -36,22 +35,11 @@ class DeleteAnswers : public Messages {
   bool keepRepeats_;
 };
 
-// The `index`-th live row of a day's chain, counted from 1; -1 when the day has fewer items.
-int ItemOfDay(const SchDatCTL& t, const CivilDate& date, int index) {
-  const int yearRow = FindYearRow(t, date.year);
-  const int monthRow = yearRow < 0 ? -1 : FindMonthRow(t, yearRow, date.month);
-  if (monthRow < 0) return -1;
-  for (int row : DayChain(t.SchDatList, GetDayHead(t, monthRow, date.day))) {
-    if (t.SchDatList.At(row).IsLive() && --index == 0) return row;
-  }
-  return -1;
-}
-
 // What the options ask for; true when the schedule changed.
 using DeleteAction = std::function<bool(DeleteCommands&, const SchDatCTL&)>;
 
 // The one command of the options; nothing when they do not go together.
-std::optional<DeleteAction> ChooseAction(const CliRequest& r) {
+std::optional<DeleteAction> ChooseAction(const CommandOptions& r) {
   int commands = 0;
   for (const char* name : {"--date", "--month", "--year", "--older-than", "--newer-than"}) {
     if (r.Value(name) != nullptr) ++commands;
@@ -93,8 +81,8 @@ std::optional<DeleteAction> ChooseAction(const CliRequest& r) {
 }  // namespace
 
 int RunDeleteCommand(const std::vector<std::string>& args, std::ostream& err) {
-  const std::optional<CliRequest> request =
-      ParseRequest(args, {"--date", "--index", "--month", "--year", "--older-than", "--newer-than"},
+  const std::optional<CommandOptions> request =
+      ParseOptions(args, {"--date", "--index", "--month", "--year", "--older-than", "--newer-than"},
                    {"--keep-repeats"});
   const std::optional<DeleteAction> action = request ? ChooseAction(*request) : std::nullopt;
   if (!action) {

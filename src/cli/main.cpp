@@ -11,6 +11,7 @@
 #include "cli/holidays_command.h"
 #include "cli/info_command.h"
 #include "cli/month_command.h"
+#include "cli/paste_command.h"
 #include "cli/rule_command.h"
 #include "platform/std/huge_pages.h"
 #include "platform/std/system_clock.h"
@@ -29,6 +30,7 @@ constexpr const char* kUsage =
     "       scltool delete FILE.scl --date YYYY/MM/DD --index K\n"
     "       scltool delete FILE.scl --month YYYY/MM | --year YYYY | --older-than YYYY/MM/DD\n"
     "         | --newer-than YYYY/MM/DD [--keep-repeats]\n"
+    "       scltool paste FILE.scl --from YYYY/MM/DD --index K --to YYYY/MM/DD [--single]\n"
     "       scltool rule WORD [YYYY/MM/DD COUNT]\n"
     "       scltool --help | --version\n";
 
@@ -71,6 +73,7 @@ int Run(const std::vector<std::string>& args) {
   if (command == "delete") {
     return sched::RunDeleteCommand({args.begin() + 1, args.end()}, std::cerr);
   }
+  if (command == "paste") return sched::RunPasteCommand({args.begin() + 1, args.end()}, std::cerr);
   if (command == "rule") {
     return sched::RunRuleCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }

@@ -137,6 +137,7 @@ void DocumentSession::ResetToToday(bool noRedraw) {
   doc.CurYear = now.year;
   doc.CurMonth = now.month;
   doc.CurDay = now.day;
+  doc.CopiedRow = -1;  // a copy does not outlive the document it was taken from
   s_.views.ShowDate({now.year, now.month, now.day});
   doc.CopiedRow = -1;
   s_.store.ResetHeader();

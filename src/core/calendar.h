@@ -30,6 +30,10 @@ constexpr int DaysInMonth(int year, int month) {
 constexpr std::int32_t DateCode(int year, int month, int day) {
   return year * 10000 + month * 100 + day;
 }
+// The date of a DateCode.
+constexpr CivilDate DateOfCode(std::int32_t code) {
+  return {code / 10000, code / 100 % 100, code % 100};
+}
 
 // True for a real date of the program's calendar range.
 constexpr bool IsValidDate(int year, int month, int day) {

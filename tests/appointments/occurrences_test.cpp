@@ -3,15 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <map>
 
 #include "appointments/texts.h"
-#include "core/app_texts.h"
 #include "platform/fake/fake_messages.h"
 #include "store/stamp.h"
 #include "tests/support/case_file.h"
 #include "tests/support/test_store.h"
+#include "tests/support/written_records.h"
 
 namespace sched {
 namespace {
@@ -35,27 +34,8 @@ struct Maker {
     work.WorkRepeatKind = wordBefore;
   }
 
-  // The live records, in the order they were written.
-  std::vector<SchRecord> Live() const {
-    std::vector<SchRecord> records;
-    const auto& list = s.doc.Tables.SchDatList;
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) records.push_back(RowToRecord(list.At(row)));
-    }
-    return records;
-  }
-
-  // The texts of the messages shown; each must be a warning of the program with an OK button.
-  std::vector<std::string> Warnings() const {
-    std::vector<std::string> texts;
-    for (const MessageRequest& m : messages.Shown()) {
-      EXPECT_EQ(m.title, kAppTitle);
-      EXPECT_EQ(m.icon, MsgIcon::Exclamation);
-      EXPECT_EQ(m.buttons, MsgButtons::Ok);
-      texts.push_back(m.text);
-    }
-    return texts;
-  }
+  std::vector<SchRecord> Live() const { return LiveRecords(s.doc.Tables); }
+  std::vector<std::string> Warnings() const { return WarningTexts(messages); }
 };
 
 AppointmentInput TimedOn(const CivilDate& date, int start = 540, int end = 600) {
@@ -65,28 +45,6 @@ AppointmentInput TimedOn(const CivilDate& date, int start = 540, int end = 600) 
   input.endMinutes = end;
   input.title = "Standup";
   return input;
-}
-
-std::string Text(int year, int month, int day) {
-  char text[40];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
-  return text;
-}
-std::string Start(const SchRecord& r) {
-  return Text(r.Year, r.Month, r.Day);
-}
-std::string End(const SchRecord& r) {
-  return Text(r.EndYear, r.EndMonth, r.EndDay);
-}
-
-std::string DatesOf(const std::vector<SchRecord>& records) {
-  std::string dates;
-  for (const SchRecord& r : records) dates += (dates.empty() ? "" : " ") + Start(r);
-  return dates;
-}
-
-std::vector<std::string> MessageList(const std::string& text) {
-  return text.empty() ? std::vector<std::string>{} : std::vector<std::string>{text};
 }
 
 int CodeOfKind(const CaseRow& c) {
@@ -123,7 +81,7 @@ TEST(Occurrences, RepeatingItemsGiveTheirDatesWordEndAndWarning) {
     EXPECT_EQ(DatesOf(records), c[7]) << c.where;
     EXPECT_EQ(m.work.WorkRepeatKind, Word(c, 5)) << c.where;
     for (const SchRecord& r : records) {
-      EXPECT_EQ(End(r), c[6]) << c.where;
+      EXPECT_EQ(EndText(r), c[6]) << c.where;
       EXPECT_EQ(r.RepeatKind, static_cast<std::int16_t>(Word(c, 5))) << c.where;
     }
     EXPECT_EQ(m.Warnings(), MessageList(c[8])) << c.where;
@@ -151,7 +109,7 @@ TEST(Occurrences, ASeriesReadBackAndWrittenAgainIsTheSameSeries) {
     EXPECT_EQ(again.RepeatStep, c.Int(2) - 1) << c.where;
     EXPECT_EQ(again.RepeatCode, CodeOfKind(c)) << c.where;
     EXPECT_EQ(again.RepeatLastCode, DateCode(last.year, last.month, last.day)) << c.where;
-    EXPECT_EQ(Text(again.RepeatLastYear, again.RepeatLastMonth, again.RepeatLastDay), c[6]);
+    EXPECT_EQ(DateText(again.RepeatLastYear, again.RepeatLastMonth, again.RepeatLastDay), c[6]);
 
     const std::int32_t lowest =
         GetSeriesLowestSubNo(m.s.doc.Tables, opened.ParentSubNo, opened.ParentStamp);
@@ -225,7 +183,7 @@ TEST(Occurrences, EveryRecordCarriesTheDialogsTextsFlagsAndAlarm) {
   ASSERT_TRUE(m.maker.Expand(input, std::nullopt));
 
   const SchRecord& first = m.maker.Record();
-  EXPECT_EQ(Start(first), "2026-11-21");
+  EXPECT_EQ(StartText(first), "2026-11-21");
   EXPECT_EQ(first.SubNo, 1);
   EXPECT_EQ(first.Title, appointment_texts::kNoTitle);
   EXPECT_EQ(first.Place, "Room 1");
@@ -245,7 +203,7 @@ TEST(Occurrences, EveryRecordCarriesTheDialogsTextsFlagsAndAlarm) {
   EXPECT_EQ(m.s.alarms.calls,
             (std::vector<std::string>{"AddAlarmOfRecord 0", "SortTodayAlarms", "ArmNextAlarm"}));
   // The shown date follows the occurrences written.
-  EXPECT_EQ(Text(m.s.doc.CurYear, m.s.doc.CurMonth, m.s.doc.CurDay), "2026-12-05");
+  EXPECT_EQ(DateText(m.s.doc.CurYear, m.s.doc.CurMonth, m.s.doc.CurDay), "2026-12-05");
 
   // A plain item without a chosen sound rings the default one.
   m.s.alarms.calls.clear();
@@ -277,9 +235,9 @@ TEST(Occurrences, AnItemOverThirtyDaysIsWrittenAndOverThirtyOneRefused) {
   ASSERT_TRUE(m.maker.Expand(trip, std::nullopt));
   const std::vector<SchRecord> days = m.Live();
   ASSERT_EQ(days.size(), 30u);
-  EXPECT_EQ(Start(days.back()), "2000-01-15");
+  EXPECT_EQ(StartText(days.back()), "2000-01-15");
   for (std::size_t i = 0; i < days.size(); ++i) {
-    EXPECT_EQ(End(days[i]), "2000-01-15");
+    EXPECT_EQ(EndText(days[i]), "2000-01-15");
     EXPECT_EQ(days[i].RepeatKind, kMultiDayKind);
     EXPECT_EQ(days[i].StartTime, -1);  // a span has no times
     EXPECT_EQ(days[i].SubNo, static_cast<int>(i) + 1);

@@ -336,5 +336,53 @@ TEST(Scltool, DeleteAsksAndRemovesAsTheWindowDoes) {
   }
 }
 
+// scltool paste on a day of two items, "Early" at 08:00 and then a series of five: which item
+// the index takes, the messages, and the live rows of the file afterwards.
+TEST(Scltool, PasteCopiesTheDaysItemByIndex) {
+  const struct {
+    const char* args;
+    int status;
+    const char* messages;
+    int rows;
+  } cases[] = {
+      {"--from 2026/11/24 --index 2 --to 2099/11/26", 0,
+       "Do you want to keep regular information?\nCannot paste schedules beyond 12/31/2099.\n", 9},
+      {"--from 2026/11/24 --index 2 --to 2026/11/25 --single", 0,
+       "Do you want to keep regular information?\n", 7},
+      {"--from 2026/11/24 --index 1 --to 2026/11/25", 0, "", 7},
+      {"--from 2026/11/24 --index 3 --to 2026/11/25", 1, "Cannot copy this day that no schedule.\n",
+       6},
+      {"--from 2026/11/25 --index 1 --to 2026/11/25", 1, "Cannot copy this day that no schedule.\n",
+       6},
+      {"--from 2026/11/24 --index 0 --to 2026/11/25", 2, nullptr, 6},
+      {"--from 2026/11/24 --index 1", 2, nullptr, 6},
+  };
+  TempDir dir;
+  const std::string day = dir.File("day.scl");
+  const std::string file = Quoted(dir.File("pasted.scl"));
+  ASSERT_EQ(Scltool("add " + Quoted(day) +
+                    " --title Team --date 2026/11/24 --time 09:00-10:00 --repeat weekly --every 2"
+                    " --count 5")
+                .status,
+            0);
+  ASSERT_EQ(
+      Scltool("add " + Quoted(day) + " --title Early --date 2026/11/24 --time 08:00-08:30").status,
+      0);
+  for (const auto& c : cases) {
+    std::filesystem::copy_file(day, dir.File("pasted.scl"),
+                               std::filesystem::copy_options::overwrite_existing);
+    const Result pasted = Scltool("paste " + file + " " + c.args, Stream::Err);
+    EXPECT_EQ(pasted.status, c.status) << c.args;
+    if (c.messages != nullptr) {
+      EXPECT_EQ(pasted.out, c.messages) << c.args;
+    } else {
+      EXPECT_EQ(pasted.out.rfind("usage: scltool paste", 0), 0u) << c.args << ": " << pasted.out;
+    }
+    TestStore s;
+    ASSERT_TRUE(s.LoadFrom(dir.File("pasted.scl")));
+    EXPECT_EQ(s.doc.Tables.RowCount, c.rows) << c.args;
+  }
+}
+
 }  // namespace
 }  // namespace sched

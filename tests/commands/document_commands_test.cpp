@@ -127,9 +127,11 @@ TEST(DocumentCommands, NewAsksForChangesAndEmptiesTheDocument) {
   s.dialogs.QueueAnswer(s.MakeFile("doc.scl", "old"));
   s.commands.OpenOnPc();
   s.doc.Dirty = true;
+  s.doc.CopiedRow = 0;
   s.messages.QueueAnswer(MsgAnswer::Cancel);
   s.commands.New();
   EXPECT_EQ(s.doc.Tables.RowCount, 1);  // cancelled: nothing changed
+  EXPECT_EQ(s.doc.CopiedRow, 0);
 
   s.messages.QueueAnswer(MsgAnswer::No);
   s.window.calls.clear();
@@ -138,6 +140,7 @@ TEST(DocumentCommands, NewAsksForChangesAndEmptiesTheDocument) {
   EXPECT_TRUE(s.doc.Tables.SchDatList.IsEmpty());
   EXPECT_EQ(s.doc.ScheduleFile, "");
   EXPECT_FALSE(s.doc.Dirty);
+  EXPECT_EQ(s.doc.CopiedRow, -1);  // nothing left to paste
   EXPECT_EQ(s.window.title, "Scheduler - Untitled");
   EXPECT_EQ(s.doc.CurYear * 10000 + s.doc.CurMonth * 100 + s.doc.CurDay, 20261121);
   EXPECT_TRUE(s.window.Called("ShowFirstTab"));
