@@ -11,6 +11,7 @@ class ItemCommandsTest : public ViewsGuiTest {
   // The program on a file of one weekly series of four (from Tuesday 2026/11/3) and one plain
   // item on Friday 2026/11/6.
   void SetUp() override {
+    clock.SetSecondsPerReading(1);  // each new series waits for a stamp of its own
     TestStore file;
     SchRecord weekly = MakeItem(2026, 11, 3, 540, 600, "Standup");
     weekly.RepeatKind = 0x1008;  // every week on Tuesday
