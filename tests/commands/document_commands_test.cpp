@@ -4,9 +4,14 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <map>
+#include <sstream>
 
 #include "platform/fake/fake_file_dialogs.h"
 #include "shell/texts.h"
+#include "tests/support/case_file.h"
+#include "tests/support/message_lines.h"
 #include "tests/support/test_session.h"
 
 namespace sched {
@@ -65,9 +70,8 @@ TEST(DocumentCommands, CheckInputFnameSCL) {
     EXPECT_EQ(s.commands.CheckInputFnameSCL(c.path), c.ok) << c.path;
     EXPECT_EQ(s.messages.Shown().size(), before + (c.ok ? 0 : 1)) << c.path;
   }
-  EXPECT_EQ(s.messages.Shown().back().text, "This is not a Scheduler file.");
-  EXPECT_EQ(s.messages.Shown().back().title, "Scheduler");
-  EXPECT_EQ(s.messages.Shown().back().icon, MsgIcon::Exclamation);
+  EXPECT_EQ(testing::MessageLine(s.messages.Shown().back()),
+            "[Scheduler, Exclamation, Ok] This is not a Scheduler file.");
 }
 
 TEST(DocumentCommands, OpenOnPcLoadsTheChosenFileAndCancelKeepsTheDocument) {
@@ -110,10 +114,9 @@ TEST(DocumentCommands, TheQuestionForUnsavedChanges) {
     s.doc.Dirty = true;
     s.messages.QueueAnswer(c.answer);
     EXPECT_EQ(s.commands.AskSaveChanges(), c.goesOn);
-    const MessageRequest& asked = s.messages.Shown().back();
-    EXPECT_EQ(asked.text, "Do you want to save the changes?");
-    EXPECT_EQ(asked.title, "Scheduler");
-    EXPECT_EQ(asked.buttons, MsgButtons::YesNoCancel);
+    EXPECT_EQ(testing::MessageLines(s.messages),
+              std::vector<std::string>{
+                  "[Scheduler, Exclamation, YesNoCancel] Do you want to save the changes?"});
     Shell check;
     check.dialogs.QueueAnswer(s.doc.ScheduleFile);
     check.commands.OpenOnPc();
@@ -220,102 +223,39 @@ TEST(DocumentCommands, CsvDocumentsAreRefusedClearlyUntilTheyCanBeRead) {
   EXPECT_EQ(s.window.title, "Scheduler - PC:open.scl");
 }
 
-// Every save that fails keeps the changes marked unsaved, says why, and a question for the
+// Every save that fails keeps the changes marked unsaved and says why, and a question for the
 // changes that ends in a failed save keeps the program where it is.
 TEST(DocumentCommands, AFailedSaveKeepsTheChangesUnsaved) {
-  const std::string writeError = "Write error!";
-  const std::string uploadError = "File translate error when upload to Tarvex!";
-  struct Case {
-    std::string name;
-    void (*prepare)(Shell&);
-    bool (*run)(Shell&);  // what the command gives; false for the commands that give nothing
-    std::string message;
-  };
-  const std::vector<Case> cases = {
-      {"Save to PC of a read-only file",
-       [](Shell& s) {
-         OpenChangedPcFile(s);
-         MakeReadOnly(s.doc.ScheduleFile);
-       },
-       [](Shell& s) {
-         s.commands.SaveToPc();
-         return false;
-       },
-       writeError},
-      {"Save as on PC onto a read-only file",
-       [](Shell& s) {
-         OpenChangedPcFile(s);
-         MakeReadOnly(s.dir.Write("taken.scl", "someone's"));
-         s.dialogs.QueueAnswer(s.dir.File("taken.scl"));
-       },
-       [](Shell& s) {
-         s.commands.SaveAsOnPc();
-         return false;
-       },
-       writeError},
-      {"the question for a read-only PC file",
-       [](Shell& s) {
-         OpenChangedPcFile(s);
-         MakeReadOnly(s.doc.ScheduleFile);
-         s.messages.QueueAnswer(MsgAnswer::Yes);
-       },
-       [](Shell& s) { return s.commands.AskSaveChanges(); }, writeError},
-      {"the question for an untitled document saved onto a read-only file",
-       [](Shell& s) {
-         s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
-         s.doc.Dirty = true;
-         MakeReadOnly(s.dir.Write("taken.scl", "someone's"));
-         s.messages.QueueAnswer(MsgAnswer::Yes);
-         s.dialogs.QueueAnswer(s.dir.File("taken.scl"));
-       },
-       [](Shell& s) { return s.commands.AskSaveChanges(); }, writeError},
-      {"Save to Tarvex refused by the device",
-       [](Shell& s) {
-         OpenChangedDeviceFile(s);
-         s.device.putResult = 7;
-       },
-       [](Shell& s) { return s.commands.SaveToTarvex(); }, uploadError},
-      {"Save to Tarvex without a temporary folder",
-       [](Shell& s) {
-         OpenChangedDeviceFile(s);
-         ::setenv("TMPDIR", s.dir.File("no such folder").c_str(), 1);
-       },
-       [](Shell& s) { return s.commands.SaveToTarvex(); }, writeError},
-      {"Save as on Tarvex refused by the device",
-       [](Shell& s) {
-         OpenChangedDeviceFile(s);
-         s.device.putResult = 7;
-         s.device.saveDialogAnswer = "\\PIM\\other.scl";
-       },
-       [](Shell& s) { return s.commands.SaveAsOnTarvex(); }, uploadError},
-      {"Save to Tarvex of a PC file refused by the device",
-       [](Shell& s) {
-         OpenChangedPcFile(s);
-         s.device.cacheRoot = s.dir.File("cache");
-         s.device.putResult = 7;
-         s.device.saveDialogAnswer = "\\PIM\\doc.scl";
-       },
-       [](Shell& s) { return s.commands.SaveToTarvex(); }, uploadError},
-      {"the question for a device file refused by the device",
-       [](Shell& s) {
-         OpenChangedDeviceFile(s);
-         s.device.putResult = 7;
-         s.messages.QueueAnswer(MsgAnswer::Yes);
-       },
-       [](Shell& s) { return s.commands.AskSaveChanges(); }, uploadError},
-  };
-  for (const Case& c : cases) {
+  for (const testing::CaseRow& row : testing::ReadCases("commands/failed-saves.txt", 4, 9)) {
     Shell s;
     const TempFolder temp(s.dir.Path().string());
-    c.prepare(s);
-    EXPECT_FALSE(c.run(s)) << c.name;
-    EXPECT_TRUE(s.doc.Dirty) << c.name;
-    ASSERT_FALSE(s.messages.Shown().empty()) << c.name;
-    const MessageRequest& shown = s.messages.Shown().back();
-    EXPECT_EQ(shown.text, c.message) << c.name;
-    EXPECT_EQ(shown.title, "Scheduler") << c.name;
-    EXPECT_EQ(shown.icon, MsgIcon::Exclamation) << c.name;
-    EXPECT_TRUE(s.device.files.empty()) << c.name;
+    std::istringstream setup(row[1]);
+    for (std::string word; setup >> word;) {
+      if (word == "pc") OpenChangedPcFile(s);
+      if (word == "device") OpenChangedDeviceFile(s);
+      if (word == "untitled") s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
+      if (word == "untitled") s.doc.Dirty = true;
+      if (word == "read-only") MakeReadOnly(s.doc.ScheduleFile);
+      if (word == "taken") MakeReadOnly(s.dir.Write("taken.scl", "someone's"));
+      if (word == "taken") s.dialogs.QueueAnswer(s.dir.File("taken.scl"));
+      if (word == "yes") s.messages.QueueAnswer(MsgAnswer::Yes);
+      if (word == "refused") s.device.putResult = 7;
+      if (word == "no-tmp") ::setenv("TMPDIR", s.dir.File("no such folder").c_str(), 1);
+      if (word == "cache") s.device.cacheRoot = s.dir.File("cache");
+      if (word.starts_with("device-name:")) s.device.saveDialogAnswer = word.substr(12);
+    }
+    // What the command gives; false for the commands that give nothing.
+    const std::map<std::string, std::function<bool()>> commands = {
+        {"save-pc", [&] { return s.commands.SaveToPc(), false; }},
+        {"save-as-pc", [&] { return s.commands.SaveAsOnPc(), false; }},
+        {"ask", [&] { return s.commands.AskSaveChanges(); }},
+        {"save-tarvex", [&] { return s.commands.SaveToTarvex(); }},
+        {"save-as-tarvex", [&] { return s.commands.SaveAsOnTarvex(); }}};
+    EXPECT_FALSE(commands.at(row[2])()) << row.where;
+    EXPECT_TRUE(s.doc.Dirty) << row.where;
+    const std::vector<std::string> shown = testing::MessageLines(s.messages);
+    EXPECT_EQ(shown.empty() ? "(none)" : shown.back(), row[3]) << row.where;
+    EXPECT_TRUE(s.device.files.empty()) << row.where;
   }
 }
 

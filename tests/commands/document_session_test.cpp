@@ -5,18 +5,15 @@
 #include <filesystem>
 
 #include "shell/settings.h"
+#include "tests/support/message_lines.h"
 #include "tests/support/test_session.h"
 
 namespace sched {
 namespace {
 
 void ExpectOneMessage(const TestSession& s, const std::string& text) {
-  ASSERT_EQ(s.messages.Shown().size(), 1u);
-  const MessageRequest& shown = s.messages.Shown()[0];
-  EXPECT_EQ(shown.text, text);
-  EXPECT_EQ(shown.title, "Scheduler");
-  EXPECT_EQ(shown.icon, MsgIcon::Exclamation);
-  EXPECT_EQ(shown.buttons, MsgButtons::Ok);
+  EXPECT_EQ(testing::MessageLines(s.messages),
+            std::vector<std::string>{"[Scheduler, Exclamation, Ok] " + text});
 }
 
 TEST(DocumentSession, ALoadShowsItsProgressThenTheDocumentAndItsAlarms) {
