@@ -102,24 +102,28 @@ std::optional<CivilDate> DateOf(const CaseRow& row, std::size_t i) {
   return row[i] == "none" ? std::nullopt : std::optional<CivilDate>(row.Date(i));
 }
 
+// The state and the line of a step, short for the many steps and looks below.
+using S = Edit&;
+using R = const CaseRow&;
+
 testing::Trace<Edit> EditDialogTrace() {
   testing::Trace<Edit> t;
   const auto n = [](int value) { return std::to_string(value); };
-  t.steps["clock"] = [](Edit& e, const CaseRow& row) {
+  t.steps["clock"] = [](S e, R row) {
     const CivilDate d = row.Date(1);
     int hour = 0, minute = 0;
     EXPECT_EQ(std::sscanf(row[2].c_str(), "%d:%d", &hour, &minute), 2) << row.where;
     e.fake.clock.Set({d.year, d.month, d.day, hour, minute, 0});
   };
-  t.steps["show"] = [](Edit& e, const CaseRow& row) { e.Show(row.Date(1)); };
+  t.steps["show"] = [](S e, R row) { e.Show(row.Date(1)); };
   // The alarm sounds the next dialog offers, separated by blanks.
-  t.steps["sounds"] = [](Edit& e, const CaseRow& row) {
+  t.steps["sounds"] = [](S e, R row) {
     e.sounds.clear();
     std::istringstream names(row[1]);
     for (std::string name; names >> name;) e.sounds.push_back(name);
   };
   // A row of the schedule written before: DATE START END TITLE, and an alarm SOUND and LEAD.
-  t.steps["insert"] = [](Edit& e, const CaseRow& row) {
+  t.steps["insert"] = [](S e, R row) {
     const CivilDate d = row.Date(1);
     SchRecord r = MakeItem(d.year, d.month, d.day, row.Int(2), row.Int(3), row[4]);
     r.AlarmOn = row[5].empty() ? 0 : 1;
@@ -128,7 +132,7 @@ testing::Trace<Edit> EditDialogTrace() {
     e.fake.store.InsertRecord(r);
   };
   // An item written through a dialog of its own: TITLE START END.
-  t.steps["add"] = [](Edit& e, const CaseRow& row) {
+  t.steps["add"] = [](S e, R row) {
     SchEditModel& model = e.Open();
     model.OpenNew();
     model.Text1_Change(row[1]);
@@ -136,36 +140,30 @@ testing::Trace<Edit> EditDialogTrace() {
     model.ImDate1_Change(1, row.Date(3));
     EXPECT_TRUE(model.SchEditOK_Click()) << row.where;
   };
-  t.steps["new"] = [](Edit& e, const CaseRow&) { e.Open().OpenNew(); };
-  t.steps["modify"] = [](Edit& e, const CaseRow& row) { e.Open().OpenModify(row.Int(1)); };
-  t.steps["title"] = [](Edit& e, const CaseRow& row) { e.model->Text1_Change(TextOf(row)); };
-  t.steps["place"] = [](Edit& e, const CaseRow& row) { e.model->Text3_Change(TextOf(row)); };
-  t.steps["memo"] = [](Edit& e, const CaseRow& row) { e.model->Text2_Change(TextOf(row)); };
-  t.steps["date"] = [](Edit& e, const CaseRow& row) {
-    e.model->ImDate1_Change(row.Int(1), DateOf(row, 2));
-  };
-  t.steps["pick"] = [](Edit& e, const CaseRow& row) {
-    e.model->Combo1_Click(row.Int(1), row.Int(2));
-  };
-  t.steps["time"] = [](Edit& e, const CaseRow& row) { e.model->Combo1_Text(row.Int(1), row[2]); };
-  t.steps["allday"] = [](Edit& e, const CaseRow& row) { e.model->Check3_Click(row.YesNo(1)); };
-  t.steps["alarm"] = [](Edit& e, const CaseRow& row) { e.model->Check1_Click(row.YesNo(1)); };
-  t.steps["private"] = [](Edit& e, const CaseRow& row) { e.model->Check2_Click(row.YesNo(1)); };
-  t.steps["minutes"] = [](Edit& e, const CaseRow& row) { e.model->ImNumber1_Change(row.Int(1)); };
-  t.steps["key"] = [](Edit& e, const CaseRow& row) {
+  t.steps["new"] = [](S e, R) { e.Open().OpenNew(); };
+  t.steps["modify"] = [](S e, R row) { e.Open().OpenModify(row.Int(1)); };
+  t.steps["title"] = [](S e, R row) { e.model->Text1_Change(TextOf(row)); };
+  t.steps["place"] = [](S e, R row) { e.model->Text3_Change(TextOf(row)); };
+  t.steps["memo"] = [](S e, R row) { e.model->Text2_Change(TextOf(row)); };
+  t.steps["date"] = [](S e, R row) { e.model->ImDate1_Change(row.Int(1), DateOf(row, 2)); };
+  t.steps["pick"] = [](S e, R row) { e.model->Combo1_Click(row.Int(1), row.Int(2)); };
+  t.steps["time"] = [](S e, R row) { e.model->Combo1_Text(row.Int(1), row[2]); };
+  t.steps["allday"] = [](S e, R row) { e.model->Check3_Click(row.YesNo(1)); };
+  t.steps["alarm"] = [](S e, R row) { e.model->Check1_Click(row.YesNo(1)); };
+  t.steps["private"] = [](S e, R row) { e.model->Check2_Click(row.YesNo(1)); };
+  t.steps["minutes"] = [](S e, R row) { e.model->ImNumber1_Change(row.Int(1)); };
+  t.steps["key"] = [](S e, R row) {
     const std::map<std::string, int> keys = {
         {"up", kKeyUp}, {"down", kKeyDown}, {"left", kKeyLeft}};
     EXPECT_EQ(e.model->ImNumber1_KeyDown(keys.at(row[1])), row.YesNo(2)) << row.where;
   };
-  t.steps["sound"] = [](Edit& e, const CaseRow& row) {
-    e.model->Sound_Change(testing::Unescaped(row[1]));
-  };
+  t.steps["sound"] = [](S e, R row) { e.model->Sound_Change(testing::Unescaped(row[1])); };
   // The sound box left, and whether it lets the focus go.
-  t.steps["leave-sound"] = [](Edit& e, const CaseRow& row) {
+  t.steps["leave-sound"] = [](S e, R row) {
     EXPECT_EQ(e.model->Sound_LostFocus(), row.YesNo(1)) << row.where;
   };
   // The repeat button, and in its dialog: OPTION, INTERVAL, COUNT and OK.
-  t.steps["repeat"] = [](Edit& e, const CaseRow& row) {
+  t.steps["repeat"] = [](S e, R row) {
     const int option = row.Int(1), interval = row.Int(2), count = row.Int(3);
     e.host.user = [=](RepeatModel& repeat) {
       repeat.Option1_Click(option);
@@ -175,100 +173,100 @@ testing::Trace<Edit> EditDialogTrace() {
     };
     e.model->Command1_Click();
   };
-  t.steps["answer"] = [](Edit& e, const CaseRow& row) {
+  t.steps["answer"] = [](S e, R row) {
     const std::map<std::string, MsgAnswer> answers = {
         {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
     e.messages.QueueAnswer(answers.at(row[1]));
   };
-  t.steps["ok"] = [](Edit& e, const CaseRow& row) {
+  t.steps["ok"] = [](S e, R row) {
     EXPECT_EQ(e.model->SchEditOK_Click(), row.YesNo(1)) << row.where << ": whether OK closes";
   };
-  t.steps["cancel"] = [](Edit& e, const CaseRow& row) {
+  t.steps["cancel"] = [](S e, R row) {
     EXPECT_EQ(e.model->SchEditCAN_Click(), row.YesNo(1)) << row.where << ": whether it closes";
   };
-  t.steps["keep-stamp"] = [](Edit& e, const CaseRow& row) { e.stamp = e.Row(row[1]).Stamp; };
+  t.steps["keep-stamp"] = [](S e, R row) { e.stamp = e.Row(row[1]).Stamp; };
 
   // The time lists and typed times.
-  t.looks["time-items"] = [n](Edit&, auto&) { return n(int(TimeComboItems().size())); };
-  t.looks["time-item"] = [n](Edit&, auto& i) {
+  t.looks["time-items"] = [n](S, auto&) { return n(int(TimeComboItems().size())); };
+  t.looks["time-item"] = [n](S, auto& i) {
     const TimeComboItem& item = TimeComboItems().at(std::stoul(i));
     return item.text + " " + n(item.minutes);
   };
-  t.looks["parsed"] = [](Edit&, auto& text) { return Text(ParseTimeText(text)); };
+  t.looks["parsed"] = [](S, auto& text) { return Text(ParseTimeText(text)); };
 
   // What the dialog shows.
   const auto c = [](Edit& e) -> const SchEditControls& { return e.model->Controls(); };
-  t.looks["caption"] = [c](Edit& e, auto&) { return c(e).Caption; };
-  t.looks["title"] = [c](Edit& e, auto&) { return c(e).Text1; };
-  t.looks["place"] = [c](Edit& e, auto&) { return c(e).Text3; };
-  t.looks["title.size"] = [c, n](Edit& e, auto&) { return n(int(c(e).Text1.size())); };
-  t.looks["place.size"] = [c, n](Edit& e, auto&) { return n(int(c(e).Text3.size())); };
-  t.looks["memo.size"] = [c, n](Edit& e, auto&) { return n(int(c(e).Text2.size())); };
-  t.looks["dates"] = [c](Edit& e, auto&) {
+  t.looks["caption"] = [c](S e, auto&) { return c(e).Caption; };
+  t.looks["title"] = [c](S e, auto&) { return c(e).Text1; };
+  t.looks["place"] = [c](S e, auto&) { return c(e).Text3; };
+  t.looks["title.size"] = [c, n](S e, auto&) { return n(int(c(e).Text1.size())); };
+  t.looks["place.size"] = [c, n](S e, auto&) { return n(int(c(e).Text3.size())); };
+  t.looks["memo.size"] = [c, n](S e, auto&) { return n(int(c(e).Text2.size())); };
+  t.looks["dates"] = [c](S e, auto&) {
     return Text(c(e).ImDate1[0]) + " " + Text(c(e).ImDate1[1]);
   };
-  t.looks["times"] = [c](Edit& e, auto&) {
+  t.looks["times"] = [c](S e, auto&) {
     return Text(c(e).DTPicker2[0]) + " " + Text(c(e).DTPicker2[1]);
   };
-  t.looks["time-list"] = [c, n](Edit& e, auto& i) { return n(c(e).Combo1.at(std::stoul(i))); };
-  t.looks["time-text"] = [](Edit& e, auto& i) { return e.model->TimeText(std::stoi(i)); };
-  t.looks["times-enabled"] = [c](Edit& e, auto&) { return YesNo(c(e).TimesEnabled); };
-  t.looks["end-date-enabled"] = [c](Edit& e, auto&) { return YesNo(c(e).EndDateEnabled); };
-  t.looks["alarm"] = [c](Edit& e, auto&) { return YesNo(c(e).Check1); };
-  t.looks["alarm-enabled"] = [c](Edit& e, auto&) { return YesNo(c(e).Check1Enabled); };
-  t.looks["minutes"] = [c, n](Edit& e, auto&) { return n(c(e).ImNumber1); };
-  t.looks["minutes-enabled"] = [c](Edit& e, auto&) { return YesNo(c(e).ImNumber1Enabled); };
-  t.looks["sound"] = [c](Edit& e, auto&) { return c(e).SoundName; };
-  t.looks["sound-enabled"] = [c](Edit& e, auto&) { return YesNo(c(e).SoundEnabled); };
-  t.looks["preview-enabled"] = [c](Edit& e, auto&) { return YesNo(c(e).PreviewEnabled); };
-  t.looks["repeat-enabled"] = [c](Edit& e, auto&) { return YesNo(c(e).Command1Enabled); };
-  t.looks["repeat-shown"] = [n](Edit& e, auto&) { return n(e.host.shown); };
+  t.looks["time-list"] = [c, n](S e, auto& i) { return n(c(e).Combo1.at(std::stoul(i))); };
+  t.looks["time-text"] = [](S e, auto& i) { return e.model->TimeText(std::stoi(i)); };
+  t.looks["times-enabled"] = [c](S e, auto&) { return YesNo(c(e).TimesEnabled); };
+  t.looks["end-date-enabled"] = [c](S e, auto&) { return YesNo(c(e).EndDateEnabled); };
+  t.looks["alarm"] = [c](S e, auto&) { return YesNo(c(e).Check1); };
+  t.looks["alarm-enabled"] = [c](S e, auto&) { return YesNo(c(e).Check1Enabled); };
+  t.looks["minutes"] = [c, n](S e, auto&) { return n(c(e).ImNumber1); };
+  t.looks["minutes-enabled"] = [c](S e, auto&) { return YesNo(c(e).ImNumber1Enabled); };
+  t.looks["sound"] = [c](S e, auto&) { return c(e).SoundName; };
+  t.looks["sound-enabled"] = [c](S e, auto&) { return YesNo(c(e).SoundEnabled); };
+  t.looks["preview-enabled"] = [c](S e, auto&) { return YesNo(c(e).PreviewEnabled); };
+  t.looks["repeat-enabled"] = [c](S e, auto&) { return YesNo(c(e).Command1Enabled); };
+  t.looks["repeat-shown"] = [n](S e, auto&) { return n(e.host.shown); };
   // The box that asks for the focus, once.
-  t.looks["focus"] = [](Edit& e, auto&) -> std::string {
+  t.looks["focus"] = [](S e, auto&) -> std::string {
     static const char* const kNames[] = {"title",      "place",    "memo",
                                          "start-date", "end-date", "start-time",
                                          "end-time",   "minutes",  "sound"};
     const std::optional<EditFocus> focus = e.model->TakeFocus();
     return focus ? kNames[static_cast<int>(*focus)] : "none";
   };
-  t.looks["messages"] = [](Edit& e, auto&) { return testing::NewMessageLines(e.messages, e.seen); };
+  t.looks["messages"] = [](S e, auto&) { return testing::NewMessageLines(e.messages, e.seen); };
 
   // The dialog's session and the schedule.
-  t.looks["changed"] = [n](Edit& e, auto&) { return n(e.model->ChangedFlag); };
-  t.looks["new-item"] = [n](Edit& e, auto&) { return n(e.model->IsNewItem); };
-  t.looks["record.alarm"] = [n](Edit& e, auto&) { return n(e.model->Record.AlarmOn); };
+  t.looks["changed"] = [n](S e, auto&) { return n(e.model->ChangedFlag); };
+  t.looks["new-item"] = [n](S e, auto&) { return n(e.model->IsNewItem); };
+  t.looks["record.alarm"] = [n](S e, auto&) { return n(e.model->Record.AlarmOn); };
   // The rule's count and step (interval - 1) as the session holds them.
-  t.looks["rule"] = [n](Edit& e, auto&) {
+  t.looks["rule"] = [n](S e, auto&) {
     return n(e.model->Work.RepeatCount) + " " + n(e.model->Work.RepeatStep);
   };
-  t.looks["written"] = [](Edit& e, auto&) { return YesNo(e.model->Written()); };
-  t.looks["new-row"] = [n](Edit& e, auto&) { return n(e.model->NewRow()); };
-  t.looks["shown"] = [](Edit& e, auto&) {
+  t.looks["written"] = [](S e, auto&) { return YesNo(e.model->Written()); };
+  t.looks["new-row"] = [n](S e, auto&) { return n(e.model->NewRow()); };
+  t.looks["shown"] = [](S e, auto&) {
     return Text(e.fake.doc.CurYear, e.fake.doc.CurMonth, e.fake.doc.CurDay);
   };
-  t.looks["rows"] = [n](Edit& e, auto&) { return n(int(e.LiveRows().size())); };
-  t.looks["row.date"] = [](Edit& e, auto& i) {
+  t.looks["rows"] = [n](S e, auto&) { return n(int(e.LiveRows().size())); };
+  t.looks["row.date"] = [](S e, auto& i) {
     const SchDatRow r = e.Row(i);
     return Text(r.Year, r.Month, r.Day) + " " + Text(r.EndYear, r.EndMonth, r.EndDay);
   };
-  t.looks["row.times"] = [n](Edit& e, auto& i) {
+  t.looks["row.times"] = [n](S e, auto& i) {
     return n(e.Row(i).StartTime) + " " + n(e.Row(i).EndTime);
   };
-  t.looks["row.title"] = [](Edit& e, auto& i) { return e.Row(i).Title; };
-  t.looks["row.place"] = [](Edit& e, auto& i) { return e.Row(i).Place; };
-  t.looks["row.private"] = [n](Edit& e, auto& i) { return n(e.Row(i).Private); };
-  t.looks["row.alarm"] = [n](Edit& e, auto& i) { return n(e.Row(i).AlarmOn); };
-  t.looks["row.sound"] = [n](Edit& e, auto& i) {
+  t.looks["row.title"] = [](S e, auto& i) { return e.Row(i).Title; };
+  t.looks["row.place"] = [](S e, auto& i) { return e.Row(i).Place; };
+  t.looks["row.private"] = [n](S e, auto& i) { return n(e.Row(i).Private); };
+  t.looks["row.alarm"] = [n](S e, auto& i) { return n(e.Row(i).AlarmOn); };
+  t.looks["row.sound"] = [n](S e, auto& i) {
     return n(e.Row(i).AlarmLead) + " " + e.Row(i).AlarmSound;
   };
-  t.looks["row.kind"] = [](Edit& e, auto& i) {
+  t.looks["row.kind"] = [](S e, auto& i) {
     char text[8];
     std::snprintf(text, sizeof text, "0x%04X", static_cast<std::uint16_t>(e.Row(i).RepeatKind));
     return std::string(text);
   };
-  t.looks["row.subno"] = [n](Edit& e, auto& i) { return n(e.Row(i).SubNo); };
+  t.looks["row.subno"] = [n](S e, auto& i) { return n(e.Row(i).SubNo); };
   // Whether the row carries the kept stamp, marked as written anew.
-  t.looks["row.kept-stamp"] = [](Edit& e, auto& i) {
+  t.looks["row.kept-stamp"] = [](S e, auto& i) {
     return YesNo(static_cast<std::uint32_t>(e.Row(i).Stamp) ==
                  (static_cast<std::uint32_t>(e.stamp) | 0xC0000000u));
   };
