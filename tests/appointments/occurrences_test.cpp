@@ -11,6 +11,7 @@
 #include "platform/fake/fake_messages.h"
 #include "store/stamp.h"
 #include "tests/support/case_file.h"
+#include "tests/support/message_lines.h"
 #include "tests/support/test_store.h"
 
 namespace sched {
@@ -38,23 +39,8 @@ struct Maker {
   // The live records, in the order they were written.
   std::vector<SchRecord> Live() const {
     std::vector<SchRecord> records;
-    const auto& list = s.doc.Tables.SchDatList;
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) records.push_back(RowToRecord(list.At(row)));
-    }
+    for (const SchDatRow& row : LiveRows(s.doc.Tables)) records.push_back(RowToRecord(row));
     return records;
-  }
-
-  // The texts of the messages shown; each must be a warning of the program with an OK button.
-  std::vector<std::string> Warnings() const {
-    std::vector<std::string> texts;
-    for (const MessageRequest& m : messages.Shown()) {
-      EXPECT_EQ(m.title, kAppTitle);
-      EXPECT_EQ(m.icon, MsgIcon::Exclamation);
-      EXPECT_EQ(m.buttons, MsgButtons::Ok);
-      texts.push_back(m.text);
-    }
-    return texts;
   }
 };
 
@@ -85,8 +71,10 @@ std::string DatesOf(const std::vector<SchRecord>& records) {
   return dates;
 }
 
-std::vector<std::string> MessageList(const std::string& text) {
-  return text.empty() ? std::vector<std::string>{} : std::vector<std::string>{text};
+// The warning of a case, as the one line of its message box; none for "".
+std::vector<std::string> Warning(const std::string& text) {
+  if (text.empty()) return {};
+  return {"[" + std::string(kAppTitle) + ", Exclamation, Ok] " + text};
 }
 
 int CodeOfKind(const CaseRow& c) {
@@ -126,7 +114,7 @@ TEST(Occurrences, RepeatingItemsGiveTheirDatesWordEndAndWarning) {
       EXPECT_EQ(End(r), c[6]) << c.where;
       EXPECT_EQ(r.RepeatKind, static_cast<std::int16_t>(Word(c, 5))) << c.where;
     }
-    EXPECT_EQ(m.Warnings(), MessageList(c[8])) << c.where;
+    EXPECT_EQ(testing::MessageLines(m.messages), Warning(c[8])) << c.where;
   }
 }
 
@@ -162,7 +150,7 @@ TEST(Occurrences, ASeriesReadBackAndWrittenAgainIsTheSameSeries) {
                                 opened.ParentSubNo};
     ASSERT_TRUE(maker.Expand(TimedOn(series.first), replaced)) << c.where;
     EXPECT_EQ(m.Live(), before) << c.where;
-    EXPECT_EQ(m.Warnings(), MessageList(c[8])) << c.where;  // nothing more to cut
+    EXPECT_EQ(testing::MessageLines(m.messages), Warning(c[8])) << c.where;  // nothing more to cut
   }
 }
 
@@ -287,11 +275,11 @@ TEST(Occurrences, AnItemOverThirtyDaysIsWrittenAndOverThirtyOneRefused) {
   const SpanInEditor span = LoadSpanIntoEditor(m.s.doc.Tables, 1, days[0].ParentStamp);
   EXPECT_EQ(span.first, (CivilDate{1999, 12, 17}));
   EXPECT_EQ(span.last, (CivilDate{2000, 1, 15}));
-  EXPECT_TRUE(m.Warnings().empty());
+  EXPECT_TRUE(testing::MessageLines(m.messages).empty());
 
   trip.end = {2000, 1, 16};
   EXPECT_FALSE(m.maker.Expand(trip, std::nullopt));
-  EXPECT_EQ(m.Warnings(), MessageList(appointment_texts::kOverlap30Days));
+  EXPECT_EQ(testing::MessageLines(m.messages), Warning(appointment_texts::kOverlap30Days));
   trip.end = {1999, 12, 16};  // before the start
   EXPECT_FALSE(m.maker.Expand(trip, std::nullopt));
   EXPECT_EQ(m.Live().size(), 30u);

@@ -70,17 +70,8 @@ struct Edit {
         SchEditServices{fake.store, messages, fake.clock, dates, host, sounds});
     return *model;
   }
-  // The live rows of the schedule, in the order they were written.
-  std::vector<SchDatRow> LiveRows() const {
-    std::vector<SchDatRow> rows;
-    const auto& list = fake.doc.Tables.SchDatList;
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) rows.push_back(list.At(row));
-    }
-    return rows;
-  }
   SchDatRow Row(const std::string& index) const {
-    const std::vector<SchDatRow> rows = LiveRows();
+    const std::vector<SchDatRow> rows = LiveRows(fake.doc.Tables);
     const auto i = static_cast<std::size_t>(std::stoi(index));
     EXPECT_LT(i, rows.size()) << "no live row " << index;
     return i < rows.size() ? rows[i] : SchDatRow{};
@@ -244,7 +235,7 @@ testing::Trace<Edit> EditDialogTrace() {
   t.looks["shown"] = [](S e, auto&) {
     return Text(e.fake.doc.CurYear, e.fake.doc.CurMonth, e.fake.doc.CurDay);
   };
-  t.looks["rows"] = [n](S e, auto&) { return n(int(e.LiveRows().size())); };
+  t.looks["rows"] = [n](S e, auto&) { return n(int(LiveRows(e.fake.doc.Tables).size())); };
   t.looks["row.date"] = [](S e, auto& i) {
     const SchDatRow r = e.Row(i);
     return Text(r.Year, r.Month, r.Day) + " " + Text(r.EndYear, r.EndMonth, r.EndDay);

@@ -6,26 +6,11 @@
 #include <QTimer>
 
 #include "tests/gui/views_gui_support.h"
+#include "tests/support/test_store.h"
 #include "ui/repeat.h"
 
 namespace sched {
 namespace {
-
-// Runs `act` on the modal dialog that opens next.
-void OnNextDialog(std::function<void(QWidget*)> act) {
-  QTimer::singleShot(0, [act] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    act(dialog);
-  });
-}
-
-template <typename W>
-W* Find(QWidget* dialog, const char* name) {
-  W* widget = dialog->findChild<W*>(name);
-  EXPECT_NE(widget, nullptr) << name;
-  return widget;
-}
 
 void Type(QWidget* dialog, const char* name, const QString& text) {
   auto* box = Find<QLineEdit>(dialog, name);
@@ -34,26 +19,10 @@ void Type(QWidget* dialog, const char* name, const QString& text) {
   QTest::keyClicks(box, text);
 }
 
-void Enter(RepeatNumberBox* box, int value) {
-  box->setFocus();
-  box->selectAll();
-  QTest::keyClicks(box, QString::number(value));
-  QTest::keyClick(box, Qt::Key_Return);
-}
-
 class AppointmentRoadTest : public ViewsGuiTest {
  protected:
   int CellOf(int date) const { return Views().Month().FirstCell + date - 1; }
   const MonthCell& Cell(int date) const { return Views().Month().Cell(CellOf(date)); }
-  // The live rows of the document.
-  std::vector<SchDatRow> Rows() const {
-    std::vector<SchDatRow> rows;
-    const auto& list = app->Document().Tables.SchDatList;
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) rows.push_back(list.At(row));
-    }
-    return rows;
-  }
 };
 
 TEST_F(AppointmentRoadTest, AWeeklySeriesIsMadeSavedReopenedAndChangedWhole) {
@@ -84,7 +53,7 @@ TEST_F(AppointmentRoadTest, AWeeklySeriesIsMadeSavedReopenedAndChangedWhole) {
   QTest::mouseDClick(month->Label9(CellOf(24)), Qt::LeftButton, {}, QPoint(5, 5));
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 
-  std::vector<SchDatRow> rows = Rows();
+  std::vector<SchDatRow> rows = LiveRows(app->Document().Tables);
   ASSERT_EQ(rows.size(), 5u);
   EXPECT_TRUE(app->Document().Dirty);
   // The grid shows this month's two and the first of December among its grey days.
@@ -100,8 +69,8 @@ TEST_F(AppointmentRoadTest, AWeeklySeriesIsMadeSavedReopenedAndChangedWhole) {
   ASSERT_FALSE(app->Document().Dirty);
   dialogs.QueueAnswer(file);
   window->Action("OpenF_Menu")->trigger();
-  ASSERT_EQ(Rows().size(), 5u);
-  const std::int32_t stamp = Rows()[0].Stamp;
+  ASSERT_EQ(LiveRows(app->Document().Tables).size(), 5u);
+  const std::int32_t stamp = LiveRows(app->Document().Tables)[0].Stamp;
 
   // The third occurrence, December 22nd, opens the dialog on the first.
   ChooseMonth(12);
@@ -113,7 +82,7 @@ TEST_F(AppointmentRoadTest, AWeeklySeriesIsMadeSavedReopenedAndChangedWhole) {
   });
   QTest::mouseClick(month->Grid1(CellOf(22)), Qt::LeftButton, {}, QPoint(10, 5));
   QTest::mouseDClick(month->Grid1(CellOf(22)), Qt::LeftButton, {}, QPoint(10, 5));
-  rows = Rows();
+  rows = LiveRows(app->Document().Tables);
   ASSERT_EQ(rows.size(), 5u);
   for (const SchDatRow& row : rows) {
     EXPECT_EQ(row.Place, "Room 2");

@@ -30,15 +30,6 @@ class DesktopLinks : public QObject {
   QString scheme_;
 };
 
-// Runs `act` on the modal dialog the next command opens.
-void OnNextDialog(std::function<void(QWidget*)> act) {
-  QTimer::singleShot(0, [act] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    act(dialog);
-  });
-}
-
 std::string ReadAll(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), {}};

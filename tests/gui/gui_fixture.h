@@ -4,6 +4,9 @@
 
 #include <QApplication>
 #include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <functional>
 
 #include "app/scheduler_app.h"
 #include "core/registry_keys.h"
@@ -16,8 +19,34 @@
 #include "platform/fake/fake_settings_store.h"
 #include "shell/install.h"
 #include "tests/support/temp_dir.h"
+#include "ui/repeat.h"
 
 namespace sched {
+
+// Runs `act` on the modal dialog that opens next.
+inline void OnNextDialog(std::function<void(QWidget*)> act) {
+  QTimer::singleShot(0, [act] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    act(dialog);
+  });
+}
+
+// The widget of a dialog with the object name; a failure when there is none.
+template <typename W>
+W* Find(QWidget* dialog, const char* name) {
+  W* widget = dialog->findChild<W*>(name);
+  EXPECT_NE(widget, nullptr) << name;
+  return widget;
+}
+
+// Types a number over the text of a box and enters it.
+inline void Enter(RepeatNumberBox* box, int value) {
+  box->setFocus();
+  box->selectAll();
+  QTest::keyClicks(box, QString::number(value));
+  QTest::keyClick(box, Qt::Key_Return);
+}
 
 // Picks or names device files from a queue of answers; nothing queued is a cancel.
 class FakeDeviceChooser : public DeviceFileChooser {

@@ -9,21 +9,6 @@
 namespace sched {
 namespace {
 
-// Runs `act` on the modal dialog the next command opens.
-void OnNextDialog(std::function<void(QWidget*)> act) {
-  QTimer::singleShot(0, [act] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    act(dialog);
-  });
-}
-
-void Click(QWidget* dialog, const char* name) {
-  auto* button = dialog->findChild<QAbstractButton*>(name);
-  ASSERT_NE(button, nullptr) << name;
-  button->click();
-}
-
 const MonthCell& CellOf(SchedulerApp& app, int day) {
   const MonthView& month = app.Views()->Month();
   return month.Cells()[static_cast<std::size_t>(month.FirstCell + day - 1)];
@@ -39,7 +24,7 @@ TEST_F(GuiTest, ChoosingAnotherCountryChangesTheNamedHolidaysOfTheGrid) {
     const auto found = list->findItems("Japan", Qt::MatchContains);
     ASSERT_FALSE(found.isEmpty());
     list->setCurrentItem(found.front());
-    Click(dialog, "OKButton");
+    Find<QAbstractButton>(dialog, "OKButton")->click();
   });
   app->Window()->Action("SelectHolidayInfo")->trigger();
   EXPECT_EQ(Texts().back(), "Do you want to change holiday information on Tarvex?");
@@ -53,7 +38,7 @@ TEST_F(GuiTest, MarkingTheSelectedDayAsAHolidayRedrawsTheGrid) {
   ASSERT_FALSE(Start({QString::fromStdString(Sample())}).has_value());
   app->Views()->SelectCell(app->Views()->Month().FirstCell + 18 - 1, -1);  // Wednesday 18th
   EXPECT_EQ(CellOf(*app, 18).dayColor, DayColor::Black);
-  OnNextDialog([](QWidget* dialog) { Click(dialog, "Command1"); });  // OK
+  OnNextDialog([](QWidget* dialog) { Find<QAbstractButton>(dialog, "Command1")->click(); });  // OK
   app->Window()->Action("Set_YearH")->trigger();
   EXPECT_EQ(CellOf(*app, 18).dayColor, DayColor::Red);
   EXPECT_TRUE(app->Document().Dirty);

@@ -5,18 +5,11 @@
 
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
+#include "tests/gui/gui_fixture.h"
 #include "ui/repeat.h"
 
 namespace sched {
 namespace {
-
-// Types a number over the text of a box and enters it.
-void Enter(RepeatNumberBox* box, int value) {
-  box->setFocus();
-  box->selectAll();
-  QTest::keyClicks(box, QString::number(value));
-  QTest::keyClick(box, Qt::Key_Return);
-}
 
 class RepeatFormTest : public ::testing::Test {
  protected:

@@ -66,14 +66,6 @@ class SchEditFormTest : public ::testing::Test {
     QTest::keyClick(box, Qt::Key_Tab);
   }
 
-  std::vector<SchDatRow> LiveRows() const {
-    std::vector<SchDatRow> rows;
-    const auto& list = fake.doc.Tables.SchDatList;
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) rows.push_back(list.At(row));
-    }
-    return rows;
-  }
 
   void ExpectMessage(std::size_t index, const std::string& text, MsgButtons buttons) const {
     ASSERT_LT(index, messages.Shown().size());
@@ -146,7 +138,7 @@ TEST_F(SchEditFormTest, ANewItemMadeInTheWindowIsWrittenOnOk) {
   EXPECT_FALSE(dialog->isVisible());
   EXPECT_EQ(dialog->result(), QDialog::Accepted);
   EXPECT_TRUE(messages.Shown().empty());
-  const std::vector<SchDatRow> rows = LiveRows();
+  const std::vector<SchDatRow> rows = LiveRows(fake.doc.Tables);
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].Title, "Dentist");
   EXPECT_EQ(rows[0].Year * 10000 + rows[0].Month * 100 + rows[0].Day, 20261121);
@@ -177,7 +169,7 @@ TEST_F(SchEditFormTest, CancelAfterAChangeAsksAndNoClosesWithoutWriting) {
   ASSERT_EQ(messages.Shown().size(), 2u);
   ExpectMessage(0, "Do you want to save the changes?", MsgButtons::YesNoCancel);
   ExpectMessage(1, "Do you want to save the changes?", MsgButtons::YesNoCancel);
-  EXPECT_TRUE(LiveRows().empty());
+  EXPECT_TRUE(LiveRows(fake.doc.Tables).empty());
   EXPECT_EQ(fake.doc.CurDay, 21);
 }
 
@@ -216,7 +208,7 @@ TEST_F(SchEditFormTest, AnItemOpensWithItsValuesAndKeepsTheMemoLines) {
   EXPECT_EQ(memo->toPlainText().size(), 1024);
   Click("SchEditOK");
   EXPECT_FALSE(dialog->isVisible());
-  const std::vector<SchDatRow> rows = LiveRows();
+  const std::vector<SchDatRow> rows = LiveRows(fake.doc.Tables);
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].Memo, "Soup\r\nBread\r\nTea" + std::string(1024 - 14, 'x'));
   EXPECT_EQ(rows[0].StartTime, 9 * 60 + 15);
