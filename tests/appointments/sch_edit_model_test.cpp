@@ -12,6 +12,7 @@
 #include "platform/fake/fake_messages.h"
 #include "platform/key_codes.h"
 #include "tests/support/message_lines.h"
+#include "tests/support/row_looks.h"
 #include "tests/support/test_store.h"
 #include "tests/support/trace.h"
 
@@ -235,27 +236,7 @@ testing::Trace<Edit> EditDialogTrace() {
   t.looks["shown"] = [](S e, auto&) {
     return Text(e.fake.doc.CurYear, e.fake.doc.CurMonth, e.fake.doc.CurDay);
   };
-  t.looks["rows"] = [n](S e, auto&) { return n(int(LiveRows(e.fake.doc.Tables).size())); };
-  t.looks["row.date"] = [](S e, auto& i) {
-    const SchDatRow r = e.Row(i);
-    return Text(r.Year, r.Month, r.Day) + " " + Text(r.EndYear, r.EndMonth, r.EndDay);
-  };
-  t.looks["row.times"] = [n](S e, auto& i) {
-    return n(e.Row(i).StartTime) + " " + n(e.Row(i).EndTime);
-  };
-  t.looks["row.title"] = [](S e, auto& i) { return e.Row(i).Title; };
-  t.looks["row.place"] = [](S e, auto& i) { return e.Row(i).Place; };
-  t.looks["row.private"] = [n](S e, auto& i) { return n(e.Row(i).Private); };
-  t.looks["row.alarm"] = [n](S e, auto& i) { return n(e.Row(i).AlarmOn); };
-  t.looks["row.sound"] = [n](S e, auto& i) {
-    return n(e.Row(i).AlarmLead) + " " + e.Row(i).AlarmSound;
-  };
-  t.looks["row.kind"] = [](S e, auto& i) {
-    char text[8];
-    std::snprintf(text, sizeof text, "0x%04X", static_cast<std::uint16_t>(e.Row(i).RepeatKind));
-    return std::string(text);
-  };
-  t.looks["row.subno"] = [n](S e, auto& i) { return n(e.Row(i).SubNo); };
+  testing::AddRowLooks(t, [](S e) -> const SchDatCTL& { return e.fake.doc.Tables; });
   // Whether the row carries the kept stamp, marked as written anew.
   t.looks["row.kept-stamp"] = [](S e, auto& i) {
     return YesNo(static_cast<std::uint32_t>(e.Row(i).Stamp) ==

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QApplication>
+#include <QKeySequence>
+#include <QTest>
+#include <QWidget>
+#include <string>
+
+#include "tests/support/trace.h"
+
+namespace sched {
+
+// The widget of a window by its object name, "window" for the window itself.
+inline QWidget* Named(QWidget* window, const std::string& name) {
+  if (name == "window") return window;
+  QWidget* widget = window->findChild<QWidget*>(QString::fromStdString(name));
+  EXPECT_NE(widget, nullptr) << "no widget " << name;
+  return widget;
+}
+
+// Steps on the widgets of a window, named by their object names, as a user does them, for a
+// trace whose state gives its window as Window():
+//   click NAME | right-click NAME | type NAME TEXT | key NAME KEYS (as "Ctrl+A", "Down")
+//   type-over NAME TEXT     the box's text selected, typed over, and the box left by Tab
+//   paste NAME TEXT [TIMES] text put in as a paste does
+//   set NAME PROPERTY VALUE a property set as the program would
+// and "is NAME.PROPERTY VALUE", any Qt property of a widget as text ("true" or "false" for a
+// flag, yyyy-MM-dd for a date), and "is length:NAME.PROPERTY LENGTH".
+template <class State>
+void AddWidgetWords(testing::Trace<State>& t) {
+  using R = const testing::CaseRow&;
+  const auto widget = [](State& s, R r) { return Named(s.Window(), r[1]); };
+  t.steps["click"] = [widget](State& s, R r) { QTest::mouseClick(widget(s, r), Qt::LeftButton); };
+  t.steps["right-click"] = [widget](State& s, R r) {
+    QTest::mouseClick(widget(s, r), Qt::RightButton);
+  };
+  t.steps["type"] = [widget](State& s, R r) {
+    QTest::keyClicks(widget(s, r), QString::fromStdString(r[2]));
+  };
+  t.steps["key"] = [widget](State& s, R r) {
+    const QKeyCombination key = QKeySequence(QString::fromStdString(r[2]))[0];
+    QTest::keyClick(widget(s, r), key.key(), key.keyboardModifiers());
+  };
+  t.steps["type-over"] = [widget](State& s, R r) {
+    QWidget* box = widget(s, r);
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(box, QString::fromStdString(r[2]));
+    QTest::keyClick(box, Qt::Key_Tab);
+  };
+  t.steps["paste"] = [widget](State& s, R r) {
+    QString text;
+    for (int i = 0; i < (r[3].empty() ? 1 : r.Int(3)); ++i) text += QString::fromStdString(r[2]);
+    QMetaObject::invokeMethod(widget(s, r), "insertPlainText", Q_ARG(QString, text));
+  };
+  t.steps["set"] = [widget](State& s, R r) {
+    widget(s, r)->setProperty(r[2].c_str(), QString::fromStdString(r[3]));
+  };
+  const auto property = [](State& s, const std::string& look) {
+    const std::size_t dot = look.rfind('.');
+    const QVariant value =
+        Named(s.Window(), look.substr(0, dot))->property(look.substr(dot + 1).c_str());
+    EXPECT_TRUE(value.isValid()) << "no property " << look;
+    return value.toString().toStdString();
+  };
+  t.otherLook = property;
+  t.looks["length"] = [property](State& s, auto& look) {
+    return std::to_string(QString::fromStdString(property(s, look)).size());
+  };
+}
+
+}  // namespace sched
