@@ -36,6 +36,7 @@ struct Trace {
       SCOPED_TRACE(row.where + ", case " + what);
       if (row[0] == "case") {
         end();
+        state.reset();  // the old state goes before the new one comes
         state = std::make_unique<State>();
         what = row[1];
       } else if (!state) {
