@@ -81,7 +81,6 @@ testing::Trace<Form> EditWindowTrace() {
     item.Private = static_cast<std::int16_t>(r.YesNo(9));
     f.fake.store.InsertRecord(item);
   };
-  t.steps["focus"] = [](S f, R r) { Named(f.Window(), r[1])->setFocus(); };
   t.steps["answer"] = [](S f, R r) {
     const std::map<std::string, MsgAnswer> answers = {
         {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};

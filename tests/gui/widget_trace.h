@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeySequence>
 #include <QTest>
@@ -10,18 +11,23 @@
 
 namespace sched {
 
-// The widget of a window by its object name, "window" for the window itself.
+// The widget of a window by its object name, or the button by its text; "window" for the
+// window itself.
 inline QWidget* Named(QWidget* window, const std::string& name) {
   if (name == "window") return window;
-  QWidget* widget = window->findChild<QWidget*>(QString::fromStdString(name));
-  EXPECT_NE(widget, nullptr) << "no widget " << name;
-  return widget;
+  const QString text = QString::fromStdString(name);
+  if (QWidget* widget = window->findChild<QWidget*>(text)) return widget;
+  for (QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
+    if (button->text() == text) return button;
+  }
+  ADD_FAILURE() << "no widget " << name;
+  return window;
 }
 
 // Steps on the widgets of a window, named by their object names, as a user does them, for a
 // trace whose state gives its window as Window():
-//   click NAME | right-click NAME | type NAME TEXT | key NAME KEYS (as "Ctrl+A", "Down")
-//   type-over NAME TEXT     the box's text selected, typed over, and the box left by Tab
+//   click NAME | right-click NAME | focus NAME | type NAME TEXT | key NAME KEYS (as "Ctrl+A",
+//   "Down") type-over NAME TEXT     the box's text selected, typed over, and the box left by Tab
 //   paste NAME TEXT [TIMES] text put in as a paste does
 //   set NAME PROPERTY VALUE a property set as the program would
 // and "is NAME.PROPERTY VALUE", any Qt property of a widget as text ("true" or "false" for a
@@ -34,6 +40,7 @@ void AddWidgetWords(testing::Trace<State>& t) {
   t.steps["right-click"] = [widget](State& s, R r) {
     QTest::mouseClick(widget(s, r), Qt::RightButton);
   };
+  t.steps["focus"] = [widget](State& s, R r) { widget(s, r)->setFocus(); };
   t.steps["type"] = [widget](State& s, R r) {
     QTest::keyClicks(widget(s, r), QString::fromStdString(r[2]));
   };
