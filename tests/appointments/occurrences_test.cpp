@@ -13,6 +13,7 @@
 #include "tests/support/case_file.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/test_store.h"
+#include "tests/support/trace.h"
 
 namespace sched {
 namespace {
@@ -66,9 +67,7 @@ std::string End(const SchRecord& r) {
 }
 
 std::string DatesOf(const std::vector<SchRecord>& records) {
-  std::string dates;
-  for (const SchRecord& r : records) dates += (dates.empty() ? "" : " ") + Start(r);
-  return dates;
+  return testing::Join(records, " ", Start);
 }
 
 // The warning of a case, as the one line of its message box; none for "".

@@ -121,12 +121,7 @@ testing::Trace<Dialog> RepeatDialogTrace() {
   t.looks["loading"] = [](S d, auto&) { return YesNo(d.model.Loading()); };
   // The first occurrence, and the first occurrence noted for each kind.
   t.looks["start"] = [](S d, auto&) { return Text(d.model.StartDate()); };
-  t.looks["starts"] = [](S d, auto&) {
-    std::string dates;
-    for (const CivilDate& date : d.model.Dates().ImDate2)
-      dates += (dates.empty() ? "" : " ") + Text(date);
-    return dates;
-  };
+  t.looks["starts"] = [](S d, auto&) { return testing::Join(d.model.Dates().ImDate2, " ", Text); };
   // The box that asks for the focus, once: "count", "interval" or "none".
   t.looks["focus"] = [](S d, auto&) -> std::string {
     const std::optional<Field> focus = d.model.TakeFocus();

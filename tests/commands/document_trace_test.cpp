@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "commands/document_commands.h"
 #include "platform/fake/fake_file_dialogs.h"
@@ -149,12 +150,7 @@ testing::Trace<Documents> DocumentsTrace() {
     return std::string(d.views.Menus().DelMonth ? "month " : "") +
            (d.views.Menus().ToolbarDelete ? "item" : "");
   };
-  t.looks["calls"] = [](S d, auto&) {
-    std::string calls;
-    for (const std::string& call : d.window.calls) calls += (calls.empty() ? "" : " | ") + call;
-    d.window.calls.clear();
-    return calls;
-  };
+  t.looks["calls"] = [](S d, auto&) { return testing::Join(std::exchange(d.window.calls, {})); };
   // The file dialogs shown since the last look, "open" or "save" and the filter; the name the
   // last one proposed and its folder.
   t.looks["dialogs"] = [](S d, auto&) {
@@ -178,18 +174,12 @@ testing::Trace<Documents> DocumentsTrace() {
   t.looks["messages"] = [](S d, auto&) { return testing::NewMessageLines(d.messages, d.seen); };
   // The progress display: its values, its first and last events, whether it shows.
   t.looks["progress"] = [](S d, auto&) {
-    std::string values;
-    for (int v : d.progress.values) values += (values.empty() ? "" : " ") + std::to_string(v);
-    return values;
+    return testing::Join(d.progress.values, " ", [](int v) { return std::to_string(v); });
   };
   t.looks["progress.first"] = [](S d, auto&) { return d.progress.events.front(); };
   t.looks["progress.last"] = [](S d, auto&) { return d.progress.events.back(); };
   t.looks["progress.shown"] = [](S d, auto&) { return YesNo(d.progress.visible); };
-  t.looks["alarm-calls"] = [](S d, auto&) {
-    std::string calls;
-    for (const std::string& call : d.alarms.calls) calls += (calls.empty() ? "" : " | ") + call;
-    return calls;
-  };
+  t.looks["alarm-calls"] = [](S d, auto&) { return testing::Join(d.alarms.calls); };
 
   // Files: the text of a file; whether it is as kept; its size, a byte of it; whether it is what a
   // save writes now; the entries of a folder.
@@ -218,23 +208,15 @@ testing::Trace<Documents> DocumentsTrace() {
     for (const auto& entry : fs::directory_iterator(d.Path(folder))) {
       names.insert(entry.path().filename().string());
     }
-    std::string text;
-    for (const std::string& name : names) text += (text.empty() ? "" : " ") + name;
-    return text;
+    return testing::Join(std::vector<std::string>(names.begin(), names.end()), " ");
   };
   // The device: its files (and the head of each), and the files it was told to update alarms of.
   t.looks["device"] = [](S d, auto&) {
-    std::string files;
-    for (const auto& [path, bytes] : d.device.files) {
-      files += (files.empty() ? "" : " ") + path + ":" + bytes.substr(0, 4);
-    }
-    return files;
+    return testing::Join(d.device.files, " ",
+                         [](auto& file) { return file.first + ":" + file.second.substr(0, 4); });
   };
   t.looks["device-alarms"] = [](S d, auto&) {
-    std::string paths;
-    for (const std::string& path : d.device.alarmInfoUpdates)
-      paths += (paths.empty() ? "" : " ") + path;
-    return paths;
+    return testing::Join(d.device.alarmInfoUpdates, " ");
   };
   return t;
 }

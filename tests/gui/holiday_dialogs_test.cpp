@@ -153,11 +153,7 @@ testing::Trace<Holidays> HolidayWindowsTrace() {
   };
   t.looks["years"] = [](S h, auto&) { return std::to_string(h.days.doc.Tables.YearCount); };
   t.looks["calls"] = [](S h, auto&) { return h.host.NewCalls(); };
-  t.looks["calendar-calls"] = [](S h, auto&) {
-    std::string calls;
-    for (const std::string& call : h.calendar.calls) calls += (calls.empty() ? "" : " | ") + call;
-    return calls;
-  };
+  t.looks["calendar-calls"] = [](S h, auto&) { return testing::Join(h.calendar.calls); };
   t.looks["in-use"] = [](S h, auto&) {
     return h.registry.ReadString(kSchedulerKey, kHolidayIniValue).value_or("(none)");
   };

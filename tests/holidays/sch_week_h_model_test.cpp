@@ -86,11 +86,7 @@ testing::Trace<Week> WeekDialogTrace() {
   };
 
   t.looks["focus"] = [n](S w, auto&) { return n(w.model.CurrentCaption()); };
-  t.looks["captions"] = [](S w, auto&) {
-    std::string looks;
-    for (const CaptionLook& c : w.model.CSCaption1()) looks += (looks.empty() ? "" : " ") + Look(c);
-    return looks;
-  };
+  t.looks["captions"] = [](S w, auto&) { return testing::Join(w.model.CSCaption1(), " ", Look); };
   t.looks["caption"] = [](S w, auto& i) { return Look(w.model.CSCaption1().at(std::stoul(i))); };
   t.looks["week"] = [](S w, auto&) { return Flags(w.doc.WeekHoliday); };
   t.looks["saved"] = [](S w, auto&) { return Flags(w.model.SavedWeekHoliday()); };

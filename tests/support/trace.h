@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tests/support/case_file.h"
 
@@ -61,6 +62,18 @@ struct Trace {
     end();
   }
 };
+
+// The items of a list as texts, each made by `text`, joined by `separator`.
+template <class List, class Text>
+std::string Join(const List& list, const char* separator, Text text) {
+  std::string joined;
+  for (const auto& item : list)
+    joined += (joined.empty() ? "" : separator) + std::string(text(item));
+  return joined;
+}
+inline std::string Join(const std::vector<std::string>& texts, const char* separator = " | ") {
+  return Join(texts, separator, [](const std::string& text) { return text; });
+}
 
 // "yes" or "no".
 inline std::string YesNo(bool value) {

@@ -47,11 +47,8 @@ std::string Lines(const std::vector<std::string>& lines) {
   return text;
 }
 
-template <class T>
-std::string Numbers(const std::vector<T>& numbers) {
-  std::string text;
-  for (T n : numbers) text += (text.empty() ? "" : " ") + std::to_string(n);
-  return text;
+std::string Numbers(const std::vector<int>& numbers) {
+  return testing::Join(numbers, " ", [](int n) { return std::to_string(n); });
 }
 
 int KeyOf(const std::string& name) {
