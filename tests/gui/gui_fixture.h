@@ -65,7 +65,7 @@ class FakeDeviceChooser : public DeviceFileChooser {
 // A program over fakes, with a real installation in a temporary folder. Each test has its own
 // settings folder, so that its program is no other test's second instance.
 class GuiTest : public ::testing::Test {
- protected:
+ public:
   GuiTest() {
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(dir.File("config")));
     install = EnsureInstallation(registry, SCHEDULER_DATA_DIR, dir.File("install"), {2026, 11, 21})

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeySequence>
+#include <QListWidget>
 #include <QTest>
 #include <QWidget>
 #include <string>
@@ -29,6 +30,7 @@ inline QWidget* Named(QWidget* window, const std::string& name) {
 //   click NAME | right-click NAME | focus NAME | type NAME TEXT | key NAME KEYS (as "Ctrl+A",
 //   "Down") type-over NAME TEXT     the box's text selected, typed over, and the box left by Tab
 //   paste NAME TEXT [TIMES] text put in as a paste does
+//   choose LIST TEXT        the entry of a list whose text holds TEXT made the current one
 //   set NAME PROPERTY VALUE a property set as the program would
 // and "is NAME.PROPERTY VALUE", any Qt property of a widget as text ("true" or "false" for a
 // flag, yyyy-MM-dd for a date), and "is length:NAME.PROPERTY LENGTH".
@@ -59,6 +61,13 @@ void AddWidgetWords(testing::Trace<State>& t) {
     QString text;
     for (int i = 0; i < (r[3].empty() ? 1 : r.Int(3)); ++i) text += QString::fromStdString(r[2]);
     QMetaObject::invokeMethod(widget(s, r), "insertPlainText", Q_ARG(QString, text));
+  };
+  // The entry of a list whose text holds TEXT made the current one.
+  t.steps["choose"] = [widget](State& s, R r) {
+    auto* list = qobject_cast<QListWidget*>(widget(s, r));
+    const auto found = list->findItems(QString::fromStdString(r[2]), Qt::MatchContains);
+    ASSERT_FALSE(found.isEmpty()) << r.where;
+    list->setCurrentItem(found.front());
   };
   t.steps["set"] = [widget](State& s, R r) {
     widget(s, r)->setProperty(r[2].c_str(), QString::fromStdString(r[3]));
