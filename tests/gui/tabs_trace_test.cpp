@@ -15,7 +15,6 @@ using testing::YesNo;
 // The program on the sample schedule, its window at 1280 x 800, as tests/data/gui/tabs.txt
 // drives its month and day tabs. Today is 2026/11/21, 10:30.
 struct Tabs : ViewsGuiTest {
-
   Tabs() { StartOnSample(); }
   void TestBody() override {}
   void End() {}

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeySequence>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
 #include <QWidget>
@@ -33,7 +34,7 @@ inline QWidget* Named(QWidget* window, const std::string& name) {
 //   choose LIST TEXT        the entry of a list whose text holds TEXT made the current one
 //   set NAME PROPERTY VALUE a property set as the program would
 // and "is NAME.PROPERTY VALUE", any Qt property of a widget as text ("true" or "false" for a
-// flag, yyyy-MM-dd for a date), and "is length:NAME.PROPERTY LENGTH".
+// flag, yyyy-MM-dd for a date), "is length:NAME.PROPERTY LENGTH" and "is selection:NAME TEXT".
 template <class State>
 void AddWidgetWords(testing::Trace<State>& t) {
   using R = const testing::CaseRow&;
@@ -56,6 +57,13 @@ void AddWidgetWords(testing::Trace<State>& t) {
     QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(box, QString::fromStdString(r[2]));
     QTest::keyClick(box, Qt::Key_Tab);
+  };
+  t.steps["enter"] = [widget](State& s, R r) {
+    QWidget* box = widget(s, r);
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(box, QString::fromStdString(r[2]));
+    QTest::keyClick(box, Qt::Key_Return);
   };
   t.steps["paste"] = [widget](State& s, R r) {
     QString text;
@@ -80,6 +88,13 @@ void AddWidgetWords(testing::Trace<State>& t) {
     return value.toString().toStdString();
   };
   t.otherLook = property;
+  // The selected text of a box, or of the line edit within it.
+  t.looks["selection"] = [](State& s, auto& name) {
+    QWidget* box = Named(s.Window(), name);
+    auto* line = qobject_cast<QLineEdit*>(box) ? qobject_cast<QLineEdit*>(box)
+                                               : box->findChild<QLineEdit*>();
+    return line->selectedText().toStdString();
+  };
   t.looks["length"] = [property](State& s, auto& look) {
     return std::to_string(QString::fromStdString(property(s, look)).size());
   };
