@@ -4,9 +4,6 @@
 
 #include <QApplication>
 #include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
-#include <functional>
 
 #include "app/scheduler_app.h"
 #include "core/registry_keys.h"
@@ -18,49 +15,10 @@
 #include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
 #include "shell/install.h"
+#include "tests/support/fake_device_chooser.h"
 #include "tests/support/temp_dir.h"
-#include "ui/repeat.h"
 
 namespace sched {
-
-// Runs `act` on the modal dialog that opens next.
-inline void OnNextDialog(std::function<void(QWidget*)> act) {
-  QTimer::singleShot(0, [act] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    act(dialog);
-  });
-}
-
-// The widget of a dialog with the object name; a failure when there is none.
-template <typename W>
-W* Find(QWidget* dialog, const char* name) {
-  W* widget = dialog->findChild<W*>(name);
-  EXPECT_NE(widget, nullptr) << name;
-  return widget;
-}
-
-// Types a number over the text of a box and enters it.
-inline void Enter(RepeatNumberBox* box, int value) {
-  box->setFocus();
-  box->selectAll();
-  QTest::keyClicks(box, QString::number(value));
-  QTest::keyClick(box, Qt::Key_Return);
-}
-
-// Picks or names device files from a queue of answers; nothing queued is a cancel.
-class FakeDeviceChooser : public DeviceFileChooser {
- public:
-  std::vector<std::optional<std::string>> answers;
-  std::vector<DeviceFileRequest> asked;
-  std::optional<std::string> ChooseDeviceFile(const DeviceFileRequest& request) override {
-    asked.push_back(request);
-    if (answers.empty()) return std::nullopt;
-    auto answer = answers.front();
-    answers.erase(answers.begin());
-    return answer;
-  }
-};
 
 // A program over fakes, with a real installation in a temporary folder. Each test has its own
 // settings folder, so that its program is no other test's second instance.

@@ -3,6 +3,7 @@
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QTimer>
 #include <QUrl>
 #include <cstdio>
 #include <map>

@@ -9,6 +9,7 @@
 #include "shell/device_service.h"
 #include "tests/shell/shell_test_support.h"
 #include "tests/support/case_file.h"
+#include "tests/support/fake_device_chooser.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/temp_dir.h"
 
@@ -126,20 +127,6 @@ TEST_F(CacheFixture, DirByExtListsOneExtensionSorted) {
   EXPECT_TRUE(device.Sor_DirByExt("\\Nowhere", "scl").empty());
 }
 
-// Answers the device's file dialog as a user would, one queued answer a time (a cancel when
-// none is left), and keeps what it was asked.
-struct ScriptedChooser : DeviceFileChooser {
-  std::deque<std::optional<std::string>> answers;
-  std::vector<DeviceFileRequest> asked;
-  std::optional<std::string> ChooseDeviceFile(const DeviceFileRequest& request) override {
-    asked.push_back(request);
-    if (answers.empty()) return std::nullopt;
-    std::optional<std::string> answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
-};
-
 TEST_F(CacheFixture, FileDialogsGiveDevicePaths) {
   WriteText(cache / "PIM/Sample.scl", "x");
   WriteText(cache / "PIM/notes.txt", "x");
@@ -148,7 +135,7 @@ TEST_F(CacheFixture, FileDialogsGiveDevicePaths) {
     ASSERT_TRUE(row[0] == "open" || row[0] == "save") << row.where;
     const DeviceDialogMode mode =
         row[0] == "open" ? DeviceDialogMode::Open : DeviceDialogMode::Save;
-    ScriptedChooser chooser;
+    FakeDeviceChooser chooser;
     chooser.answers = {row[2] == "(cancel)" ? std::nullopt : std::optional<std::string>(row[2])};
     FakeMessages messages;  // says Yes to replacing
     device.SetWindows({&chooser, &messages});
@@ -187,7 +174,7 @@ TEST_F(CacheFixture, ASaveOverAFileAsksBeforeReplacingIt) {
       {{"New"}, {}, "\\PIM\\New.scl", {}},
   };
   for (const Case& c : cases) {
-    ScriptedChooser chooser;
+    FakeDeviceChooser chooser;
     chooser.answers.assign(c.names.begin(), c.names.end());
     FakeMessages messages;
     for (MsgAnswer answer : c.answers) messages.QueueAnswer(answer);
@@ -207,7 +194,7 @@ TEST_F(CacheFixture, ASaveOverAFileAsksBeforeReplacingIt) {
   }
 
   // Opening a file asks nothing.
-  ScriptedChooser chooser;
+  FakeDeviceChooser chooser;
   chooser.answers = {"Sample.scl"};
   FakeMessages quiet;
   device.SetWindows({&chooser, &quiet});
