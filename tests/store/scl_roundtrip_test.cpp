@@ -90,7 +90,8 @@ class RandomSchedule {
     if (DaySerial(first) + step * (count - 1) > DaySerial({kLastYear, 12, 31})) return;
     SchRecord r = Base(first);
     const CivilDate last = AddDays(first, step * (count - 1));
-    r.RepeatKind = static_cast<std::int16_t>(step == 1 ? kMultiDayKind : 0x1000 | WeekdayOf(first) * 4);
+    r.RepeatKind =
+        static_cast<std::int16_t>(step == 1 ? kMultiDayKind : 0x1000 | WeekdayOf(first) * 4);
     r.ParentSubNo = 1;
     r.ParentStamp = r.Stamp;
     r.EndDay = static_cast<std::uint8_t>(last.day);
