@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <map>
 #include <sstream>
 
 #include "tests/support/case_file.h"
+#include "tests/support/run_command.h"
 #include "tests/support/test_store.h"
 
 namespace sched {
@@ -24,16 +23,9 @@ enum class Stream { Both, Out, Err };
 // Runs scltool with the arguments and collects the streams asked for.
 Result Scltool(const std::string& args, Stream stream = Stream::Both) {
   const char* const redirect[] = {" 2>&1", " 2>/dev/null", " 2>&1 >/dev/null"};
-  const std::string command =
-      std::string(SCLTOOL_PATH) + " " + args + redirect[static_cast<int>(stream)];
-  FILE* pipe = popen(command.c_str(), "r");
-  Result result{-1, ""};
-  std::array<char, 4096> buffer;
-  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe))
-    result.out.append(buffer.data(), n);
-  const int status = pclose(pipe);
-  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return result;
+  const auto [status, out] =
+      RunCommand(std::string(SCLTOOL_PATH) + " " + args + redirect[static_cast<int>(stream)]);
+  return {status, out};
 }
 
 std::string Quoted(const std::string& path) {

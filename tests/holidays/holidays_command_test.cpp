@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "holiday_test_support.h"
+#include "tests/support/run_command.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
@@ -16,16 +17,8 @@ using testing::ShippedFile;
 
 constexpr const char* kUsageLine = "usage: scltool holidays COUNTRYFILE FROMYEAR [TOYEAR]\n";
 
-struct CommandRun {
-  int result;
-  std::string out;
-  std::string err;
-};
-
 CommandRun RunWith(const std::vector<std::string>& args) {
-  std::ostringstream out, err;
-  const int result = RunHolidaysCommand(args, out, err);
-  return {result, out.str(), err.str()};
+  return RunIn(RunHolidaysCommand, args);
 }
 
 TEST(HolidaysCommand, ListsTheYearsInDateOrder) {

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <sys/wait.h>
-
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "tests/support/run_command.h"
 
 namespace sched {
 
@@ -34,21 +32,6 @@ inline std::string Expand(std::string text,
       text.replace(at, name.size(), value);
   }
   return text;
-}
-
-// Whether a tool of the system is on the PATH.
-inline bool HaveTool(const std::string& tool) {
-  return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
-}
-
-// Runs a shell command and gives its exit status (-1 when it did not exit) and its output.
-inline std::pair<int, std::string> RunCommand(const std::string& command) {
-  FILE* pipe = popen(command.c_str(), "r");
-  std::string out;
-  char buffer[512];
-  while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) out.append(buffer, n);
-  const int status = pclose(pipe);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out};
 }
 
 }  // namespace sched
