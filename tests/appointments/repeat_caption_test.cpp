@@ -3,47 +3,20 @@
 #include <gtest/gtest.h>
 
 #include "platform/fake/fake_date_formatter.h"
+#include "tests/support/case_file.h"
 
 namespace sched {
 namespace {
 
 TEST(RepeatCaption, SentencesOfEveryOption) {
-  const RepeatSentenceParts parts{"3", "2026/11/20(Fri)", "2027/05/21(Fri)", 4, 5, 11};
-  const struct {
-    int option;
-    const char* sentence;
-  } cases[] = {
-      {0, " No Repeat "},
-      {1, " The item repeats every 3 day(s)\rfrom 2026/11/20(Fri) to 2027/05/21(Fri)."},
-      {2, " The item repeats every 3 week(s)\rfrom 2026/11/20(Fri) to 2027/05/21(Fri)."},
-      {3, " The item repeats every 3 month(s)\rfrom 2026/11/20(Fri) to 2027/05/21(Fri)."},
-      {4, " The item repeats every 3 year(s)\rfrom 2026/11/20(Fri) to 2027/05/21(Fri)."},
-      {5,
-       " The item repeats on Last Friday every 3 month(s)\r"
-       "from 2026/11/20(Fri) to 2027/05/21(Fri)."},
-      // The yearly rule by weekday says "month(s)", and names November "January".
-      {6,
-       " The item repeats on Last Friday in January every 3 month(s)\r"
-       "from 2026/11/20(Fri) to 2027/05/21(Fri)."},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(BuildRepeatCaption(c.option, parts), c.sentence) << c.option;
+  for (const testing::CaseRow& row :
+       testing::ReadCases("appointments/repeat-sentences.txt", 8, 11)) {
+    const RepeatSentenceParts parts{row[1], row[2], row[3], row.Int(4), row.Int(5), row.Int(6)};
+    EXPECT_EQ(BuildRepeatCaption(row.Int(0), parts), testing::Unescaped(row[7])) << row.where;
   }
+  const RepeatSentenceParts parts{"3", "S", "E", 4, 5, 11};
   EXPECT_EQ(BuildRepeatCaption(-1, parts), std::nullopt);
   EXPECT_EQ(BuildRepeatCaption(7, parts), std::nullopt);
-}
-
-TEST(RepeatCaption, MonthNumbersReadAsDayCounts) {
-  const struct {
-    int month;
-    const char* name;
-  } cases[] = {{1, "December"}, {2, "January"}, {7, "January"}, {12, "January"}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(MonthNameOfDayCount(c.month), c.name) << c.month;
-    const RepeatSentenceParts parts{"1", "S", "E", 0, 0, c.month};
-    EXPECT_EQ(BuildRepeatCaption(6, parts), std::string(" The item repeats on 1st Sunday in ") +
-                                                c.name + " every 1 month(s)\rfrom S to E.");
-  }
   EXPECT_EQ(MonthNameOfDayCount(0), "December");
   EXPECT_EQ(MonthNameOfDayCount(33), "February");
 }

@@ -4,112 +4,55 @@
 
 #include <cstdint>
 #include <optional>
+#include <sstream>
+#include <string>
+
+#include "tests/support/case_file.h"
 
 namespace sched {
 namespace {
 
-// A rule word as it is built and as it reads back.
-struct WordCase {
-  const char* name;
-  int option;
-  RepeatWordParts parts;
-  std::uint16_t word;
-  int code;
-  std::optional<int> ordinal;
-  std::optional<bool> isLast;
-};
+using testing::CaseRow;
 
-TEST(RepeatRule, WordsAreBuiltAndReadBackByKind) {
-  // parts: step, weekday, day, month, ordinal
-  const WordCase cases[] = {
-      {"every day", kOptionDaily, {0, 0, 1, 1, 1}, 0x0800, kCodeDaily, {}, {}},
-      {"every 30 days", kOptionDaily, {29, 0, 1, 1, 1}, 0x0F40, kCodeDaily, {}, {}},
-      {"every 2 weeks on Wednesday", kOptionWeekly, {1, 3, 1, 1, 1}, 0x102C, kCodeWeekly, {}, {}},
-      {"every 6 weeks on Saturday", kOptionWeekly, {5, 6, 1, 1, 1}, 0x10B8, kCodeWeekly, {}, {}},
-      {"monthly on the 31st", kOptionMonthly, {0, 0, 31, 1, 1}, 0x203E, kCodeMonthly, {}, {}},
-      {"every 11 months on the 1st",
-       kOptionMonthly,
-       {10, 0, 1, 1, 1},
-       0x2502,
-       kCodeMonthly,
-       {},
-       {}},
-      {"yearly on February 29", kOptionYearly, {0, 0, 29, 2, 1}, 0x40BA, kCodeYearly, {}, {}},
-      {"every 7 years on December 31",
-       kOptionYearly,
-       {6, 0, 31, 12, 1},
-       0x733E,
-       kCodeYearly,
-       {},
-       {}},
-      {"monthly on the last Friday",
-       kOptionMonthlyWeekday,
-       {0, 5, 1, 1, 7},
-       0x207D,
-       kCodeMonthlyWeekday,
-       7,
-       true},
-      {"every 3 months on the 2nd Sunday",
-       kOptionMonthlyWeekday,
-       {2, 0, 1, 1, 2},
-       0x2150,
-       kCodeMonthlyWeekday,
-       2,
-       false},
-      {"yearly on the 1st Monday of January",
-       kOptionYearlyWeekday,
-       {0, 1, 1, 1, 1},
-       0x4449,
-       kCodeYearlyWeekday,
-       1,
-       false},
-      {"every 7 years on the last Saturday of December",
-       kOptionYearlyWeekday,
-       {6, 6, 1, 12, 7},
-       0x773E,
-       kCodeYearlyWeekday,
-       7,
-       true},
-  };
-  for (const WordCase& c : cases) {
-    EXPECT_EQ(BuildRepeatWord(c.option, c.parts), c.word) << c.name;
-    const DecodedRepeatKind d = DecodeRepeatKind(c.word);
-    EXPECT_EQ(d.code, c.code) << c.name;
-    EXPECT_EQ(d.option, c.option) << c.name;
-    EXPECT_EQ(d.intervalField, c.parts.step) << c.name;
-    EXPECT_EQ(d.ordinal, c.ordinal) << c.name;
-    EXPECT_EQ(d.isLast, c.isLast) << c.name;
+std::string Shown(int value) {
+  return std::to_string(value);
+}
+std::string Shown(bool value) {
+  return value ? "yes" : "no";
+}
+std::string Shown(const std::string& value) {
+  return value;
+}
+
+// A field of tests/data/appointments/rule-words.txt: "-" for none; nothing to check for "*".
+template <class T>
+void ExpectField(const std::optional<T>& value, const CaseRow& row, std::size_t i,
+                 const char* what) {
+  if (row[i] == "*") return;
+  EXPECT_EQ(value ? Shown(*value) : "-", row[i]) << row.where << ": " << what;
+}
+
+TEST(RepeatRule, WordsReadBackAsTheKindTheyWereBuiltFor) {
+  for (const CaseRow& row : testing::ReadCases("appointments/rule-words.txt", 9, 20)) {
+    const auto word = static_cast<std::uint16_t>(std::stoi(row[0], nullptr, 16));
+    const DecodedRepeatKind d = DecodeRepeatKind(word);
+    EXPECT_EQ(d.code, row.Int(1)) << row.where;
+    ExpectField(d.option, row, 2, "option");
+    ExpectField(d.intervalField, row, 3, "interval");
+    ExpectField(d.ordinal, row, 4, "ordinal");
+    ExpectField(d.isLast, row, 5, "last");
+    const std::optional<WeekdayRule> rule = SplitWeekdayRule(word);
+    ExpectField(rule ? std::optional<std::string>(std::to_string(rule->ordinal) + " " +
+                                                  std::to_string(rule->weekday))
+                     : std::nullopt,
+                row, 6, "split");
+    if (row[7].empty()) continue;
+    RepeatWordParts p;
+    std::istringstream(row[8]) >> p.step >> p.weekday >> p.day >> p.month >> p.ordinal;
+    EXPECT_EQ(BuildRepeatWord(row.Int(7), p), word) << row.where;
   }
   EXPECT_EQ(BuildRepeatWord(kOptionNone, {}), 0);
   EXPECT_EQ(BuildRepeatWord(7, {}), 0);
-}
-
-TEST(RepeatRule, TheYearBitIsReadBeforeTheMonthBitBeforeTheWeekBit) {
-  const struct {
-    std::uint16_t word;
-    int code;
-    std::optional<int> option;
-    std::optional<int> intervalField;
-  } cases[] = {
-      {0x0000, kCodeNone, kOptionNone, {}},
-      {0x8000, kCodeOverDays, {}, {}},
-      {0x0800, kCodeDaily, kOptionDaily, 0},
-      {0x0001, kCodeDaily, kOptionDaily, 0},  // no mark at all reads as daily
-      {0x8001, kCodeDaily, kOptionDaily, 0},
-      {0x7000, kCodeYearly, kOptionYearly, 6},  // the month and week bits lie in the interval
-      {0x6040, kCodeYearly, kOptionYearly, 4},  // the month's weekday bit is not the year's
-      {0x3000, kCodeMonthly, kOptionMonthly, 0},
-      {0x2400, kCodeMonthly, kOptionMonthly, 0x400 / 128},  // the year's weekday bit neither
-      {0x3040, kCodeMonthlyWeekday, kOptionMonthlyWeekday, 0},
-      {0x1040, kCodeWeekly, kOptionWeekly, 0x40 / 32},
-      {0xC400, kCodeYearlyWeekday, kOptionYearlyWeekday, 0},
-  };
-  for (const auto& c : cases) {
-    const DecodedRepeatKind d = DecodeRepeatKind(c.word);
-    EXPECT_EQ(d.code, c.code) << std::hex << c.word;
-    EXPECT_EQ(d.option, c.option) << std::hex << c.word;
-    EXPECT_EQ(d.intervalField, c.intervalField) << std::hex << c.word;
-  }
 }
 
 TEST(RepeatRule, TheWorkingValuesTakeWhatTheWordHoldsAndKeepTheRest) {
@@ -129,24 +72,6 @@ TEST(RepeatRule, TheWorkingValuesTakeWhatTheWordHoldsAndKeepTheRest) {
   work.Decode(0x102C);
   EXPECT_EQ(work.RepeatStep, 1);
   EXPECT_EQ(work.RepeatOrdinal, 7);  // a weekly word holds no ordinal
-}
-
-TEST(RepeatRule, OnlyRulesByWeekdaySplitIntoOrdinalAndWeekday) {
-  const struct {
-    std::uint16_t word;
-    std::optional<int> ordinal;
-    std::optional<int> weekday;
-  } cases[] = {
-      {0x207D, 7, 5},   {0x4449, 1, 1},   {0x773E, 7, 6},   {0x2150, 2, 0},   {0x102C, {}, {}},
-      {0x40BA, {}, {}}, {0x203E, {}, {}}, {0x0800, {}, {}}, {0x8000, {}, {}}, {0x0000, {}, {}},
-  };
-  for (const auto& c : cases) {
-    const std::optional<WeekdayRule> rule = SplitWeekdayRule(c.word);
-    ASSERT_EQ(rule.has_value(), c.ordinal.has_value()) << std::hex << c.word;
-    if (!rule) continue;
-    EXPECT_EQ(rule->ordinal, c.ordinal) << std::hex << c.word;
-    EXPECT_EQ(rule->weekday, c.weekday) << std::hex << c.word;
-  }
 }
 
 }  // namespace

@@ -2,21 +2,27 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <functional>
+#include <map>
+#include <memory>
+#include <sstream>
 
-#include "appointments/texts.h"
-#include "core/app_texts.h"
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/key_codes.h"
+#include "tests/support/message_lines.h"
+#include "tests/support/row_looks.h"
 #include "tests/support/test_store.h"
+#include "tests/support/trace.h"
 
 namespace sched {
 namespace {
 
-namespace t = appointment_texts;
+using testing::CaseRow;
+using testing::YesNo;
 
-// Shows the repeat dialog by running what the test tells the user to do in it.
+// Shows the repeat dialog by running what the trace tells the user to do in it.
 class ScriptedRepeatHost : public SchEditHost {
  public:
   std::function<void(RepeatModel&)> user = [](RepeatModel&) {};
@@ -27,424 +33,220 @@ class ScriptedRepeatHost : public SchEditHost {
   }
 };
 
-class SchEditModelTest : public ::testing::Test {
- protected:
-  SchEditModelTest() {
-    fake.clock.Set({2026, 11, 23, 10, 0, 0});
-    ShowDate({2026, 11, 23});
-  }
+std::string Text(int year, int month, int day) {
+  char text[40];
+  std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
+  return text;
+}
+std::string Text(const std::optional<CivilDate>& d) {
+  return d ? Text(d->year, d->month, d->day) : "none";
+}
+std::string Text(const std::optional<int>& minutes) {
+  return minutes ? std::to_string(*minutes) : "none";
+}
 
-  void ShowDate(const CivilDate& date) {
+// The edit dialog over a store, as tests/data/appointments/edit-dialog.txt drives it. Today is
+// 2026/11/23, 10:00, and the shown date the same.
+struct Edit {
+  FakeStore fake;
+  FakeMessages messages;
+  std::size_t seen = 0;
+  FakeDateFormatter dates;
+  ScriptedRepeatHost host;
+  std::vector<std::string> sounds{"SCHALARM", "BELL"};
+  std::unique_ptr<SchEditModel> model;
+  std::int32_t stamp = 0;  // a row's stamp, kept to compare with what a change writes
+
+  Edit() {
+    fake.clock.Set({2026, 11, 23, 10, 0, 0});
+    Show({2026, 11, 23});
+  }
+  void Show(const CivilDate& date) {
     fake.doc.CurYear = date.year;
     fake.doc.CurMonth = date.month;
     fake.doc.CurDay = date.day;
   }
-  CivilDate Shown() const { return {fake.doc.CurYear, fake.doc.CurMonth, fake.doc.CurDay}; }
-
-  SchEditModel Model(std::vector<std::string> sounds = {"SCHALARM", "BELL"}) {
-    return SchEditModel(
-        SchEditServices{fake.store, messages, fake.clock, dates, host, std::move(sounds)});
+  SchEditModel& Open() {
+    model = std::make_unique<SchEditModel>(
+        SchEditServices{fake.store, messages, fake.clock, dates, host, sounds});
+    return *model;
   }
-
-  // The live rows of the schedule, in the order they were written.
-  std::vector<SchDatRow> LiveRows() const {
-    std::vector<SchDatRow> rows;
-    const auto& list = fake.doc.Tables.SchDatList;
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) rows.push_back(list.At(row));
-    }
-    return rows;
+  SchDatRow Row(const std::string& index) const {
+    const std::vector<SchDatRow> rows = LiveRows(fake.doc.Tables);
+    const auto i = static_cast<std::size_t>(std::stoi(index));
+    EXPECT_LT(i, rows.size()) << "no live row " << index;
+    return i < rows.size() ? rows[i] : SchDatRow{};
   }
-
-  // Writes a new item through the dialog: a title, and the dates when given.
-  void AddItem(const std::string& title, const CivilDate& start, const CivilDate& end) {
-    SchEditModel model = Model();
-    model.OpenNew();
-    model.Text1_Change(title);
-    model.ImDate1_Change(0, start);
-    model.ImDate1_Change(1, end);
-    ASSERT_TRUE(model.SchEditOK_Click());
+  void End() {
+    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
   }
-
-  void ExpectMessage(const std::string& text, MsgButtons buttons = MsgButtons::Ok) const {
-    ASSERT_FALSE(messages.Shown().empty());
-    const MessageRequest& m = messages.Shown().back();
-    EXPECT_EQ(m.text, text);
-    EXPECT_EQ(m.title, kAppTitle);
-    EXPECT_EQ(m.icon, MsgIcon::Exclamation);
-    EXPECT_EQ(m.buttons, buttons);
-  }
-
-  FakeStore fake;
-  FakeMessages messages;
-  FakeDateFormatter dates;
-  ScriptedRepeatHost host;
 };
 
-TEST(TimeCombo, HasTheHalfHoursAndTheLastMinute) {
-  const auto& items = TimeComboItems();
-  ASSERT_EQ(items.size(), 49u);
-  EXPECT_EQ(items[0].text, "12:00 AM");
-  EXPECT_EQ(items[1].text, "12:30 AM");
-  EXPECT_EQ(items[24].text, "12:00 PM");
-  EXPECT_EQ(items[47].text, "11:30 PM");
-  EXPECT_EQ(items[47].minutes, 1410);
-  EXPECT_EQ(items[48].text, "11:59 PM");
-  EXPECT_EQ(items[48].minutes, 1439);
+// A text field of a step: TEXT, or TEXT repeated TIMES times and followed by TAIL.
+std::string TextOf(const CaseRow& row) {
+  std::string text;
+  const int times = row[2].empty() ? 1 : row.Int(2);
+  for (int i = 0; i < times; ++i) text += testing::Unescaped(row[1]);
+  return text + testing::Unescaped(row[3]);
 }
 
-TEST(TimeCombo, ParsesTypedTimes) {
-  const struct {
-    const char* text;
-    std::optional<int> minutes;
-  } cases[] = {
-      {"9:15", 555},   {" 09:15 ", 555},  {"23:59", 1439},  {"0:00", 0},
-      {"12:00 AM", 0}, {"12:30 PM", 750}, {"1:05 pm", 785}, {"11:59 PM", 1439},
-      {"24:00", {}},   {"9:60", {}},      {"13:00 PM", {}}, {"9", {}},
-      {":30", {}},     {"9:5", {}},       {"ab:cd", {}},    {"", {}},
+std::optional<CivilDate> DateOf(const CaseRow& row, std::size_t i) {
+  return row[i] == "none" ? std::nullopt : std::optional<CivilDate>(row.Date(i));
+}
+
+// The state and the line of a step, short for the many steps and looks below.
+using S = Edit&;
+using R = const CaseRow&;
+
+testing::Trace<Edit> EditDialogTrace() {
+  testing::Trace<Edit> t;
+  const auto n = [](int value) { return std::to_string(value); };
+  t.steps["clock"] = [](S e, R row) {
+    const CivilDate d = row.Date(1);
+    int hour = 0, minute = 0;
+    EXPECT_EQ(std::sscanf(row[2].c_str(), "%d:%d", &hour, &minute), 2) << row.where;
+    e.fake.clock.Set({d.year, d.month, d.day, hour, minute, 0});
   };
-  for (const auto& c : cases) EXPECT_EQ(ParseTimeText(c.text), c.minutes) << c.text;
-}
-
-TEST_F(SchEditModelTest, NewItemStartsAtTheNextHalfHourForHalfAnHour) {
-  const struct {
-    int hour, minute;
-    int start, end;
-  } cases[] = {
-      {10, 0, 630, 660},    {10, 30, 630, 660}, {10, 31, 660, 690},
-      {23, 15, 1410, 1439}, {23, 45, 0, 30},    {0, 0, 30, 60},
+  t.steps["show"] = [](S e, R row) { e.Show(row.Date(1)); };
+  // The alarm sounds the next dialog offers, separated by blanks.
+  t.steps["sounds"] = [](S e, R row) {
+    e.sounds.clear();
+    std::istringstream names(row[1]);
+    for (std::string name; names >> name;) e.sounds.push_back(name);
   };
-  for (const auto& c : cases) {
-    fake.clock.Set({2026, 11, 23, c.hour, c.minute, 0});
-    SchEditModel model = Model();
-    model.OpenNew();
-    const SchEditControls& shown = model.Controls();
-    EXPECT_EQ(shown.DTPicker2[0], c.start) << c.hour << ":" << c.minute;
-    EXPECT_EQ(shown.DTPicker2[1], c.end) << c.hour << ":" << c.minute;
-    EXPECT_EQ(TimeComboItems()[static_cast<std::size_t>(shown.Combo1[1])].minutes, c.end);
-  }
-}
-
-TEST_F(SchEditModelTest, NewItemOpensOnTheShownDateWithoutAlarm) {
-  SchEditModel model = Model();
-  model.OpenNew();
-  const SchEditControls& c = model.Controls();
-  EXPECT_EQ(c.Caption, "Appointment - New");
-  EXPECT_EQ(c.ImDate1[0], CivilDate(2026, 11, 23));
-  EXPECT_EQ(c.ImDate1[1], CivilDate(2026, 11, 23));
-  EXPECT_FALSE(c.Check1);
-  EXPECT_FALSE(c.ImNumber1Enabled);
-  EXPECT_FALSE(c.SoundEnabled);
-  EXPECT_EQ(c.SoundName, "SCHALARM");
-  EXPECT_TRUE(c.Command1Enabled);
-  EXPECT_FALSE(c.PreviewEnabled);
-  EXPECT_EQ(model.ChangedFlag, 0);
-  EXPECT_EQ(model.IsNewItem, -1);
-}
-
-TEST_F(SchEditModelTest, OkWithNothingChangedWritesNothing) {
-  SchEditModel model = Model();
-  model.OpenNew();
-  EXPECT_TRUE(model.SchEditOK_Click());
-  EXPECT_FALSE(model.Written());
-  EXPECT_EQ(fake.doc.Tables.RowCount, 0);
-}
-
-TEST_F(SchEditModelTest, EmptyTitleIsSavedAsNoTitle) {
-  SchEditModel model = Model();
-  model.OpenNew();
-  model.Check2_Click(true);
-  ASSERT_TRUE(model.SchEditOK_Click());
-  ASSERT_EQ(LiveRows().size(), 1u);
-  EXPECT_EQ(LiveRows()[0].Title, "No Title");
-  EXPECT_EQ(LiveRows()[0].Private, 1);
-  EXPECT_EQ(LiveRows()[0].StartTime, 630);
-  EXPECT_EQ(model.NewRow(), 0);
-}
-
-TEST_F(SchEditModelTest, SpanOfThirtyDaysIsOneRecordADayAndThirtyOneIsRefused) {
-  AddItem("Trip", {2000, 1, 1}, {2000, 1, 30});
-  const std::vector<SchDatRow> rows = LiveRows();
-  ASSERT_EQ(rows.size(), 30u);
-  EXPECT_EQ(rows.front().RepeatKind, kMultiDayKind);
-  EXPECT_EQ(rows.back().Day, 30);
-  EXPECT_EQ(rows.front().StartTime, -1);
-
-  SchEditModel model = Model();
-  model.OpenNew();
-  model.ImDate1_Change(0, CivilDate{2000, 3, 1});
-  model.ImDate1_Change(1, CivilDate{2000, 3, 31});
-  EXPECT_FALSE(model.Controls().Command1Enabled);
-  EXPECT_FALSE(model.SchEditOK_Click());
-  ExpectMessage("A schedule can overlap 30 days at most.");
-  EXPECT_EQ(model.Controls().ImDate1[1], CivilDate(2000, 3, 1));
-  EXPECT_EQ(model.TakeFocus(), EditFocus::ImDate1End);
-  EXPECT_EQ(LiveRows().size(), 30u);
-}
-
-TEST_F(SchEditModelTest, TheEndDateFollowsTheStartUpToTheLastDay) {
-  SchEditModel model = Model();
-  model.OpenNew();
-  model.ImDate1_Change(1, CivilDate{2026, 11, 25});
-  model.ImDate1_Change(0, CivilDate{2026, 11, 30});
-  EXPECT_EQ(model.Controls().ImDate1[1], CivilDate(2026, 12, 2));
-  model.ImDate1_Change(0, CivilDate{2099, 12, 30});
-  EXPECT_EQ(model.Controls().ImDate1[1], CivilDate(2099, 12, 31));
-  model.ImDate1_Change(1, CivilDate{2099, 12, 1});
-  EXPECT_EQ(model.Controls().ImDate1[1], CivilDate(2099, 12, 30));
-  EXPECT_TRUE(model.Controls().Command1Enabled);
-}
-
-TEST_F(SchEditModelTest, AMissingDateIsAskedFor) {
-  for (int index : {0, 1}) {
-    SchEditModel model = Model();
-    model.OpenNew();
-    model.ImDate1_Change(index, std::nullopt);
-    EXPECT_FALSE(model.SchEditOK_Click());
-    ExpectMessage("Specify the date.");
-    EXPECT_EQ(model.TakeFocus(), index == 0 ? EditFocus::ImDate1Start : EditFocus::ImDate1End);
-  }
-  EXPECT_EQ(fake.doc.Tables.RowCount, 0);
-}
-
-TEST_F(SchEditModelTest, TheEndTimeFollowsTheStartUntilTheUserSetsIt) {
-  SchEditModel model = Model();
-  model.OpenNew();            // 10:30 to 11:00
-  model.Combo1_Click(0, 20);  // 10:00
-  EXPECT_EQ(model.Controls().DTPicker2[1], 630);
-  model.Combo1_Click(1, 24);  // 12:00: a span of two hours
-  model.Combo1_Click(0, 22);  // 11:00, still before the end
-  EXPECT_EQ(model.Controls().DTPicker2[1], 720);
-  model.Combo1_Text(0, "12:15");  // past the end: the end keeps the span
-  EXPECT_EQ(model.Controls().DTPicker2[1], 855);
-  EXPECT_EQ(model.TimeText(0), "12:15 PM");
-  EXPECT_EQ(model.Controls().Combo1[0], 25);  // shown on the next half hour
-  model.Combo1_Text(1, "11:00");              // before the start: the start keeps the span
-  EXPECT_EQ(model.Controls().DTPicker2[0], 540);
-  model.Combo1_Click(0, 48);
-  EXPECT_EQ(model.Controls().DTPicker2[1], 1439);
-  ASSERT_TRUE(model.SchEditOK_Click());
-  EXPECT_EQ(LiveRows()[0].StartTime, 1439);
-  EXPECT_EQ(LiveRows()[0].EndTime, 1439);
-}
-
-TEST_F(SchEditModelTest, AllDayClearsTheTimesAndTheAlarm) {
-  SchEditModel model = Model();
-  model.OpenNew();
-  model.Check1_Click(true);
-  EXPECT_TRUE(model.Controls().ImNumber1Enabled);
-  EXPECT_TRUE(model.Controls().SoundEnabled);
-  model.Check3_Click(true);
-  const SchEditControls& c = model.Controls();
-  EXPECT_FALSE(c.DTPicker2[0].has_value());
-  EXPECT_EQ(c.Combo1[0], -1);
-  EXPECT_FALSE(c.TimesEnabled);
-  EXPECT_FALSE(c.Check1);
-  EXPECT_FALSE(c.Check1Enabled);
-  EXPECT_FALSE(c.ImNumber1Enabled);
-  EXPECT_FALSE(c.SoundEnabled);
-  ASSERT_TRUE(model.SchEditOK_Click());
-  EXPECT_EQ(LiveRows()[0].StartTime, -1);
-  EXPECT_EQ(LiveRows()[0].AlarmOn, 0);
-
-  SchEditModel again = Model();
-  again.OpenNew();
-  again.Check3_Click(true);
-  again.Check3_Click(false);
-  EXPECT_EQ(again.Controls().DTPicker2[0], 630);
-  EXPECT_TRUE(again.Controls().TimesEnabled);
-  EXPECT_TRUE(again.Controls().Check1Enabled);
-}
-
-TEST_F(SchEditModelTest, AlarmMinutesStayInRangeAndStepByFive) {
-  SchEditModel model = Model();
-  model.OpenNew();
-  model.Check1_Click(true);
-  model.ImNumber1_Change(1000);
-  EXPECT_EQ(model.Controls().ImNumber1, 999);
-  EXPECT_TRUE(model.ImNumber1_KeyDown(kKeyUp));
-  EXPECT_EQ(model.Controls().ImNumber1, 999);
-  EXPECT_TRUE(model.ImNumber1_KeyDown(kKeyDown));
-  EXPECT_EQ(model.Controls().ImNumber1, 994);
-  model.ImNumber1_Change(-3);
-  EXPECT_EQ(model.Controls().ImNumber1, 0);
-  EXPECT_FALSE(model.ImNumber1_KeyDown(kKeyLeft));
-  model.ImNumber1_Change(15);
-  model.Sound_Change("bell");
-  ASSERT_TRUE(model.SchEditOK_Click());
-  const SchDatRow row = LiveRows()[0];
-  EXPECT_EQ(row.AlarmOn, 1);
-  EXPECT_EQ(row.AlarmLead, 15);
-  EXPECT_EQ(row.AlarmSound, "BELL");
-}
-
-TEST_F(SchEditModelTest, AlarmWithoutSoundsIsRefused) {
-  SchEditModel model = Model({});
-  model.OpenNew();
-  model.Check1_Click(true);
-  ExpectMessage("Cannot find sound file.");
-  EXPECT_FALSE(model.Controls().Check1);
-  EXPECT_FALSE(model.Controls().ImNumber1Enabled);
-}
-
-TEST_F(SchEditModelTest, ASoundNameLongerThanEightBytesIsRefused) {
-  SchEditModel model = Model();
-  model.OpenNew();
-  model.Sound_Change("MELODIES");
-  EXPECT_TRUE(model.Sound_LostFocus());
-  model.Sound_Change("MELODIE\xC3\xA9");  // 8 characters, 8 bytes in the file's code page
-  EXPECT_TRUE(model.Sound_LostFocus());
-  model.Sound_Change("LONGMELODY");
-  EXPECT_FALSE(model.Sound_LostFocus());
-  ExpectMessage("Input string is too long.\r\nMaximum string length is 8 chacters");
-  EXPECT_EQ(model.TakeFocus(), EditFocus::Sound);
-  EXPECT_EQ(model.TakeFocus(), std::nullopt);
-}
-
-TEST_F(SchEditModelTest, TitleAndPlaceTakeFiftySixCharactersAndTheMemoMore) {
-  SchEditModel model = Model();
-  model.OpenNew();
-  model.Text1_Change(std::string(60, 'a'));
-  EXPECT_EQ(model.Controls().Text1, std::string(56, 'a'));
-  model.Text3_Change(std::string(57, 'p'));
-  EXPECT_EQ(model.Controls().Text3.size(), 56u);
-  std::string umlauts;
-  for (int i = 0; i < 60; ++i) umlauts += "\xC3\xBC";
-  model.Text1_Change(umlauts);
-  EXPECT_EQ(model.Controls().Text1.size(), 112u);
-  model.Text2_Change(std::string(1030, 'm') + "\r\n");
-  EXPECT_EQ(model.Controls().Text2.size(), 1025u);
-}
-
-TEST_F(SchEditModelTest, CancelAsksAboutChangesAndKeepsTheShownDate) {
-  const struct {
-    MsgAnswer answer;
-    bool closes;
-    int rows;
-  } cases[] = {{MsgAnswer::No, true, 0}, {MsgAnswer::Cancel, false, 0}, {MsgAnswer::Yes, true, 1}};
-  for (const auto& c : cases) {
-    FakeStore fresh;
-    SchEditModel model(SchEditServices{fresh.store, messages, fake.clock, dates, host, {}});
-    fresh.doc.CurYear = 2026, fresh.doc.CurMonth = 11, fresh.doc.CurDay = 23;
-    model.OpenNew();
-    model.Text1_Change("Dentist");
-    messages.QueueAnswer(c.answer);
-    EXPECT_EQ(model.SchEditCAN_Click(), c.closes);
-    ExpectMessage("Do you want to save the changes?", MsgButtons::YesNoCancel);
-    EXPECT_EQ(fresh.doc.Tables.RowCount, c.rows);
-    if (c.answer == MsgAnswer::Cancel) {
-      EXPECT_EQ(model.TakeFocus(), EditFocus::Text1);
-    }
-  }
-  const std::size_t asked = messages.Shown().size();
-  SchEditModel untouched = Model();
-  untouched.OpenNew();
-  EXPECT_TRUE(untouched.SchEditCAN_Click());
-  EXPECT_EQ(messages.Shown().size(), asked);
-}
-
-TEST_F(SchEditModelTest, ModifyingAnItemReplacesItAndKeepsItsIdentity) {
-  AddItem("Lunch", {2026, 11, 23}, {2026, 11, 23});
-  const SchDatRow old = LiveRows()[0];
-
-  SchEditModel model = Model();
-  model.OpenModify(0);
-  EXPECT_EQ(model.Controls().Caption, "Appointment - Lunch");
-  EXPECT_EQ(model.Controls().Text1, "Lunch");
-  EXPECT_EQ(model.IsNewItem, 0);
-  model.Text3_Change("Canteen");
-  ASSERT_TRUE(model.SchEditOK_Click());
-  const std::vector<SchDatRow> rows = LiveRows();
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0].Place, "Canteen");
-  EXPECT_EQ(rows[0].SubNo, old.SubNo);
-  EXPECT_EQ(static_cast<std::uint32_t>(rows[0].Stamp),
-            static_cast<std::uint32_t>(old.Stamp) | 0xC0000000u);
-  EXPECT_EQ(model.NewRow(), 1);
-}
-
-TEST_F(SchEditModelTest, ARecordWhoseSoundIsGoneLosesItsAlarm) {
-  SchRecord record;
-  record.Year = 2026, record.Month = 11, record.Day = 23;
-  record.EndYear = 2026, record.EndMonth = 11, record.EndDay = 23;
-  record.StartTime = 600, record.EndTime = 660;
-  record.Title = "Call";
-  record.AlarmOn = 1;
-  record.AlarmLead = 10;
-  record.AlarmSound = "GONE";
-  fake.store.InsertRecord(record);
-
-  SchEditModel model = Model();
-  model.OpenModify(0);
-  ExpectMessage("Cannot find sound file.\r\nAlarm setting clear.");
-  EXPECT_FALSE(model.Controls().Check1);
-  EXPECT_EQ(model.Record.AlarmOn, 0);
-  EXPECT_EQ(model.ChangedFlag, 0);
-}
-
-TEST_F(SchEditModelTest, AnItemOverSeveralDatesOpensOnItsWholeSpan) {
-  AddItem("Fair", {2026, 11, 20}, {2026, 11, 24});
-  SchEditModel model = Model();
-  model.OpenModify(2);
-  EXPECT_EQ(model.Controls().ImDate1[0], CivilDate(2026, 11, 20));
-  EXPECT_EQ(model.Controls().ImDate1[1], CivilDate(2026, 11, 24));
-  EXPECT_FALSE(model.Controls().Command1Enabled);
-  model.ImDate1_Change(1, CivilDate{2026, 11, 21});
-  ASSERT_TRUE(model.SchEditOK_Click());
-  const std::vector<SchDatRow> rows = LiveRows();
-  ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[1].EndDay, 21);
-  EXPECT_EQ(Shown(), CivilDate(2026, 11, 23));
-}
-
-TEST_F(SchEditModelTest, ASeriesOpensOnItsFirstOccurrenceAndIsReplacedWhole) {
-  host.user = [](RepeatModel& repeat) {
-    repeat.Option1_Click(kOptionWeekly);
-    repeat.ImNumber_Change(RepeatNumberField::ImNumber2, 2);
-    repeat.ImNumber_Change(RepeatNumberField::ImNumber1, 5);
-    ASSERT_TRUE(repeat.OKButton_Click());
+  // A row of the schedule written before: DATE START END TITLE, and an alarm SOUND and LEAD.
+  t.steps["insert"] = [](S e, R row) {
+    const CivilDate d = row.Date(1);
+    SchRecord r = MakeItem(d.year, d.month, d.day, row.Int(2), row.Int(3), row[4]);
+    r.AlarmOn = row[5].empty() ? 0 : 1;
+    r.AlarmSound = row[5];
+    r.AlarmLead = static_cast<std::int16_t>(row[6].empty() ? 0 : row.Int(6));
+    e.fake.store.InsertRecord(r);
   };
-  SchEditModel model = Model();
-  model.OpenNew();
-  model.Text1_Change("Review");
-  model.Command1_Click();
-  EXPECT_EQ(host.shown, 1);
-  EXPECT_FALSE(model.Controls().EndDateEnabled);
-  ASSERT_TRUE(model.SchEditOK_Click());
-  std::vector<SchDatRow> rows = LiveRows();
-  ASSERT_EQ(rows.size(), 5u);
-  EXPECT_EQ(rows[4].Day, 18);  // 2027/1/18, eight weeks on
-  EXPECT_EQ(Shown(), CivilDate(2026, 11, 23));
-  const std::int32_t stamp = rows[0].Stamp;
+  // An item written through a dialog of its own: TITLE START END.
+  t.steps["add"] = [](S e, R row) {
+    SchEditModel& model = e.Open();
+    model.OpenNew();
+    model.Text1_Change(row[1]);
+    model.ImDate1_Change(0, row.Date(2));
+    model.ImDate1_Change(1, row.Date(3));
+    EXPECT_TRUE(model.SchEditOK_Click()) << row.where;
+  };
+  t.steps["new"] = [](S e, R) { e.Open().OpenNew(); };
+  t.steps["modify"] = [](S e, R row) { e.Open().OpenModify(row.Int(1)); };
+  t.steps["title"] = [](S e, R row) { e.model->Text1_Change(TextOf(row)); };
+  t.steps["place"] = [](S e, R row) { e.model->Text3_Change(TextOf(row)); };
+  t.steps["memo"] = [](S e, R row) { e.model->Text2_Change(TextOf(row)); };
+  t.steps["date"] = [](S e, R row) { e.model->ImDate1_Change(row.Int(1), DateOf(row, 2)); };
+  t.steps["pick"] = [](S e, R row) { e.model->Combo1_Click(row.Int(1), row.Int(2)); };
+  t.steps["time"] = [](S e, R row) { e.model->Combo1_Text(row.Int(1), row[2]); };
+  t.steps["allday"] = [](S e, R row) { e.model->Check3_Click(row.YesNo(1)); };
+  t.steps["alarm"] = [](S e, R row) { e.model->Check1_Click(row.YesNo(1)); };
+  t.steps["private"] = [](S e, R row) { e.model->Check2_Click(row.YesNo(1)); };
+  t.steps["minutes"] = [](S e, R row) { e.model->ImNumber1_Change(row.Int(1)); };
+  t.steps["key"] = [](S e, R row) {
+    const std::map<std::string, int> keys = {
+        {"up", kKeyUp}, {"down", kKeyDown}, {"left", kKeyLeft}};
+    EXPECT_EQ(e.model->ImNumber1_KeyDown(keys.at(row[1])), row.YesNo(2)) << row.where;
+  };
+  t.steps["sound"] = [](S e, R row) { e.model->Sound_Change(testing::Unescaped(row[1])); };
+  // The sound box left, and whether it lets the focus go.
+  t.steps["leave-sound"] = [](S e, R row) {
+    EXPECT_EQ(e.model->Sound_LostFocus(), row.YesNo(1)) << row.where;
+  };
+  // The repeat button, and in its dialog: OPTION, INTERVAL, COUNT and OK.
+  t.steps["repeat"] = [](S e, R row) {
+    const int option = row.Int(1), interval = row.Int(2), count = row.Int(3);
+    e.host.user = [=](RepeatModel& repeat) {
+      repeat.Option1_Click(option);
+      repeat.ImNumber_Change(RepeatNumberField::ImNumber2, interval);
+      repeat.ImNumber_Change(RepeatNumberField::ImNumber1, count);
+      EXPECT_TRUE(repeat.OKButton_Click());
+    };
+    e.model->Command1_Click();
+  };
+  t.steps["answer"] = [](S e, R row) {
+    const std::map<std::string, MsgAnswer> answers = {
+        {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
+    e.messages.QueueAnswer(answers.at(row[1]));
+  };
+  t.steps["ok"] = [](S e, R row) {
+    EXPECT_EQ(e.model->SchEditOK_Click(), row.YesNo(1)) << row.where << ": whether OK closes";
+  };
+  t.steps["cancel"] = [](S e, R row) {
+    EXPECT_EQ(e.model->SchEditCAN_Click(), row.YesNo(1)) << row.where << ": whether it closes";
+  };
+  t.steps["keep-stamp"] = [](S e, R row) { e.stamp = e.Row(row[1]).Stamp; };
 
-  // The third occurrence opens the first; Cancel puts the shown date back.
-  ShowDate({2026, 12, 21});
-  SchEditModel third = Model();
-  third.OpenModify(2);
-  EXPECT_EQ(third.Controls().ImDate1[0], CivilDate(2026, 11, 23));
-  EXPECT_EQ(Shown(), CivilDate(2026, 11, 23));
-  EXPECT_EQ(third.Work.RepeatCount, 5);
-  EXPECT_EQ(third.Work.RepeatStep, 1);
-  third.Text3_Change("Room 2");
-  messages.QueueAnswer(MsgAnswer::No);
-  EXPECT_TRUE(third.SchEditCAN_Click());
-  EXPECT_EQ(Shown(), CivilDate(2026, 12, 21));
+  // The time lists and typed times.
+  t.looks["time-items"] = [n](S, auto&) { return n(int(TimeComboItems().size())); };
+  t.looks["time-item"] = [n](S, auto& i) {
+    const TimeComboItem& item = TimeComboItems().at(std::stoul(i));
+    return item.text + " " + n(item.minutes);
+  };
+  t.looks["parsed"] = [](S, auto& text) { return Text(ParseTimeText(text)); };
 
-  SchEditModel again = Model();
-  again.OpenModify(2);
-  again.Text3_Change("Room 2");
-  ASSERT_TRUE(again.SchEditOK_Click());
-  rows = LiveRows();
-  ASSERT_EQ(rows.size(), 5u);
-  for (const SchDatRow& row : rows) {
-    EXPECT_EQ(row.Place, "Room 2");
-    EXPECT_EQ(static_cast<std::uint32_t>(row.Stamp),
-              static_cast<std::uint32_t>(stamp) | 0xC0000000u);
-    EXPECT_EQ(row.RepeatKind, 0x1024);  // every 2 weeks on Monday
-  }
-  EXPECT_EQ(rows[0].SubNo, 1);
-  EXPECT_EQ(rows[4].SubNo, 5);
-  EXPECT_EQ(Shown(), CivilDate(2026, 12, 21));
+  // What the dialog shows.
+  const auto c = [](Edit& e) -> const SchEditControls& { return e.model->Controls(); };
+  t.looks["caption"] = [c](S e, auto&) { return c(e).Caption; };
+  t.looks["title"] = [c](S e, auto&) { return c(e).Text1; };
+  t.looks["place"] = [c](S e, auto&) { return c(e).Text3; };
+  t.looks["title.size"] = [c, n](S e, auto&) { return n(int(c(e).Text1.size())); };
+  t.looks["place.size"] = [c, n](S e, auto&) { return n(int(c(e).Text3.size())); };
+  t.looks["memo.size"] = [c, n](S e, auto&) { return n(int(c(e).Text2.size())); };
+  t.looks["dates"] = [c](S e, auto&) {
+    return Text(c(e).ImDate1[0]) + " " + Text(c(e).ImDate1[1]);
+  };
+  t.looks["times"] = [c](S e, auto&) {
+    return Text(c(e).DTPicker2[0]) + " " + Text(c(e).DTPicker2[1]);
+  };
+  t.looks["time-list"] = [c, n](S e, auto& i) { return n(c(e).Combo1.at(std::stoul(i))); };
+  t.looks["time-text"] = [](S e, auto& i) { return e.model->TimeText(std::stoi(i)); };
+  t.looks["times-enabled"] = [c](S e, auto&) { return YesNo(c(e).TimesEnabled); };
+  t.looks["end-date-enabled"] = [c](S e, auto&) { return YesNo(c(e).EndDateEnabled); };
+  t.looks["alarm"] = [c](S e, auto&) { return YesNo(c(e).Check1); };
+  t.looks["alarm-enabled"] = [c](S e, auto&) { return YesNo(c(e).Check1Enabled); };
+  t.looks["minutes"] = [c, n](S e, auto&) { return n(c(e).ImNumber1); };
+  t.looks["minutes-enabled"] = [c](S e, auto&) { return YesNo(c(e).ImNumber1Enabled); };
+  t.looks["sound"] = [c](S e, auto&) { return c(e).SoundName; };
+  t.looks["sound-enabled"] = [c](S e, auto&) { return YesNo(c(e).SoundEnabled); };
+  t.looks["preview-enabled"] = [c](S e, auto&) { return YesNo(c(e).PreviewEnabled); };
+  t.looks["repeat-enabled"] = [c](S e, auto&) { return YesNo(c(e).Command1Enabled); };
+  t.looks["repeat-shown"] = [n](S e, auto&) { return n(e.host.shown); };
+  // The box that asks for the focus, once.
+  t.looks["focus"] = [](S e, auto&) -> std::string {
+    static const char* const kNames[] = {"title",      "place",    "memo",
+                                         "start-date", "end-date", "start-time",
+                                         "end-time",   "minutes",  "sound"};
+    const std::optional<EditFocus> focus = e.model->TakeFocus();
+    return focus ? kNames[static_cast<int>(*focus)] : "none";
+  };
+  t.looks["messages"] = [](S e, auto&) { return testing::NewMessageLines(e.messages, e.seen); };
+
+  // The dialog's session and the schedule.
+  t.looks["changed"] = [n](S e, auto&) { return n(e.model->ChangedFlag); };
+  t.looks["new-item"] = [n](S e, auto&) { return n(e.model->IsNewItem); };
+  t.looks["record.alarm"] = [n](S e, auto&) { return n(e.model->Record.AlarmOn); };
+  // The rule's count and step (interval - 1) as the session holds them.
+  t.looks["rule"] = [n](S e, auto&) {
+    return n(e.model->Work.RepeatCount) + " " + n(e.model->Work.RepeatStep);
+  };
+  t.looks["written"] = [](S e, auto&) { return YesNo(e.model->Written()); };
+  t.looks["new-row"] = [n](S e, auto&) { return n(e.model->NewRow()); };
+  t.looks["shown"] = [](S e, auto&) {
+    return Text(e.fake.doc.CurYear, e.fake.doc.CurMonth, e.fake.doc.CurDay);
+  };
+  testing::AddRowLooks(t, [](S e) -> const SchDatCTL& { return e.fake.doc.Tables; });
+  // Whether the row carries the kept stamp, marked as written anew.
+  t.looks["row.kept-stamp"] = [](S e, auto& i) {
+    return YesNo(static_cast<std::uint32_t>(e.Row(i).Stamp) ==
+                 (static_cast<std::uint32_t>(e.stamp) | 0xC0000000u));
+  };
+  return t;
+}
+
+TEST(SchEditModel, FollowsTheTraces) {
+  EditDialogTrace().Run("appointments/edit-dialog.txt", 7, 300);
 }
 
 }  // namespace

@@ -4,49 +4,24 @@
 
 #include "appointments/repeat_rule.h"
 #include "core/calendar.h"
+#include "tests/support/case_file.h"
 
 namespace sched {
 namespace {
 
-TEST(WeekOrdinal, PositionsAtTheEdgesOfMonths) {
-  const struct {
-    CivilDate date;
-    int N;
-    int W;
-    bool isLast;
-  } cases[] = {
-      {{1901, 1, 1}, 1, 2, false},   // the first day of the calendar, a Tuesday
-      {{2026, 1, 30}, 5, 5, true},   // a fifth Friday
-      {{2026, 1, 23}, 4, 5, false},  // a fourth that is not the last
-      {{2027, 2, 26}, 4, 5, true},   // a fourth that is the last
-      {{2015, 2, 28}, 4, 6, true},   // a February of exactly four weeks
-      {{2015, 2, 1}, 1, 0, false},   {{2024, 2, 29}, 5, 4, true},  // a leap day, fifth Thursday
-      {{2023, 2, 28}, 4, 2, true},   {{2026, 11, 21}, 3, 6, false},
-      {{2099, 12, 31}, 5, 4, true},  // the last day of the calendar
-      {{2099, 12, 24}, 4, 4, false},
-  };
-  for (const auto& c : cases) {
-    const WeekPosition p = Sor_CulcNWfromYMD(c.date.year, c.date.month, c.date.day);
-    const std::string at = std::to_string(DateCode(c.date.year, c.date.month, c.date.day));
-    EXPECT_EQ(p.N, c.N) << at;
-    EXPECT_EQ(p.W, c.W) << at;
-    EXPECT_EQ(p.isLast, c.isLast) << at;
-  }
-}
-
-TEST(WeekOrdinal, DaysOfOrdinalWeekdays) {
-  const struct {
-    int year, month, N, W, day;
-  } cases[] = {
-      {2026, 11, 7, 5, 27},  // the last Friday
-      {2026, 11, 1, 0, 1},  {2026, 11, 1, 6, 7},  {2026, 11, 4, 1, 23},
-      {2024, 2, 7, 4, 29},  // the last Thursday of a leap February
-      {2023, 2, 7, 4, 23},  {2015, 2, 7, 0, 22},  {2015, 2, 4, 6, 28},
-      {1901, 1, 1, 2, 1},   {2099, 12, 7, 4, 31}, {2099, 12, 7, 5, 25},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(Sor_CulcDDfromYMNW(c.year, c.month, c.N, c.W), c.day)
-        << c.year << "/" << c.month << " N " << c.N << " W " << c.W;
+TEST(WeekOrdinal, KnownPositionsBothWays) {
+  for (const testing::CaseRow& row : testing::ReadCases("appointments/week-positions.txt", 4, 15)) {
+    const CivilDate d = row.Date(0);
+    const WeekPosition p = Sor_CulcNWfromYMD(d.year, d.month, d.day);
+    EXPECT_EQ(p.N, row.Int(1)) << row.where;
+    EXPECT_EQ(p.W, row.Int(2)) << row.where;
+    EXPECT_EQ(p.isLast, row.YesNo(3)) << row.where;
+    if (row.Int(1) <= 4) {
+      EXPECT_EQ(Sor_CulcDDfromYMNW(d.year, d.month, row.Int(1), row.Int(2)), d.day) << row.where;
+    }
+    if (row.YesNo(3)) {
+      EXPECT_EQ(Sor_CulcDDfromYMNW(d.year, d.month, kLastOrdinal, row.Int(2)), d.day) << row.where;
+    }
   }
 }
 

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <array>
 #include <cstdio>
+#include <filesystem>
+#include <map>
+#include <sstream>
 
 #include "store/row_order.h"
+#include "tests/support/case_file.h"
+#include "tests/support/run_command.h"
 #include "tests/support/test_store.h"
 
 namespace sched {
@@ -21,16 +24,9 @@ enum class Stream { Both, Out, Err };
 // Runs scltool with the arguments and collects the streams asked for.
 Result Scltool(const std::string& args, Stream stream = Stream::Both) {
   const char* const redirect[] = {" 2>&1", " 2>/dev/null", " 2>&1 >/dev/null"};
-  const std::string command =
-      std::string(SCLTOOL_PATH) + " " + args + redirect[static_cast<int>(stream)];
-  FILE* pipe = popen(command.c_str(), "r");
-  Result result{-1, ""};
-  std::array<char, 4096> buffer;
-  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe))
-    result.out.append(buffer.data(), n);
-  const int status = pclose(pipe);
-  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return result;
+  const auto [status, out] =
+      RunCommand(std::string(SCLTOOL_PATH) + " " + args + redirect[static_cast<int>(stream)]);
+  return {status, out};
 }
 
 std::string Quoted(const std::string& path) {
@@ -93,164 +89,45 @@ TEST(Scltool, InfoSampleAndResave) {
   EXPECT_EQ(Scltool("dump " + copy).out, Scltool("dump " + sample).out);
 }
 
-TEST(Scltool, ExitStatusAndMessages) {
-  TempDir dir;
-  WriteBytes(dir.File("bad.scl"), {'Q', '3', '9', 'E', 0, 0, 1, 0, 100, 0, 0, 0});
-  WriteBytes(dir.File("text.scl"), {'D', 'a', 'y', ',', 'T', 'i', 't', 'l', 'e', '\n'});
-  WriteBytes(dir.File("short.scl"), {'Q', '3', '9'});
-  WriteBytes(dir.File("empty.scl"), {});
-  const std::string bad = Quoted(dir.File("bad.scl"));
-  const std::string text = Quoted(dir.File("text.scl"));
-  const std::string out = Quoted(dir.File("out.scl"));
-  const std::string notScheduler = "This is not a Scheduler file.\n";
-  struct Case {
-    std::string args;
-    int status;
-    Stream stream;
-    std::string out;  // the whole output, or for bad usage how it begins
-  };
-  const Case cases[] = {
-      {"info " + bad, 1, Stream::Err, "Read error!\n"},
-      {"dump " + Quoted(dir.File("missing.scl")), 1, Stream::Err, "Read error!\n"},
-      {"resave " + bad + " " + out, 1, Stream::Err, "Read error!\n"},
-      {"info " + text, 1, Stream::Err, notScheduler},
-      {"dump " + Quoted(dir.File("short.scl")), 1, Stream::Err, notScheduler},
-      {"resave " + Quoted(dir.File("empty.scl")) + " " + out, 1, Stream::Err, notScheduler},
-      {"month " + text + " 2024 5", 1, Stream::Err, notScheduler},
-      {"info " + text, 1, Stream::Out, ""},
-      {"--help", 0, Stream::Out, "usage: scltool"},
-      {"-h", 0, Stream::Out, "usage: scltool"},
-      {"--version", 0, Stream::Out, "scltool " SCHEDULER_VERSION "\n"},
-      {"--version extra", 2, Stream::Err, "usage: scltool"},
-      {"", 2, Stream::Err, "usage: scltool"},
-      {"info", 2, Stream::Err, "usage: scltool"},
-      {"frobnicate x.scl", 2, Stream::Err, "usage: scltool"},
-      {"sample x.scl 2026 2 30", 2, Stream::Err, "usage: scltool"},
-  };
-  for (const Case& c : cases) {
-    const Result r = Scltool(c.args, c.stream);
-    EXPECT_EQ(r.status, c.status) << c.args;
-    if (c.out.rfind("usage: ", 0) == 0) {
-      EXPECT_EQ(r.out.rfind(c.out, 0), 0u) << c.args << ": " << r.out;
-    } else {
-      EXPECT_EQ(r.out, c.out) << c.args;
-    }
-  }
-  EXPECT_FALSE(std::filesystem::exists(dir.File("out.scl")));
-}
-
-TEST(Scltool, RuleTellsWhatAWordHolds) {
-  const std::string none =
-      R"("ordinal":null,"isLast":null,"weekday":null,"day":null,"month":null})";
-  const struct {
-    const char* word;
-    std::string json;
-  } cases[] = {
-      {"0", R"({"code":0,"option":0,"intervalField":null,)" + none},
-      {"-32768", R"({"code":16,"option":null,"intervalField":null,)" + none},
-      {"1", R"({"code":8,"option":1,"intervalField":0,)" + none},
-      {"0x102c", R"({"code":4,"option":2,"intervalField":1,)" + none},
-      {"0x203E", R"({"code":2,"option":3,"intervalField":0,"ordinal":null,"isLast":null,)"
-                 R"("weekday":null,"day":31,"month":null})"},
-      {"16570", R"({"code":1,"option":4,"intervalField":0,"ordinal":null,"isLast":null,)"
-                R"("weekday":null,"day":29,"month":2})"},
-      {"0x207D", R"({"code":22,"option":5,"intervalField":0,"ordinal":7,"isLast":true,)"
-                 R"("weekday":5,"day":null,"month":null})"},
-      {"0x773E", R"({"code":50,"option":6,"intervalField":6,"ordinal":7,"isLast":true,)"
-                 R"("weekday":6,"day":null,"month":12})"},
-      {"0x4449", R"({"code":50,"option":6,"intervalField":0,"ordinal":1,"isLast":false,)"
-                 R"("weekday":1,"day":null,"month":1})"},
-  };
-  for (const auto& c : cases) {
-    const Result r = Scltool(std::string("rule ") + c.word);
-    EXPECT_EQ(r.status, 0) << c.word;
-    EXPECT_EQ(r.out, c.json + "\n") << c.word;
-  }
-}
-
-TEST(Scltool, RuleSaysTheSentenceOfTheDialogOpenedOnIt) {
-  const struct {
-    const char* args;
-    const char* sentence;
-    const char* message;
-  } cases[] = {
-      {"0x207D 2026/11/27 3",
-       R"( The item repeats on Last Friday every 1 month(s)\rfrom 2026/11/27(Fri) to )"
-       R"(2027/01/29(Fri).)",
-       ""},
-      {"0x4449 2027/01/04 2",
-       R"( The item repeats on 1st Monday in December every 1 month(s)\rfrom 2027/01/04(Mon) )"
-       R"(to 2028/01/03(Mon).)",
-       ""},
-      {"0x0840 2099/12/20 10",  // the count falls to 6
-       R"( The item repeats every 2 day(s)\rfrom 2099/12/20(Sun) to 2099/12/30(Wed).)", ""},
-      {"0x0800 2099/12/31 3", " No Repeat ", "No more setting!.\n"},
-      {"0x2014 2099/12/10 2", " No Repeat ", "No more setting\n"},
-      {"0x8000 2026/11/21 2", " No Repeat ", ""},
-  };
-  for (const auto& c : cases) {
-    const Result out = Scltool(std::string("rule ") + c.args, Stream::Out);
-    EXPECT_EQ(out.status, 0) << c.args;
-    const std::size_t at = out.out.find(R"(,"sentence":")");
-    ASSERT_NE(at, std::string::npos) << out.out;
-    EXPECT_EQ(out.out.substr(at), std::string(R"(,"sentence":")") + c.sentence + "\"}\n") << c.args;
-    EXPECT_EQ(Scltool(std::string("rule ") + c.args, Stream::Err).out, c.message) << c.args;
-  }
-}
-
-TEST(Scltool, RuleRefusesWhatIsNoWordDateOrCount) {
-  for (const char* args :
-       {"", "0x10000", "65536", "-32769", "0x", "0x-1", "0x+1", "12x", "abc", "12 2026/11/21",
-        "12 2026/11/21 2 9", "12 2026/02/29 2", "12 2100/01/01 2", "12 2026-11-21 2",
-        "12 2026/11/21 0", "12 2026/11/21 x"}) {
-    const Result r = Scltool(std::string("rule ") + args, Stream::Err);
-    EXPECT_EQ(r.status, 2) << args;
-    EXPECT_EQ(r.out, "usage: scltool rule WORD [YYYY/MM/DD COUNT]\n") << args;
-  }
-}
-
-// scltool add, case by case: the arguments, the exit status, the messages and what the file
-// then holds.
-TEST(Scltool, AddFillsTheDialogsAsAUserDoes) {
-  const struct {
-    const char* args;
-    int status;
-    const char* messages;
-    int rows;  // live rows of the file afterwards, -1 when it was not written
-  } cases[] = {
-      {"--title Team --date 2026/11/24 --time 09:00-10:00 --repeat weekly --every 2 --count 5", 0,
-       "", 5},
-      {"--title Late --date 2099/12/20 --rule-date 2099/11/01 --repeat daily --every 1 --count 31",
-       0, "Cannot set schedules beyond 2099/12/31.\n", 12},
-      {"--title Y --date 2099/05/01 --rule-date 2026/05/01 --repeat yearly --every 1 --count 5", 0,
-       "Removing regular information.\n", 1},
-      {"--title Late --date 2099/12/20 --repeat daily --every 1 --count 31", 1, "Invalid input.\n",
-       -1},
-      {"--title Trip --date 2026/01/01 --end-date 2026/01/30 --place Alps", 0, "", 30},
-      {"--title Trip --date 2026/01/01 --end-date 2026/01/31", 1,
-       "A schedule can overlap 30 days at most.\n", -1},
-      {"--title A --date 2026/11/25 --alarm 15 --sound LONGMELODY", 1,
-       "Input string is too long.\r\nMaximum string length is 8 chacters\n", -1},
-      {"--title A --date 2026/11/25 --all-day --time 10:00-11:00", 2, nullptr, -1},
-      {"--title A --date 2026/02/30", 2, nullptr, -1},
-      {"--title A --date 2026/11/25 --every 2", 2, nullptr, -1},
-      {"--date 2026/11/25", 2, nullptr, -1},
-  };
-  for (const auto& c : cases) {
+// The runs of tests/data/cli/scltool-runs.txt.
+TEST(Scltool, RunsGiveTheirStatusOutputAndFiles) {
+  const std::map<std::string, Stream> streams = {
+      {"both", Stream::Both}, {"out", Stream::Out}, {"err", Stream::Err}};
+  for (const testing::CaseRow& row : testing::ReadCases("cli/scltool-runs.txt", 6, 60)) {
     TempDir dir;
-    const std::string file = dir.File("new.scl");
-    const Result added = Scltool("add " + Quoted(file) + " " + c.args, Stream::Err);
-    EXPECT_EQ(added.status, c.status) << c.args;
-    if (c.messages != nullptr) {
-      EXPECT_EQ(added.out, c.messages) << c.args;
+    WriteBytes(dir.File("bad.scl"), {'Q', '3', '9', 'E', 0, 0, 1, 0, 100, 0, 0, 0});
+    WriteBytes(dir.File("text.scl"), {'D', 'a', 'y', ',', 'T', 'i', 't', 'l', 'e', '\n'});
+    WriteBytes(dir.File("short.scl"), {'Q', '3', '9'});
+    WriteBytes(dir.File("empty.scl"), {});
+    std::istringstream words(row[2]);
+    std::string args;
+    for (std::string word; words >> word;) {
+      if (word.starts_with("$DIR/")) word = Quoted(dir.File(word.substr(5)));
+      args += (args.empty() ? "" : " ") + word;
     }
+    std::string expected = testing::Unescaped(row[4]);
+    if (const auto at = expected.find("$VERSION"); at != std::string::npos) {
+      expected.replace(at, 8, SCHEDULER_VERSION);
+    }
+    const Result r = Scltool(args, streams.at(row[0]));
+    EXPECT_EQ(r.status, row.Int(1)) << row.where;
+    if (row[3] == "starts") {
+      EXPECT_TRUE(r.out.starts_with(expected)) << row.where << ": " << r.out;
+    } else if (row[3] == "ends") {
+      EXPECT_TRUE(r.out.ends_with(expected)) << row.where << ": " << r.out;
+    } else {
+      EXPECT_EQ(r.out, expected) << row.where;
+    }
+    if (row[5].empty()) continue;
+    const std::string file = dir.File(row[5].substr(0, row[5].find(' ')));
+    const std::string rows = row[5].substr(row[5].find(' ') + 1);
     TestStore s;
-    if (c.rows == -1) {
-      EXPECT_FALSE(std::filesystem::exists(file)) << c.args;
-      continue;
+    if (rows == "-") {
+      EXPECT_FALSE(std::filesystem::exists(file)) << row.where;
+    } else {
+      EXPECT_TRUE(s.LoadFrom(file)) << row.where;
+      EXPECT_EQ(s.doc.Tables.RowCount, std::stoi(rows)) << row.where;
     }
-    ASSERT_TRUE(s.LoadFrom(file)) << c.args;
-    EXPECT_EQ(s.doc.Tables.RowCount, c.rows) << c.args;
   }
 }
 

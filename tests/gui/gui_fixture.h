@@ -15,28 +15,15 @@
 #include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
 #include "shell/install.h"
+#include "tests/support/fake_device_chooser.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
 
-// Picks or names device files from a queue of answers; nothing queued is a cancel.
-class FakeDeviceChooser : public DeviceFileChooser {
- public:
-  std::vector<std::optional<std::string>> answers;
-  std::vector<DeviceFileRequest> asked;
-  std::optional<std::string> ChooseDeviceFile(const DeviceFileRequest& request) override {
-    asked.push_back(request);
-    if (answers.empty()) return std::nullopt;
-    auto answer = answers.front();
-    answers.erase(answers.begin());
-    return answer;
-  }
-};
-
 // A program over fakes, with a real installation in a temporary folder. Each test has its own
 // settings folder, so that its program is no other test's second instance.
 class GuiTest : public ::testing::Test {
- protected:
+ public:
   GuiTest() {
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(dir.File("config")));
     install = EnsureInstallation(registry, SCHEDULER_DATA_DIR, dir.File("install"), {2026, 11, 21})

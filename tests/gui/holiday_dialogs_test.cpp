@@ -1,10 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QListWidget>
 #include <QTest>
+#include <map>
+#include <memory>
 
 #include "platform/fake/fake_date_formatter.h"
+#include "tests/gui/widget_trace.h"
 #include "tests/support/holiday_dialog_fakes.h"
+#include "tests/support/message_lines.h"
 #include "tests/support/test_store.h"
 #include "ui/dlg_select_holiday.h"
 #include "ui/sch_week_h.h"
@@ -13,231 +18,160 @@
 namespace sched {
 namespace {
 
-using Calls = std::vector<std::string>;
+using testing::CaseRow;
+using testing::YesNo;
 
-void SaveShot(QWidget* window, const char* name) {
-  window->grab().save(QString(SCHEDULER_BUILD_DIR "/") + name);
-}
-
-QColor Text(const QWidget* w) {
-  return w->palette().color(QPalette::WindowText);
-}
-QColor Back(const QWidget* w) {
-  return w->palette().color(QPalette::Window);
-}
-
-// Saturday 2026/11/21, with Sunday and Saturday the weekly holidays.
-ScheduleDocument SaturdayDocument() {
-  ScheduleDocument doc;
-  doc.CurYear = 2026;
-  doc.CurMonth = 11;
-  doc.CurDay = 21;
-  doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
-  return doc;
-}
-
-class SchWeekHTest : public ::testing::Test {
- protected:
-  SchWeekHTest() { dialog.open(); }
-
-  ScheduleDocument doc = SaturdayDocument();
-  FakeMessages messages;
-  RecordingHolidayHost host;
-  SchWeekHModel model{doc, messages, host};
-  SchWeekH dialog{model};
-};
-
-TEST_F(SchWeekHTest, ShowsTheWeekWithHolidaysRedAndTheCurrentWeekdayInFocus) {
-  EXPECT_EQ(dialog.objectName(), "SchWeekH");
-  EXPECT_EQ(dialog.windowTitle(), "Setting Holiday");
-  const char* captions[] = {" Sun", " Mon", " Tue", " Wed", " Thu", "  Fri", " Sat"};
-  for (int i = 0; i < 7; ++i) {
-    const HolidayCaption* caption =
-        dialog.findChild<HolidayCaption*>(QString("CSCaption1(%1)").arg(i));
-    ASSERT_EQ(caption, dialog.CSCaption1(i));
-    EXPECT_EQ(caption->text(), captions[i]);
-    EXPECT_EQ(Text(caption),
-              i == 0 || i == 6 ? QColor(Qt::red) : dialog.palette().color(QPalette::ButtonText))
-        << i;
-    EXPECT_EQ(Back(caption), i == 6 ? QColor(0, 128, 0) : QColor(Qt::white)) << i;
-  }
-  EXPECT_EQ(dialog.SetReset()->text(), "Select/Deselect");
-  EXPECT_EQ(dialog.Command1()->text(), "&Cancel");
-  EXPECT_EQ(dialog.Command2()->text(), "&OK");
-  SaveShot(&dialog, "SchWeekH.png");
-}
-
-TEST_F(SchWeekHTest, ClicksAndKeysToggleAWeekdayAndOkKeepsIt) {
-  QTest::mouseClick(dialog.CSCaption1(3), Qt::LeftButton);
-  EXPECT_EQ(model.CurrentCaption(), 3);
-  EXPECT_EQ(Back(dialog.CSCaption1(3)), QColor(0, 128, 0));
-  EXPECT_EQ(Back(dialog.CSCaption1(6)), QColor(Qt::white));
-  QTest::keyClick(dialog.SetReset(), Qt::Key_Left);
-  QTest::keyClick(dialog.SetReset(), Qt::Key_Left);
-  EXPECT_EQ(model.CurrentCaption(), 1);
-  QTest::mouseClick(dialog.SetReset(), Qt::LeftButton);  // Monday becomes a weekly holiday
-  EXPECT_EQ(Text(dialog.CSCaption1(1)), QColor(Qt::red));
-  QTest::keyClick(dialog.SetReset(), Qt::Key_F1);
-  QTest::mouseClick(dialog.Command2(), Qt::LeftButton);
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_EQ(doc.WeekHoliday, (WeekFlags{1, 1, 0, 0, 0, 0, 1}));
-  EXPECT_TRUE(doc.Dirty);
-  EXPECT_EQ(host.calls,
-            (Calls{"ShowHelp", "SetModifiedMark", "PaintWeekHeads 1100001", "RefillMonthView"}));
-  EXPECT_TRUE(messages.Shown().empty());
-}
-
-TEST_F(SchWeekHTest, CancelPutsTheWeekBack) {
-  QTest::mouseClick(dialog.CSCaption1(0), Qt::LeftButton);
-  QTest::mouseClick(dialog.SetReset(), Qt::LeftButton);
-  ASSERT_EQ(doc.WeekHoliday[0], 0);
-  QTest::mouseClick(dialog.Command1(), Qt::LeftButton);
-  EXPECT_EQ(dialog.result(), QDialog::Rejected);
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_EQ(doc.WeekHoliday, (WeekFlags{1, 0, 0, 0, 0, 0, 1}));
-  EXPECT_FALSE(doc.Dirty);
-  EXPECT_TRUE(messages.Shown().empty());
-}
-
-TEST_F(SchWeekHTest, TheCloseBoxAsksAndCancelThereKeepsTheDialogOpen) {
-  QTest::mouseClick(dialog.CSCaption1(0), Qt::LeftButton);
-  QTest::mouseClick(dialog.SetReset(), Qt::LeftButton);
-  messages.QueueAnswer(MsgAnswer::Cancel);
-  dialog.close();
-  EXPECT_TRUE(dialog.isVisible());
-  EXPECT_EQ(doc.WeekHoliday[0], 0);
-  EXPECT_EQ(Text(dialog.CSCaption1(0)), dialog.palette().color(QPalette::ButtonText));
-  messages.QueueAnswer(MsgAnswer::No);
-  QTest::keyClick(dialog.SetReset(), Qt::Key_Escape);
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_EQ(doc.WeekHoliday[0], 1);
-  ASSERT_EQ(messages.Shown().size(), 2u);
-  EXPECT_EQ(messages.Shown()[1].title, "Setting Weekend");
-  EXPECT_EQ(messages.Shown()[1].text, "Do you want to save the changes?");
-  EXPECT_FALSE(doc.Dirty);
-}
-
-class SchYearHTest : public ::testing::Test {
- protected:
-  SchYearHTest() {
-    t.doc.CurYear = 2026;
-    t.doc.CurMonth = 11;
-    t.doc.CurDay = 20;
-  }
-  std::int32_t NovemberOn() const {
-    return t.doc.Tables.AncYY.At(FindYearRow(t.doc.Tables, 2026)).HolidayOn[10];
-  }
-
-  TestStore t;
-  FakeHolidayCalendar calendar{{{20261120, "Founders' Day"}}};
-  NamedHolidays named{&calendar, 1, -1};
+// The three holiday dialogs as tests/data/gui/holiday-windows.txt drives them. The current date
+// is Saturday 2026/11/21, with Sunday and Saturday the weekly holidays, for the weekly
+// dialog; Friday 2026/11/20, named Founders' Day, for the dialog of a day. The country dialog
+// lists holidayFR, holidayJP and holidayUS, the last in use.
+struct Holidays : CountryFolder {
+  ScheduleDocument week;
+  SchWeekHModel weekModel{week, messages, host};
+  TestStore days;
+  FakeHolidayCalendar founders{{{20261120, "Founders' Day"}}};
+  NamedHolidays foundersNamed{&founders, 1, -1};
   FakeDateFormatter dates;
-  RecordingHolidayHost host;
-  SchYearHModel model{t.store, named, dates, host};
-};
+  SchYearHModel dayModel{days.store, foundersNamed, dates, host};
+  FakeRegistry emptyRegistry;
+  std::unique_ptr<DlgSelectHolidayModel> selectModel;
+  std::unique_ptr<QDialog> dialog;
+  std::size_t seen = 0;
 
-TEST_F(SchYearHTest, ShowsTheDateAndTheQuestionAndOkStoresTheMark) {
-  SchYearH dialog(model);
-  dialog.open();
-  EXPECT_EQ(dialog.objectName(), "SchYearH");
-  EXPECT_EQ(dialog.windowTitle(), "Setting Holiday");
-  EXPECT_EQ(dialog.Yday()->text(), "2026/11/20");
-  EXPECT_EQ(dialog.Label2()->text(), "Setting a Workday.\nAre you sure?");
-  EXPECT_EQ(dialog.CAL()->selectedDate(), QDate(2026, 11, 20));
-  EXPECT_EQ(dialog.Command1()->text(), "&OK");
-  EXPECT_EQ(dialog.Command2()->text(), "&Cancel");
-  EXPECT_EQ(t.doc.Tables.YearCount, 1);  // the year's row is there before any answer
-  SaveShot(&dialog, "SchYearH.png");
-
-  QTest::mouseClick(dialog.Command1(), Qt::LeftButton);
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_EQ(NovemberOn(), 1 << 19);
-  EXPECT_EQ(t.doc.ShownYearMasks.HolidayOn[10], 1 << 19);
-  EXPECT_TRUE(t.doc.Dirty);
-  EXPECT_EQ(host.calls, Calls{"SetModifiedMark"});
-
-  SchYearH again(model);
-  EXPECT_EQ(again.Label2()->text(), "Setting a Holiday.\nAre you sure?");
-}
-
-TEST_F(SchYearHTest, CancelAndTheCloseBoxChangeNothing) {
-  for (bool closeBox : {false, true}) {
-    SchYearH dialog(model);
-    dialog.open();
-    QTest::keyClick(dialog.Command1(), Qt::Key_F1);
-    QTest::mouseClick(dialog.CAL(), Qt::LeftButton);  // the calendar only shows the date
-    if (closeBox) {
-      dialog.close();
-    } else {
-      QTest::mouseClick(dialog.Command2(), Qt::LeftButton);
-    }
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(dialog.result(), QDialog::Rejected);
-    EXPECT_EQ(dialog.CAL()->selectedDate(), QDate(2026, 11, 20));
+  Holidays() : CountryFolder({"holidayJP.ini", "holidayUS.ini", "holidayFR.ini"}, "holidayUS.ini") {
+    week.CurYear = days.doc.CurYear = 2026;
+    week.CurMonth = days.doc.CurMonth = 11;
+    week.CurDay = 21;
+    days.doc.CurDay = 20;
+    week.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
   }
-  EXPECT_EQ(NovemberOn(), 0);
-  EXPECT_FALSE(t.doc.Dirty);
-  EXPECT_EQ(host.calls, (Calls{"ShowHelp", "ShowHelp"}));
-}
-
-class DlgSelectHolidayTest : public ::testing::Test, public CountryFolder {
- protected:
-  DlgSelectHolidayTest()
-      : CountryFolder({"holidayJP.ini", "holidayUS.ini", "holidayFR.ini"}, "holidayUS.ini") {}
-
-  DlgSelectHolidayModel model{Services(), named};
+  QWidget* Window() { return dialog.get(); }
+  std::int32_t NovemberOn() const {
+    return days.doc.Tables.AncYY.At(FindYearRow(days.doc.Tables, 2026)).HolidayOn[10];
+  }
+  void End() {
+    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
+  }
 };
 
-TEST_F(DlgSelectHolidayTest, ListsTheCountriesAndOkChangesToTheChosenOne) {
-  DlgSelectHoliday dialog(model);
-  dialog.open();
-  EXPECT_EQ(dialog.objectName(), "DlgSelectHoliday");
-  EXPECT_EQ(dialog.windowTitle(), "Select Country Information");
-  EXPECT_EQ(dialog.CancelButton()->text(), "Cancel");
-  EXPECT_FALSE(dialog.FListIniList()->isVisible());
-  EXPECT_EQ(dialog.FListIniList()->count(), 3);
-  QListWidget* list = dialog.ListHolidayInfo();
-  ASSERT_EQ(list->count(), 3);
-  EXPECT_EQ(list->item(0)->text(), "France");
-  EXPECT_EQ(list->item(1)->text(), "Japan");
-  EXPECT_EQ(list->item(2)->text(), "United States");
-  ASSERT_EQ(list->selectedItems().size(), 1);
-  EXPECT_EQ(list->selectedItems()[0]->text(), "United States");
-  SaveShot(&dialog, "DlgSelectHoliday.png");
-
-  const QRect france = list->visualItemRect(list->item(0));
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, france.center());
-  EXPECT_EQ(model.ListIndex(), 0);
-  messages.QueueAnswer(MsgAnswer::Yes);
-  QTest::mouseClick(dialog.OKButton(), Qt::LeftButton);
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayFR.ini");
-  EXPECT_EQ(device.files.count("\\system\\ini\\holiday.ini"), 1u);
-  EXPECT_NE(Named(2026, 7, 14), "");
+// A caption's colours: its text (red or plain) and its back (green or white).
+std::string Colours(const QWidget* caption, const QWidget* dialog) {
+  const QColor text = caption->palette().color(QPalette::WindowText);
+  const QColor back = caption->palette().color(QPalette::Window);
+  return std::string(text == QColor(Qt::red)                                 ? "red"
+                     : text == dialog->palette().color(QPalette::ButtonText) ? "plain"
+                                                                             : "other") +
+         (back == QColor(0, 128, 0)   ? " green"
+          : back == QColor(Qt::white) ? " white"
+                                      : " other");
 }
 
-TEST_F(DlgSelectHolidayTest, WithNothingSelectedOkIsACancel) {
-  registry.WriteString(kSchedulerKey, kHolidayIniValue, "holidayDE.ini");
-  DlgSelectHoliday dialog(model);
-  dialog.open();
-  dialog.ListHolidayInfo()->setFocus();
-  EXPECT_TRUE(dialog.ListHolidayInfo()->selectedItems().isEmpty());
-  QTest::mouseClick(dialog.OKButton(), Qt::LeftButton);
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_TRUE(calendar.calls.empty() || calendar.calls == Calls{"Init holidayUS.ini 0"});
-  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayDE.ini");
-  EXPECT_TRUE(messages.Shown().empty());
+using S = Holidays&;
+using R = const CaseRow&;
+
+testing::Trace<Holidays> HolidayWindowsTrace() {
+  testing::Trace<Holidays> t;
+  AddWidgetWords(t);
+  // week, day, country, or the country dialog of an installation without its key.
+  t.steps["open"] = [](S h, R r) {
+    if (r[1] == "week") h.dialog = std::make_unique<SchWeekH>(h.weekModel);
+    if (r[1] == "day") h.dialog = std::make_unique<SchYearH>(h.dayModel);
+    if (r[1] == "country" || r[1] == "broken-country") {
+      h.selectModel = std::make_unique<DlgSelectHolidayModel>(
+          r[1] == "country" ? h.Services()
+                            : DlgSelectHolidayServices{h.emptyRegistry, h.messages, h.device,
+                                                       h.calendar, h.host, h.pcapps},
+          h.named);
+      h.dialog = std::make_unique<DlgSelectHoliday>(*h.selectModel);
+    }
+    if (r[2] != "not-shown") h.dialog->open();
+  };
+  t.steps["close"] = [](S h, R) { h.dialog->close(); };
+  t.steps["exec"] = [](S h, R r) {
+    EXPECT_EQ(h.dialog->exec() == QDialog::Accepted, r.YesNo(1)) << r.where;
+  };
+  t.steps["answer"] = [](S h, R r) {
+    h.messages.QueueAnswer(r[1] == "yes"  ? MsgAnswer::Yes
+                           : r[1] == "no" ? MsgAnswer::No
+                                          : MsgAnswer::Cancel);
+  };
+  t.steps["in-use"] = [](S h, R r) {
+    h.registry.WriteString(kSchedulerKey, kHolidayIniValue, r[1]);
+  };
+  // A click on the entry of a list with the text.
+  t.steps["click-entry"] = [](S h, R r) {
+    auto* list = qobject_cast<QListWidget*>(Named(h.Window(), r[1]));
+    const auto found = list->findItems(QString::fromStdString(r[2]), Qt::MatchExactly);
+    ASSERT_FALSE(found.isEmpty()) << r.where;
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(found[0]).center());
+  };
+  t.steps["grab"] = [](S h, R r) {
+    h.dialog->grab().save(QString(SCHEDULER_BUILD_DIR "/") + QString::fromStdString(r[1]));
+  };
+
+  t.looks["result"] = [](S h, auto&) -> std::string {
+    return h.dialog->result() == QDialog::Accepted ? "accepted" : "rejected";
+  };
+  t.looks["buttons"] = [](S h, auto&) {
+    QStringList texts;
+    for (QPushButton* b : h.dialog->findChildren<QPushButton*>()) texts << b->text();
+    return texts.join(" | ").toStdString();
+  };
+  t.looks["colours"] = [](S h, auto& name) { return Colours(Named(h.Window(), name), h.Window()); };
+  t.looks["entries"] = [](S h, auto& name) {
+    QStringList texts;
+    for (QListWidgetItem* item :
+         qobject_cast<QListWidget*>(Named(h.Window(), name))->findItems("*", Qt::MatchWildcard)) {
+      texts << item->text();
+    }
+    return texts.join(" | ").toStdString();
+  };
+  t.looks["selected"] = [](S h, auto& name) {
+    QStringList texts;
+    for (QListWidgetItem* item :
+         qobject_cast<QListWidget*>(Named(h.Window(), name))->selectedItems()) {
+      texts << item->text();
+    }
+    return texts.join(" | ").toStdString();
+  };
+  t.looks["list-index"] = [](S h, auto&) { return std::to_string(h.selectModel->ListIndex()); };
+  t.looks["loaded"] = [](S h, auto&) {
+    return YesNo(static_cast<DlgSelectHoliday*>(h.dialog.get())->Loaded());
+  };
+  t.looks["week"] = [](S h, auto&) {
+    std::string flags;
+    for (std::int16_t flag : h.week.WeekHoliday) flags += std::to_string(flag);
+    return flags;
+  };
+  t.looks["week-dirty"] = [](S h, auto&) { return YesNo(h.week.Dirty); };
+  t.looks["day-dirty"] = [](S h, auto&) { return YesNo(h.days.doc.Dirty); };
+  // The holiday mask of November 2026 in the year's row, and as the month view shows it.
+  t.looks["november"] = [](S h, auto&) {
+    return std::to_string(h.NovemberOn()) + " shown " +
+           std::to_string(h.days.doc.ShownYearMasks.HolidayOn[10]);
+  };
+  t.looks["years"] = [](S h, auto&) { return std::to_string(h.days.doc.Tables.YearCount); };
+  t.looks["calls"] = [](S h, auto&) { return h.host.NewCalls(); };
+  t.looks["calendar-calls"] = [](S h, auto&) { return testing::Join(h.calendar.calls); };
+  t.looks["in-use"] = [](S h, auto&) {
+    return h.registry.ReadString(kSchedulerKey, kHolidayIniValue).value_or("(none)");
+  };
+  t.looks["on-device"] = [](S h, auto&) {
+    return YesNo(h.device.files.count("\\system\\ini\\holiday.ini") == 1);
+  };
+  // The name of a date in the country file in use.
+  t.looks["named"] = [](S h, auto& date) {
+    int y = 0, m = 0, d = 0;
+    std::sscanf(date.c_str(), "%d-%d-%d", &y, &m, &d);
+    return h.Named(y, m, d);
+  };
+  t.looks["messages"] = [](S h, auto&) { return testing::NewMessageLines(h.messages, h.seen); };
+  return t;
 }
 
-TEST_F(DlgSelectHolidayTest, ABrokenInstallationEndsTheProgramWithoutOpeningTheDialog) {
-  FakeRegistry empty;
-  DlgSelectHolidayModel broken({empty, messages, device, calendar, host, pcapps}, named);
-  DlgSelectHoliday dialog(broken);
-  EXPECT_FALSE(dialog.Loaded());
-  EXPECT_EQ(dialog.exec(), QDialog::Rejected);
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_EQ(host.calls, Calls{"EndProgram"});
+TEST(HolidayDialogs, FollowTheTraces) {
+  HolidayWindowsTrace().Run("gui/holiday-windows.txt", 3, 80);
 }
 
 }  // namespace

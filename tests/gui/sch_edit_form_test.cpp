@@ -1,18 +1,24 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
+#include <QDialog>
 #include <QDir>
-#include <QTest>
+#include <cstdio>
+#include <map>
 #include <memory>
-#include <stdexcept>
 
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
+#include "tests/gui/widget_trace.h"
+#include "tests/support/message_lines.h"
+#include "tests/support/row_looks.h"
 #include "tests/support/test_store.h"
+#include "ui/repeat.h"
 #include "ui/sch_edit.h"
 
 namespace sched {
 namespace {
+
+using testing::CaseRow;
 
 class CountingRepeatHost : public SchEditHost {
  public:
@@ -20,235 +26,117 @@ class CountingRepeatHost : public SchEditHost {
   void ShowRepeatDialog(RepeatModel&) override { ++shown; }
 };
 
-class SchEditFormTest : public ::testing::Test {
- protected:
-  SchEditFormTest() {
-    fake.clock.Set({2026, 11, 21, 9, 40, 0});  // a new item runs from 10:00 to 10:30
+// The appointment dialog over a store, shown as the active window, or the repeat dialog of a new
+// item, as tests/data/gui/edit-window.txt drives them. Today is 2026/11/21, 9:40, and so is the
+// shown date.
+struct Form {
+  FakeStore fake;
+  FakeMessages messages;
+  std::size_t seen = 0;
+  FakeDateFormatter dates;
+  CountingRepeatHost host;
+  SchEditModel model{
+      SchEditServices{fake.store, messages, fake.clock, dates, host, {"BELL", "SCHALARM"}}};
+  std::unique_ptr<SchEdit> dialog;
+  RepeatWork work;
+  RepeatModel repeat{work, messages, dates};
+  std::unique_ptr<RepeatForm> repeatForm;
+  QSize repeatSize;
+
+  Form() {
+    fake.clock.Set({2026, 11, 21, 9, 40, 0});
     fake.doc.CurYear = 2026;
     fake.doc.CurMonth = 11;
     fake.doc.CurDay = 21;
   }
-
-  // Shows the dialog over the opened model as the active window.
+  QWidget* Window() { return repeatForm ? static_cast<QWidget*>(repeatForm.get()) : dialog.get(); }
   void Show() {
     dialog = std::make_unique<SchEdit>(model);
     dialog->show();
     dialog->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
   }
-
-  template <class W>
-  W* Find(const char* name) const {
-    W* widget = dialog->findChild<W*>(name);
-    if (widget == nullptr) throw std::runtime_error(std::string("no widget ") + name);
-    return widget;
+  void End() {
+    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
   }
-  QDateEdit* Date(int i) const { return Find<QDateEdit>(i == 0 ? "ImDate1(0)" : "ImDate1(1)"); }
-  QComboBox* Time(int i) const { return Find<QComboBox>(i == 0 ? "Combo1(0)" : "Combo1(1)"); }
-  std::string TimeShown(int i) const { return Time(i)->currentText().toStdString(); }
-  void Click(const char* name) const { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
-
-  // 1 for each enabled widget of: Combo1(0), Combo1(1), Check1, ImNumber1, Sound, cbtSNDprev.
-  std::string Enabled() const {
-    std::string mask;
-    for (const char* name :
-         {"Combo1(0)", "Combo1(1)", "Check1", "ImNumber1", "Sound", "cbtSNDprev"}) {
-      mask += Find<QWidget>(name)->isEnabled() ? '1' : '0';
-    }
-    return mask;
-  }
-
-  // Types over a box's text and leaves the box by Tab, as a user does.
-  static void TypeOver(QWidget* box, const QString& text) {
-    box->setFocus();
-    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(box, text);
-    QTest::keyClick(box, Qt::Key_Tab);
-  }
-
-  std::vector<SchDatRow> LiveRows() const {
-    std::vector<SchDatRow> rows;
-    const auto& list = fake.doc.Tables.SchDatList;
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) rows.push_back(list.At(row));
-    }
-    return rows;
-  }
-
-  void ExpectMessage(std::size_t index, const std::string& text, MsgButtons buttons) const {
-    ASSERT_LT(index, messages.Shown().size());
-    const MessageRequest& m = messages.Shown()[index];
-    EXPECT_EQ(m.text, text);
-    EXPECT_EQ(m.title, "Scheduler");
-    EXPECT_EQ(m.icon, MsgIcon::Exclamation);
-    EXPECT_EQ(m.buttons, buttons);
-  }
-
-  FakeStore fake;
-  FakeMessages messages;
-  FakeDateFormatter dates;
-  CountingRepeatHost host;
-  SchEditModel model{
-      SchEditServices{fake.store, messages, fake.clock, dates, host, {"BELL", "SCHALARM"}}};
-  std::unique_ptr<SchEdit> dialog;
 };
 
-TEST_F(SchEditFormTest, ANewItemMadeInTheWindowIsWrittenOnOk) {
-  model.OpenNew();
-  Show();
-  EXPECT_EQ(dialog->objectName().toStdString(), "SchEdit");
-  EXPECT_EQ(dialog->windowTitle().toStdString(), "Appointment - New");
-  for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(Date(i)->date(), QDate(2026, 11, 21));
-    EXPECT_EQ(Date(i)->minimumDate(), QDate(1901, 1, 1));
-    EXPECT_EQ(Date(i)->maximumDate(), QDate(2099, 12, 31));
-    EXPECT_EQ(Time(i)->count(), 49);
-  }
-  EXPECT_EQ(TimeShown(0), "10:00 AM");
-  EXPECT_EQ(TimeShown(1), "10:30 AM");
-  EXPECT_EQ(Enabled(), "111000");
-  EXPECT_FALSE(Find<QWidget>("SelSubject")->isEnabled());
+using S = Form&;
+using R = const CaseRow&;
 
-  QTest::keyClicks(Find<QLineEdit>("Text1"), "Dentist");
-  Click("Check3");
-  EXPECT_EQ(Enabled(), "000000");
-  EXPECT_EQ(TimeShown(0), "");
-  EXPECT_EQ(TimeShown(1), "");
-  Click("Check3");
-  EXPECT_EQ(Enabled(), "111000");
-  EXPECT_EQ(TimeShown(0), "10:00 AM");
-
-  // The next item of the start pulls the end along; a typed end stays as typed.
-  Time(0)->setFocus();
-  QTest::keyClick(Time(0), Qt::Key_Down);
-  EXPECT_EQ(TimeShown(0), "10:30 AM");
-  EXPECT_EQ(TimeShown(1), "11:00 AM");
-  TypeOver(Time(1), "11:45 AM");
-  EXPECT_EQ(TimeShown(1), "11:45 AM");
-  EXPECT_EQ(TimeShown(0), "10:30 AM");
-
-  Click("Check1");
-  EXPECT_EQ(Enabled(), "111110");
-  EXPECT_EQ(Find<QComboBox>("Sound")->currentText().toStdString(), "SCHALARM");
-  auto* minutes = Find<QSpinBox>("ImNumber1");
-  minutes->setFocus();
-  QTest::keyClick(minutes, Qt::Key_Up);
-  QTest::keyClick(minutes, Qt::Key_Up);
-  EXPECT_EQ(minutes->value(), 10);
-  // A typed value counts before the next step.
-  QTest::keyClick(minutes, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClicks(minutes, "45");
-  QTest::keyClick(minutes, Qt::Key_Up);
-  EXPECT_EQ(minutes->value(), 50);
-  Click("Check2");
-
-  Click("SchEditOK");
-  EXPECT_FALSE(dialog->isVisible());
-  EXPECT_EQ(dialog->result(), QDialog::Accepted);
-  EXPECT_TRUE(messages.Shown().empty());
-  const std::vector<SchDatRow> rows = LiveRows();
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0].Title, "Dentist");
-  EXPECT_EQ(rows[0].Year * 10000 + rows[0].Month * 100 + rows[0].Day, 20261121);
-  EXPECT_EQ(rows[0].StartTime, 10 * 60 + 30);
-  EXPECT_EQ(rows[0].EndTime, 11 * 60 + 45);
-  EXPECT_EQ(rows[0].AlarmOn, 1);
-  EXPECT_EQ(rows[0].AlarmLead, 50);
-  EXPECT_EQ(rows[0].AlarmSound, "SCHALARM");
-  EXPECT_EQ(rows[0].Private, 1);
+testing::Trace<Form> EditWindowTrace() {
+  testing::Trace<Form> t;
+  AddWidgetWords(t);
+  testing::AddRowLooks(t, [](S f) -> const SchDatCTL& { return f.fake.doc.Tables; });
+  t.steps["new"] = [](S f, R) {
+    f.model.OpenNew();
+    f.Show();
+  };
+  t.steps["open-repeat"] = [](S f, R r) {
+    f.repeat.Open(r.Date(1));
+    f.repeatForm = std::make_unique<RepeatForm>(f.repeat);
+    f.repeatForm->open();
+    f.repeatSize = f.repeatForm->size();
+  };
+  t.steps["modify"] = [](S f, R r) {
+    f.model.OpenModify(r.Int(1));
+    f.Show();
+  };
+  // A row written before: DATE START END TITLE PLACE MEMO SOUND LEAD PRIVATE.
+  t.steps["insert"] = [](S f, R r) {
+    const CivilDate d = r.Date(1);
+    SchRecord item = MakeItem(d.year, d.month, d.day, r.Int(2), r.Int(3), r[4]);
+    item.Place = r[5];
+    item.Memo = testing::Unescaped(r[6]);
+    item.AlarmOn = r[7].empty() ? 0 : 1;
+    item.AlarmSound = r[7];
+    item.AlarmLead = static_cast<std::int16_t>(r[8].empty() ? 0 : r.Int(8));
+    item.Private = static_cast<std::int16_t>(r.YesNo(9));
+    f.fake.store.InsertRecord(item);
+  };
+  t.steps["answer"] = [](S f, R r) {
+    const std::map<std::string, MsgAnswer> answers = {
+        {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
+    f.messages.QueueAnswer(answers.at(r[1]));
+  };
+  // A picture of the dialog in the temporary folder, for a look by eye.
+  t.steps["grab"] = [](S f, R r) {
+    f.Window()->grab().save(QDir::temp().filePath(QString::fromStdString(r[1])));
+  };
+  t.looks["result"] = [](S f, auto&) -> std::string {
+    return static_cast<QDialog*>(f.Window())->result() == QDialog::Accepted ? "accepted"
+                                                                            : "rejected";
+  };
+  t.looks["focus"] = [](S f, auto&) { return f.dialog->focusWidget()->objectName().toStdString(); };
+  // The repeat dialog: whether it kept its size; the rule it left: word, code, free, count,
+  // step and last date; whether OK closed it; the start it moved to.
+  t.looks["size-kept"] = [](S f, auto&) {
+    return testing::YesNo(f.repeatForm->size() == f.repeatSize);
+  };
+  t.looks["rule"] = [](S f, auto&) {
+    char word[8];
+    std::snprintf(word, sizeof word, "0x%04X", f.work.WorkRepeatKind);
+    return std::string(word) + " " +
+           testing::Join(std::vector<int>{f.work.RepeatCode, f.work.RepeatFree, f.work.RepeatCount,
+                                          f.work.RepeatStep, f.work.RepeatLastCode},
+                         " ", [](int v) { return std::to_string(v); });
+  };
+  t.looks["confirmed"] = [](S f, auto&) { return testing::YesNo(f.repeat.Confirmed()); };
+  t.looks["start"] = [](S f, auto&) {
+    const CivilDate d = f.repeat.StartDate();
+    return std::to_string(d.year * 10000 + d.month * 100 + d.day);
+  };
+  t.looks["repeat-shown"] = [](S f, auto&) { return std::to_string(f.host.shown); };
+  t.looks["shown"] = [](S f, auto&) {
+    return std::to_string(f.fake.doc.CurYear * 10000 + f.fake.doc.CurMonth * 100 +
+                          f.fake.doc.CurDay);
+  };
+  t.looks["messages"] = [](S f, auto&) { return testing::NewMessageLines(f.messages, f.seen); };
+  return t;
 }
 
-TEST_F(SchEditFormTest, CancelAfterAChangeAsksAndNoClosesWithoutWriting) {
-  model.OpenNew();
-  Show();
-  QTest::keyClicks(Find<QLineEdit>("Text1"), "Gym");
-  Find<QWidget>("Check2")->setFocus();
-
-  // Escape is Cancel; cancelling the question goes back to the title.
-  messages.QueueAnswer(MsgAnswer::Cancel);
-  QTest::keyClick(dialog.get(), Qt::Key_Escape);
-  EXPECT_TRUE(dialog->isVisible());
-  EXPECT_EQ(dialog->focusWidget(), Find<QWidget>("Text1"));
-
-  messages.QueueAnswer(MsgAnswer::No);
-  Click("SchEditCAN");
-  EXPECT_FALSE(dialog->isVisible());
-  EXPECT_EQ(dialog->result(), QDialog::Rejected);
-  ASSERT_EQ(messages.Shown().size(), 2u);
-  ExpectMessage(0, "Do you want to save the changes?", MsgButtons::YesNoCancel);
-  ExpectMessage(1, "Do you want to save the changes?", MsgButtons::YesNoCancel);
-  EXPECT_TRUE(LiveRows().empty());
-  EXPECT_EQ(fake.doc.CurDay, 21);
-}
-
-TEST_F(SchEditFormTest, AnItemOpensWithItsValuesAndKeepsTheMemoLines) {
-  SchRecord item = MakeItem(2026, 11, 21, 9 * 60 + 15, 9 * 60 + 45, "Lunch with Ada");
-  item.Place = "Canteen";
-  item.Memo = "Soup\r\nBread";
-  item.AlarmOn = 1;
-  item.AlarmLead = 15;
-  item.AlarmSound = "BELL";
-  item.Private = 1;
-  fake.store.InsertRecord(item);
-  model.OpenModify(0);
-  Show();
-  EXPECT_EQ(dialog->windowTitle().toStdString(), "Appointment - Lunch with Ada");
-  EXPECT_EQ(Find<QLineEdit>("Text1")->text().toStdString(), "Lunch with Ada");
-  EXPECT_EQ(Find<QLineEdit>("Text3")->text().toStdString(), "Canteen");
-  auto* memo = Find<QPlainTextEdit>("Text2");
-  EXPECT_EQ(memo->toPlainText().toStdString(), "Soup\nBread");
-  EXPECT_EQ(TimeShown(0), "9:15 AM");  // off the half-hour items
-  EXPECT_EQ(TimeShown(1), "9:45 AM");
-  EXPECT_TRUE(Find<QCheckBox>("Check1")->isChecked());
-  EXPECT_EQ(Find<QSpinBox>("ImNumber1")->value(), 15);
-  EXPECT_EQ(Find<QComboBox>("Sound")->currentText().toStdString(), "BELL");
-  EXPECT_TRUE(Find<QCheckBox>("Check2")->isChecked());
-  EXPECT_EQ(Enabled(), "111110");
-  const char* shot = dialog->devicePixelRatioF() > 1 ? "sch_edit_2x.png" : "sch_edit.png";
-  dialog->grab().save(QDir::temp().filePath(shot));
-
-  // The memo holds 1024 characters, a line break counting as one.
-  memo->setFocus();
-  memo->moveCursor(QTextCursor::End);
-  QTest::keyClick(memo, Qt::Key_Return);
-  QTest::keyClicks(memo, "Tea");
-  memo->insertPlainText(QString(1100, 'x'));
-  EXPECT_EQ(memo->toPlainText().size(), 1024);
-  Click("SchEditOK");
-  EXPECT_FALSE(dialog->isVisible());
-  const std::vector<SchDatRow> rows = LiveRows();
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0].Memo, "Soup\r\nBread\r\nTea" + std::string(1024 - 14, 'x'));
-  EXPECT_EQ(rows[0].StartTime, 9 * 60 + 15);
-}
-
-TEST_F(SchEditFormTest, ASoundNameTooLongKeepsTheFocus) {
-  model.OpenNew();
-  Show();
-  Click("Check1");
-  auto* sound = Find<QComboBox>("Sound");
-  TypeOver(sound, "LONGSOUNDNAME");
-  ASSERT_EQ(messages.Shown().size(), 1u);
-  ExpectMessage(0, "Input string is too long.\r\nMaximum string length is 8 chacters",
-                MsgButtons::Ok);
-  EXPECT_TRUE(sound->hasFocus());
-}
-
-TEST_F(SchEditFormTest, TheDatesMoveTogetherAndTwoDatesTakeTheRepeatButton) {
-  model.OpenNew();
-  Show();
-  auto* repeat = Find<QPushButton>("Command1");
-  QTest::mouseClick(repeat, Qt::LeftButton);
-  EXPECT_EQ(host.shown, 1);
-
-  Date(1)->setDate(QDate(2026, 11, 23));
-  EXPECT_FALSE(repeat->isEnabled());
-  Date(0)->setDate(QDate(2026, 11, 22));
-  EXPECT_EQ(Date(1)->date(), QDate(2026, 11, 24));
-  Date(0)->setDate(QDate(2099, 12, 30));
-  EXPECT_EQ(Date(1)->date(), QDate(2099, 12, 31));
-  Date(1)->setDate(QDate(2099, 12, 30));
-  EXPECT_TRUE(repeat->isEnabled());
+TEST(SchEditForm, FollowsTheTraces) {
+  EditWindowTrace().Run("gui/edit-window.txt", 10, 80);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace sched {
 // The program on the sample schedule, its window shown at a size, with the views' widgets at
 // hand.
 class ViewsGuiTest : public GuiTest {
- protected:
+ public:
   void StartOnSample(int width = 1280, int height = 800) {
     ASSERT_FALSE(Start({QString::fromStdString(Sample())}).has_value());
     window = app->Window();

@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "holidays/country_file_list.h"
 #include "tests/support/case_file.h"
 #include "tests/support/holiday_dialog_fakes.h"
+#include "tests/support/message_lines.h"
+#include "tests/support/trace.h"
 
 namespace sched {
 namespace {
@@ -64,153 +69,89 @@ TEST(ReadHolidayIni, AValueOfOneCharacterOrLessIsNone) {
   }
 }
 
-class DlgSelectHolidayModelTest : public ::testing::Test, public CountryFolder {
- protected:
-  DlgSelectHolidayModelTest()
+// The country dialog as tests/data/holidays/country-dialog.txt drives it, over an installation
+// with holidayDE.ini, holidayJP.ini, holidayUS.ini (in use) and holidayXX.ini, titled "Broken"
+// and with no rule that reads.
+struct Countries : CountryFolder {
+  DlgSelectHolidayModel model{Services(), named};
+  std::size_t seen = 0;
+
+  Countries()
       : CountryFolder({"holidayJP.ini", "holidayUS.ini", "holidayDE.ini"}, "holidayUS.ini") {
     Write("holidayXX.ini", "Broken\nthis is no rule\n");
   }
-
-  // Loads the dialog and selects the entry with the title.
-  void Choose(const std::string& title) {
-    ASSERT_TRUE(model.Form_Load());
-    for (const CountryListItem& item : model.ListHolidayInfo()) {
-      if (item.text == title) {
-        model.SetListIndex(static_cast<int>(&item - model.ListHolidayInfo().data()));
-        return;
-      }
-    }
-    FAIL() << title;
+  void End() {
+    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
   }
-
-  DlgSelectHolidayModel model{Services(), named};
 };
 
-TEST_F(DlgSelectHolidayModelTest, LoadListsTheTitlesAndSelectsTheFileInUse) {
-  ASSERT_TRUE(model.Form_Load());
-  EXPECT_EQ(model.FListIniList(), (std::vector<std::string>{"holidayDE.ini", "holidayJP.ini",
-                                                            "holidayUS.ini", "holidayXX.ini"}));
-  std::vector<std::string> titles;
-  for (const CountryListItem& item : model.ListHolidayInfo()) {
-    EXPECT_EQ(model.Entries()[static_cast<std::size_t>(item.itemData)].title, item.text);
-    titles.push_back(item.text);
-  }
-  EXPECT_EQ(titles, (std::vector<std::string>{"Germany", "Japan", "United States", "Broken"}));
-  EXPECT_EQ(model.ListIndex(), 2);
-  EXPECT_TRUE(messages.Shown().empty());
+using S = Countries&;
+using R = const CaseRow&;
+
+testing::Trace<Countries> CountryDialogTrace() {
+  testing::Trace<Countries> t;
+  t.steps["load"] = [](S c, R r) { EXPECT_EQ(c.model.Form_Load(), r.YesNo(1)) << r.where; };
+  // The dialog loaded, and the entry with the title selected.
+  t.steps["choose"] = [](S c, R r) {
+    ASSERT_TRUE(c.model.Form_Load());
+    const auto& items = c.model.ListHolidayInfo();
+    const auto item =
+        std::find_if(items.begin(), items.end(), [&](auto& i) { return i.text == r[1]; });
+    ASSERT_NE(item, items.end()) << r.where;
+    c.model.SetListIndex(static_cast<int>(item - items.begin()));
+  };
+  t.steps["select"] = [](S c, R r) { c.model.SetListIndex(r.Int(1)); };
+  t.steps["ok"] = [](S c, R) { c.model.OKButton_Click(); };
+  t.steps["cancel"] = [](S c, R) { c.model.CancelButton_Click(); };
+  t.steps["answer"] = [](S c, R r) {
+    c.messages.QueueAnswer(r[1] == "yes" ? MsgAnswer::Yes : MsgAnswer::No);
+  };
+  t.steps["in-use"] = [](S c, R r) {
+    c.registry.WriteString(kSchedulerKey, kHolidayIniValue, r[1]);
+  };
+  t.steps["remove"] = [](S c, R r) { std::filesystem::remove_all(c.pcapps + "/" + r[1]); };
+
+  t.looks["files"] = [](S c, auto&) { return testing::Join(c.model.FListIniList(), ", "); };
+  // The titles listed, each checked against the entry its item points to.
+  t.looks["titles"] = [](S c, auto&) {
+    return testing::Join(c.model.ListHolidayInfo(), " | ", [&](const CountryListItem& item) {
+      EXPECT_EQ(c.model.Entries().at(static_cast<std::size_t>(item.itemData)).title, item.text);
+      return item.text;
+    });
+  };
+  t.looks["list-index"] = [](S c, auto&) { return std::to_string(c.model.ListIndex()); };
+  t.looks["calendar-calls"] = [](S c, auto&) {
+    return testing::Join(std::exchange(c.calendar.calls, {}));
+  };
+  // The country file in use: whether it is ready, whether a handle is open.
+  t.looks["file-open"] = [](S c, auto&) {
+    return std::to_string(c.named.HolidayReady) + (c.named.HolidayHandle != 0 ? " open" : " none");
+  };
+  t.looks["named"] = [](S c, auto& date) {
+    const CivilDate d{std::stoi(date), std::stoi(date.substr(5)), std::stoi(date.substr(8))};
+    return c.Named(d.year, d.month, d.day);
+  };
+  // The value in use, read under the key spelt in lower case; the registry's values.
+  t.looks["in-use"] = [](S c, auto&) {
+    return c.registry.ReadString("Software\\QTL\\Sorvane-e\\PC\\scl", "HolidayIni")
+        .value_or("(none)");
+  };
+  t.looks["registry-values"] = [](S c, auto&) { return std::to_string(c.registry.ValueCount()); };
+  // The device's holiday.ini: the shipped file it is, or "none".
+  t.looks["on-device"] = [](S c, auto&) -> std::string {
+    const auto file = c.device.files.find("\\system\\ini\\holiday.ini");
+    if (file == c.device.files.end()) return "none";
+    for (const char* name : {"holidayDE.ini", "holidayJP.ini", "holidayUS.ini"}) {
+      if (file->second == ShippedCountryFile(name)) return name;
+    }
+    return "other";
+  };
+  t.looks["messages"] = [](S c, auto&) { return testing::NewMessageLines(c.messages, c.seen); };
+  return t;
 }
 
-TEST_F(DlgSelectHolidayModelTest, LoadSelectsNothingWhenTheFileInUseIsGoneOrUnset) {
-  for (const char* value : {"holidayFR.ini", "", "x", "HOLIDAYUS.INI"}) {
-    registry.WriteString(kSchedulerKey, kHolidayIniValue, value);
-    ASSERT_TRUE(model.Form_Load());
-    EXPECT_EQ(model.ListHolidayInfo().size(), 4u) << value;
-    EXPECT_EQ(model.ListIndex(), -1) << value;
-  }
-}
-
-TEST_F(DlgSelectHolidayModelTest, AnEmptyFolderGivesAnEmptyListAndOkChangesNothing) {
-  std::filesystem::remove_all(pcapps);
-  ASSERT_TRUE(model.Form_Load());
-  EXPECT_TRUE(model.ListHolidayInfo().empty());
-  EXPECT_EQ(model.ListIndex(), -1);
-  model.SetListIndex(0);
-  EXPECT_EQ(model.ListIndex(), -1);
-  model.OKButton_Click();
-  EXPECT_TRUE(calendar.calls.empty());
-  EXPECT_EQ(named.HolidayReady, -1);
-  EXPECT_TRUE(messages.Shown().empty());
-  EXPECT_EQ(Named(2026, 7, 4), "Independence Day");
-}
-
-TEST_F(DlgSelectHolidayModelTest, WithoutTheProgramsKeyTheProgramEnds) {
-  FakeRegistry empty;
-  DlgSelectHolidayModel broken({empty, messages, device, calendar, host, pcapps}, named);
-  EXPECT_FALSE(broken.Form_Load());
-  ASSERT_EQ(messages.Shown().size(), 1u);
-  EXPECT_EQ(messages.Shown()[0].text,
-            "Directory does not exist.\r\nPlease install the PC Application again.");
-  EXPECT_EQ(messages.Shown()[0].title, "Scheduler");
-  EXPECT_EQ(messages.Shown()[0].icon, MsgIcon::Critical);
-  EXPECT_EQ(messages.Shown()[0].buttons, MsgButtons::Ok);
-  EXPECT_EQ(host.calls, Calls{"EndProgram"});
-}
-
-TEST_F(DlgSelectHolidayModelTest, OkOpensTheNewCountryRemembersItAndCopiesItOnYes) {
-  const CalendarHandle former = named.HolidayHandle;
-  Choose("Japan");
-  messages.QueueAnswer(MsgAnswer::Yes);
-  model.OKButton_Click();
-  EXPECT_EQ(calendar.calls, (Calls{"End " + std::to_string(former), "Init holidayJP.ini 0"}));
-  EXPECT_EQ(named.HolidayReady, -1);
-  EXPECT_NE(named.HolidayHandle, 0u);
-  EXPECT_EQ(Named(2026, 7, 4), "");
-  EXPECT_NE(Named(2026, 11, 23), "");  // Labour Thanksgiving Day
-  EXPECT_EQ(registry.ReadString("Software\\QTL\\Sorvane-e\\PC\\scl", "HolidayIni"),
-            "holidayJP.ini");
-  EXPECT_EQ(registry.ValueCount(), 1u);  // the same value, not one under a second key
-  ASSERT_EQ(messages.Shown().size(), 1u);
-  EXPECT_EQ(messages.Shown()[0].text, "Do you want to change holiday information on Tarvex?");
-  EXPECT_EQ(messages.Shown()[0].title, "Scheduler");
-  EXPECT_EQ(messages.Shown()[0].buttons, MsgButtons::YesNo);
-  ASSERT_EQ(device.files.count("\\system\\ini\\holiday.ini"), 1u);
-  EXPECT_EQ(device.files["\\system\\ini\\holiday.ini"], ShippedCountryFile("holidayJP.ini"));
-}
-
-TEST_F(DlgSelectHolidayModelTest, NoToTheQuestionChangesOnlyThePc) {
-  Choose("Germany");
-  messages.QueueAnswer(MsgAnswer::No);
-  model.OKButton_Click();
-  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayDE.ini");
-  EXPECT_EQ(named.HolidayReady, -1);
-  EXPECT_EQ(Named(2026, 10, 3), "Tag der Deutschen Einheit");
-  EXPECT_TRUE(device.files.empty());
-}
-
-TEST_F(DlgSelectHolidayModelTest, AFileThatDoesNotOpenLeavesNoNamedHolidays) {
-  const struct {
-    const char* what;
-    bool remove;  // the file goes away after the list was made
-  } cases[] = {{"invalid file", false}, {"file gone", true}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    Start("holidayUS.ini");
-    Choose("Broken");
-    if (c.remove) std::filesystem::remove(pcapps + "/holidayXX.ini");
-    messages = FakeMessages();
-    model.OKButton_Click();
-    ASSERT_EQ(calendar.calls.size(), 2u);
-    EXPECT_EQ(calendar.calls[1], "Init holidayXX.ini 1");
-    ASSERT_EQ(messages.Shown().size(), 1u);
-    EXPECT_EQ(messages.Shown()[0].text, "Not found or invalid format file \nNot setting holidays.");
-    EXPECT_EQ(messages.Shown()[0].title, "Scheduler");
-    EXPECT_EQ(messages.Shown()[0].buttons, MsgButtons::Ok);
-    EXPECT_EQ(named.HolidayReady, 0);
-    EXPECT_EQ(named.HolidayHandle, 0u);
-    EXPECT_EQ(Named(2026, 7, 4), "");
-    EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayUS.ini");
-    EXPECT_TRUE(device.files.empty());
-  }
-}
-
-TEST_F(DlgSelectHolidayModelTest, AfterAFailedChangeTheNextOneEndsNothing) {
-  Choose("Broken");
-  model.OKButton_Click();
-  calendar.calls.clear();
-  Choose("United States");
-  messages.QueueAnswer(MsgAnswer::No);
-  model.OKButton_Click();
-  EXPECT_EQ(calendar.calls, Calls{"Init holidayUS.ini 0"});
-  EXPECT_EQ(Named(2026, 7, 4), "Independence Day");
-}
-
-TEST_F(DlgSelectHolidayModelTest, CancelChangesNothing) {
-  Choose("Japan");
-  model.CancelButton_Click();
-  EXPECT_TRUE(calendar.calls.empty());
-  EXPECT_TRUE(messages.Shown().empty());
-  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayUS.ini");
-  EXPECT_EQ(Named(2026, 7, 4), "Independence Day");
+TEST(DlgSelectHolidayModel, FollowsTheTraces) {
+  CountryDialogTrace().Run("holidays/country-dialog.txt", 3, 50);
 }
 
 }  // namespace

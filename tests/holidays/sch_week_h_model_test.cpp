@@ -2,179 +2,105 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
 #include "platform/fake/fake_messages.h"
+#include "platform/key_codes.h"
 #include "tests/support/holiday_dialog_fakes.h"
+#include "tests/support/message_lines.h"
+#include "tests/support/trace.h"
 
 namespace sched {
 namespace {
 
-using Calls = std::vector<std::string>;
+using testing::CaseRow;
+using testing::YesNo;
 
-constexpr CaptionLook kPlain{kColorButtonText, kColorWhite, false};
-constexpr CaptionLook kRedUnfocused{kColorRed, kColorWhite, true};
-constexpr CaptionLook kPlainFocused{kColorButtonText, kColorDarkGreen, true};
-constexpr CaptionLook kRedFocused{kColorRed, kColorDarkGreen, true};
+// The weekly holiday dialog as tests/data/holidays/week-dialog.txt drives it. The current date
+// is Saturday 2026/11/21; Sunday and Saturday are weekly holidays.
+struct Week {
+  ScheduleDocument doc;
+  FakeMessages messages;
+  std::size_t seen = 0;
+  RecordingHolidayHost host;
+  SchWeekHModel model{doc, messages, host};
 
-class SchWeekHModelTest : public ::testing::Test {
- protected:
-  // The current date is Saturday 2026/11/21; Sunday and Saturday are weekly holidays.
-  SchWeekHModelTest() {
+  Week() {
     doc.CurYear = 2026;
     doc.CurMonth = 11;
     doc.CurDay = 21;
     doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
   }
-
-  ScheduleDocument doc;
-  FakeMessages messages;
-  RecordingHolidayHost host;
-  SchWeekHModel model{doc, messages, host};
+  void End() {
+    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
+  }
 };
 
-TEST_F(SchWeekHModelTest, LoadFocusesTheCurrentWeekdayAndPaintsHolidaysRed) {
-  model.Form_Load();
-  EXPECT_EQ(model.CurrentCaption(), 6);
-  const std::array<CaptionLook, 7> expected{kRedUnfocused, kPlain, kPlain,     kPlain,
-                                            kPlain,        kPlain, kRedFocused};
-  EXPECT_EQ(model.CSCaption1(), expected);
-  EXPECT_EQ(model.SavedWeekHoliday(), doc.WeekHoliday);
-  EXPECT_EQ(model.WeekChanged(), 0);
-  EXPECT_EQ(model.WeekDecided(), 0);
+std::string Flags(const WeekFlags& flags) {
+  std::string text;
+  for (std::int16_t flag : flags) text += std::to_string(flag);
+  return text;
 }
 
-TEST_F(SchWeekHModelTest, KeysMoveTheFocusRoundTheWeekAndF1AsksForHelp) {
-  const struct {
-    int from;
-    int key;
-    bool used;
-    int to;
-  } cases[] = {{0, kKeyLeft, true, 6},  {6, kKeyRight, true, 0}, {3, kKeyLeft, true, 2},
-               {3, kKeyRight, true, 4}, {4, kKeyF1, true, 4},    {4, 38, false, 4},
-               {4, 40, false, 4},       {4, 13, false, 4}};
-  for (const auto& c : cases) {
-    model.Form_Load();
-    model.CSCaption1_Click(c.from);
-    host.calls.clear();
-    EXPECT_EQ(model.Form_KeyDown(c.key), c.used) << c.from << " key " << c.key;
-    EXPECT_EQ(model.CurrentCaption(), c.to) << c.from << " key " << c.key;
-    EXPECT_EQ(host.calls, c.key == kKeyF1 ? Calls{"ShowHelp"} : Calls{});
-  }
+// A caption as its fore colour (r red, b button text), back colour (g green, w white) and
+// focus mark (+ or -).
+std::string Look(const CaptionLook& c) {
+  return std::string(c.ForeColor == kColorRed          ? "r"
+                     : c.ForeColor == kColorButtonText ? "b"
+                                                       : "?") +
+         (c.BackColor == kColorDarkGreen ? "g"
+          : c.BackColor == kColorWhite   ? "w"
+                                         : "?") +
+         (c.FocusMark ? "+" : "-");
 }
 
-TEST_F(SchWeekHModelTest, ACaptionLosingTheFocusKeepsItsMarkOnlyWhenRed) {
-  model.Form_Load();  // Saturday in focus
-  model.CSCaption1_Click(2);
-  EXPECT_EQ(model.CSCaption1()[6], kRedUnfocused);
-  EXPECT_EQ(model.CSCaption1()[2], kPlainFocused);
-  model.Form_KeyDown(kKeyRight);
-  EXPECT_EQ(model.CSCaption1()[2], kPlain);
-  EXPECT_EQ(model.CSCaption1()[3], kPlainFocused);
-  model.CSCaption1_Click(7);  // no such caption
-  model.CSCaption1_Click(-1);
-  EXPECT_EQ(model.CurrentCaption(), 3);
-}
+using S = Week&;
+using R = const CaseRow&;
 
-TEST_F(SchWeekHModelTest, SelectDeselectTogglesTheLiveFlagOfTheCaptionInFocus) {
-  model.Form_Load();
-  model.CSCaption1_Click(3);
-  model.SetReset_Click();
-  EXPECT_EQ(doc.WeekHoliday, (WeekFlags{1, 0, 0, 1, 0, 0, 1}));
-  EXPECT_EQ(model.CSCaption1()[3], kRedFocused);
-  EXPECT_EQ(model.WeekChanged(), -1);
-  model.Form_KeyDown(kKeyRight);
-  EXPECT_EQ(model.CSCaption1()[3], kRedUnfocused);
-  model.Form_KeyDown(kKeyLeft);
-  model.SetReset_Click();
-  EXPECT_EQ(doc.WeekHoliday, (WeekFlags{1, 0, 0, 0, 0, 0, 1}));
-  EXPECT_EQ(model.CSCaption1()[3], kPlainFocused);
-  EXPECT_EQ(model.WeekChanged(), -1);  // a change undone is still a change
-  EXPECT_FALSE(doc.Dirty);
-  EXPECT_TRUE(host.calls.empty());
-}
-
-TEST_F(SchWeekHModelTest, CancelPutsTheFlagsBackAndLeavesTheScheduleAlone) {
-  model.Form_Load();
-  model.CSCaption1_Click(0);
-  model.SetReset_Click();  // Sunday off
-  ASSERT_EQ(doc.WeekHoliday[0], 0);
-  model.Command1_Click();
-  EXPECT_EQ(doc.WeekHoliday, (WeekFlags{1, 0, 0, 0, 0, 0, 1}));
-  EXPECT_FALSE(doc.Dirty);
-  EXPECT_EQ(model.WeekDecided(), -1);
-  EXPECT_TRUE(model.Form_QueryUnload());
-  EXPECT_TRUE(messages.Shown().empty());
-  EXPECT_TRUE(host.calls.empty());
-}
-
-TEST_F(SchWeekHModelTest, OkKeepsTheFlagsMarksTheScheduleAndRepaints) {
-  model.Form_Load();
-  model.CSCaption1_Click(6);
-  model.SetReset_Click();  // Saturday a workday
-  model.Command2_Click();
-  EXPECT_EQ(doc.WeekHoliday, (WeekFlags{1, 0, 0, 0, 0, 0, 0}));
-  EXPECT_TRUE(doc.Dirty);
-  EXPECT_EQ(host.calls, (Calls{"SetModifiedMark", "PaintWeekHeads 1000000", "RefillMonthView"}));
-  EXPECT_TRUE(model.Form_QueryUnload());
-  EXPECT_TRUE(messages.Shown().empty());
-}
-
-TEST_F(SchWeekHModelTest, ClosingAnotherWayAfterAChangeAsksWhatToDo) {
-  const struct {
-    const char* what;
-    MsgAnswer answer;
-    bool closes;
-    WeekFlags flags;
-    bool dirty;
-    Calls calls;
-  } cases[] = {
-      {"Yes keeps the change",
-       MsgAnswer::Yes,
-       true,
-       {0, 0, 0, 0, 0, 0, 1},
-       true,
-       {"SetModifiedMark", "RefillMonthView"}},
-      {"No puts the flags back", MsgAnswer::No, true, {1, 0, 0, 0, 0, 0, 1}, false, {}},
-      {"Cancel keeps the dialog open", MsgAnswer::Cancel, false, {0, 0, 0, 0, 0, 0, 1}, false, {}},
+testing::Trace<Week> WeekDialogTrace() {
+  testing::Trace<Week> t;
+  const auto n = [](int value) { return std::to_string(value); };
+  t.steps["load"] = [](S w, R) { w.model.Form_Load(); };
+  t.steps["click"] = [](S w, R r) { w.model.CSCaption1_Click(r.Int(1)); };
+  // A key, and whether the dialog used it, when given.
+  t.steps["key"] = [](S w, R r) {
+    const std::map<std::string, int> keys = {{"left", kKeyLeft}, {"right", kKeyRight},
+                                             {"up", kKeyUp},     {"down", kKeyDown},
+                                             {"f1", kKeyF1},     {"enter", kKeyEnter}};
+    const bool used = w.model.Form_KeyDown(keys.at(r[1]));
+    if (r[2].empty()) return;
+    EXPECT_EQ(used, r.YesNo(2)) << r.where;
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    ScheduleDocument d = doc;
-    FakeMessages m;
-    RecordingHolidayHost h;
-    SchWeekHModel dialog(d, m, h);
-    dialog.Form_Load();
-    dialog.CSCaption1_Click(0);
-    dialog.SetReset_Click();
-    m.QueueAnswer(c.answer);
-    EXPECT_EQ(dialog.Form_QueryUnload(), c.closes);
-    ASSERT_EQ(m.Shown().size(), 1u);
-    EXPECT_EQ(m.Shown()[0].text, "Do you want to save the changes?");
-    EXPECT_EQ(m.Shown()[0].title, "Setting Weekend");
-    EXPECT_EQ(m.Shown()[0].icon, MsgIcon::Exclamation);
-    EXPECT_EQ(m.Shown()[0].buttons, MsgButtons::YesNoCancel);
-    EXPECT_EQ(d.WeekHoliday, c.flags);
-    EXPECT_EQ(d.Dirty, c.dirty);
-    EXPECT_EQ(h.calls, c.calls);
-  }
+  t.steps["toggle"] = [](S w, R) { w.model.SetReset_Click(); };
+  t.steps["ok"] = [](S w, R) { w.model.Command2_Click(); };
+  t.steps["cancel"] = [](S w, R) { w.model.Command1_Click(); };
+  // The close box, and whether the dialog closes.
+  t.steps["close"] = [](S w, R r) {
+    EXPECT_EQ(w.model.Form_QueryUnload(), r.YesNo(1)) << r.where << ": whether it closes";
+  };
+  t.steps["answer"] = [](S w, R r) {
+    const std::map<std::string, MsgAnswer> answers = {
+        {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
+    w.messages.QueueAnswer(answers.at(r[1]));
+  };
+
+  t.looks["focus"] = [n](S w, auto&) { return n(w.model.CurrentCaption()); };
+  t.looks["captions"] = [](S w, auto&) { return testing::Join(w.model.CSCaption1(), " ", Look); };
+  t.looks["caption"] = [](S w, auto& i) { return Look(w.model.CSCaption1().at(std::stoul(i))); };
+  t.looks["week"] = [](S w, auto&) { return Flags(w.doc.WeekHoliday); };
+  t.looks["saved"] = [](S w, auto&) { return Flags(w.model.SavedWeekHoliday()); };
+  t.looks["changed"] = [n](S w, auto&) { return n(w.model.WeekChanged()); };
+  t.looks["decided"] = [n](S w, auto&) { return n(w.model.WeekDecided()); };
+  t.looks["dirty"] = [](S w, auto&) { return YesNo(w.doc.Dirty); };
+  // What the dialog asked of the main window since the last look.
+  t.looks["calls"] = [](S w, auto&) { return w.host.NewCalls(); };
+  t.looks["messages"] = [](S w, auto&) { return testing::NewMessageLines(w.messages, w.seen); };
+  return t;
 }
 
-TEST_F(SchWeekHModelTest, ClosingAfterRefusedCloseAsksAgainAndOkStillWorks) {
-  model.Form_Load();
-  model.SetReset_Click();
-  messages.QueueAnswer(MsgAnswer::Cancel);
-  ASSERT_FALSE(model.Form_QueryUnload());
-  model.Command2_Click();
-  EXPECT_TRUE(model.Form_QueryUnload());
-  EXPECT_EQ(messages.Shown().size(), 1u);
-  EXPECT_EQ(doc.WeekHoliday, (WeekFlags{1, 0, 0, 0, 0, 0, 0}));
-}
-
-TEST_F(SchWeekHModelTest, ClosingWithoutAChangeAsksNothing) {
-  model.Form_Load();
-  model.CSCaption1_Click(2);
-  EXPECT_TRUE(model.Form_QueryUnload());
-  EXPECT_TRUE(messages.Shown().empty());
-  EXPECT_FALSE(doc.Dirty);
+TEST(SchWeekHModel, FollowsTheTraces) {
+  WeekDialogTrace().Run("holidays/week-dialog.txt", 3, 80);
 }
 
 }  // namespace

@@ -2,17 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <sstream>
+#include <string>
+
 #include "platform/fake/fake_date_formatter.h"
+#include "platform/key_codes.h"
 #include "tests/support/case_file.h"
 #include "tests/support/holiday_dialog_fakes.h"
 #include "tests/support/test_store.h"
+#include "tests/support/trace.h"
 
 namespace sched {
 namespace {
 
-using Calls = std::vector<std::string>;
 using testing::CaseRow;
 using testing::ReadCases;
+using testing::YesNo;
 
 TEST(ChooseDayQuestion, OffersTheOppositeOfWhatTheDateIsNow) {
   for (const CaseRow& row : ReadCases("holidays/day-questions.txt", 6, 16)) {
@@ -22,141 +28,121 @@ TEST(ChooseDayQuestion, OffersTheOppositeOfWhatTheDateIsNow) {
   }
 }
 
-std::int32_t Bit(int day) {
-  return static_cast<std::int32_t>(1u << (day - 1));
-}
-
-class SchYearHModelTest : public ::testing::Test {
- protected:
-  SchYearHModelTest() { t.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1}; }
-
-  void SetDate(int year, int month, int day) {
-    t.doc.CurYear = year;
-    t.doc.CurMonth = month;
-    t.doc.CurDay = day;
-  }
-  const AncYYRow& Year(int year) const {
-    return t.doc.Tables.AncYY.At(FindYearRow(t.doc.Tables, year));
-  }
-  // Opens the dialog on the date and presses OK.
-  void SetOnce(int year, int month, int day) {
-    SetDate(year, month, day);
-    SchYearHModel dialog(t.store, named, dates, host);
-    dialog.Form_Load();
-    dialog.Command1_Click();
-  }
-
+// The holiday dialog of a day as tests/data/holidays/year-dialog.txt drives it: Sunday and
+// Saturday are weekly holidays, and the country file names Friday 2026/11/20 and Sunday
+// 2026/11/22.
+struct Year {
   TestStore t;
-  // Names Friday 2026/11/20 and Sunday 2026/11/22.
   FakeHolidayCalendar calendar{{{20261120, "Founders' Day"}, {20261122, "Harvest Day"}}, 3};
   NamedHolidays named{&calendar, 3, -1};
   FakeDateFormatter dates;
   RecordingHolidayHost host;
-  SchYearHModel model{t.store, named, dates, host};
+  std::unique_ptr<SchYearHModel> model;
+
+  Year() {
+    t.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
+    Open();
+  }
+  SchYearHModel& Open() {
+    model = std::make_unique<SchYearHModel>(t.store, named, dates, host);
+    return *model;
+  }
+  const AncYYRow& Row(int year) const {
+    return t.doc.Tables.AncYY.At(FindYearRow(t.doc.Tables, year));
+  }
+  void End() {}
 };
 
-TEST_F(SchYearHModelTest, LoadAsksAboutTheDateByItsWeekdayNameAndMarks) {
-  for (const CaseRow& row : ReadCases("holidays/year-dialog-days.txt", 5, 8)) {
-    SCOPED_TRACE(row.where + " " + row[0]);
-    ASSERT_TRUE(row[2] == "none" || row[2] == "holiday" || row[2] == "workday");
-    const int day = row.Int(1);
-    const std::int32_t on = row[2] == "holiday" ? Bit(day) : 0;
-    const std::int32_t off = row[2] == "workday" ? Bit(day) : 0;
-    const int editsOff = row.YesNo(4) ? 1 : 0;
-    t.store.ClearIndex();
-    t.store.ResetHeader();
-    t.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
-    const int yearRow = t.store.FindOrAddYear(2026);
-    t.doc.Tables.AncYY.At(yearRow).HolidayOn[10] = on | Bit(1);
-    t.doc.Tables.AncYY.At(yearRow).HolidayOff[10] = off | Bit(2);
-    SetDate(2026, 11, day);
-    model.Form_Load();
-    EXPECT_EQ(model.Label2(), row[3] + "\n\rAre you sure?");
-    EXPECT_EQ(model.EditsOff(), editsOff);
-    EXPECT_EQ(model.DayIsWeekly(), editsOff == 1 ? 1 : 0);
-    EXPECT_EQ(model.NewHolidayOn(), (on ^ Bit(day)) | Bit(1));
-    EXPECT_EQ(model.NewHolidayOff(), (off ^ Bit(day)) | Bit(2));
-    EXPECT_EQ(model.Yday(), "2026/11/" + std::to_string(day));
-    EXPECT_EQ(model.CAL(), (CivilDate{2026, 11, day}));
+// A mask as its days, "-" for none; bit 31 would be day 32.
+std::string Days(std::int32_t mask) {
+  std::string days;
+  for (int day = 1; day <= 32; ++day) {
+    if (static_cast<std::uint32_t>(mask) >> (day - 1) & 1u)
+      days += (days.empty() ? "" : " ") + std::to_string(day);
   }
+  return days.empty() ? "-" : days;
 }
 
-TEST_F(SchYearHModelTest, WithoutACountryFileNoDateIsNamed) {
-  named.HolidayReady = 0;
-  SetDate(2026, 11, 20);
-  model.Form_Load();
-  EXPECT_EQ(model.Label2(), "Setting a Holiday.\n\rAre you sure?");
-}
-
-TEST_F(SchYearHModelTest, OkStoresTheMaskThatAppliesInTheArraysAndTheYearRow) {
-  const struct {
-    int day;
-    int column;  // of AncYY
-    bool off;
-  } cases[] = {{19, 11 + 2, false}, {21, 11 + 14, true}};
-  for (const auto& c : cases) {
-    SetDate(2026, 11, c.day);
-    model.Form_Load();
-    model.Command1_Click();
-    const int row = FindYearRow(t.doc.Tables, 2026);
-    EXPECT_EQ(t.doc.Tables.AncYY.Cell(row, c.column), std::to_string(Bit(c.day)));
-    const YearMasks& shown = t.doc.ShownYearMasks;
-    EXPECT_EQ((c.off ? shown.HolidayOff : shown.HolidayOn)[10], Bit(c.day));
-    EXPECT_EQ((c.off ? shown.HolidayOn : shown.HolidayOff)[10], c.off ? Bit(19) : 0);
+// The masks of a year's months, as "MONTH:DAYS" for each month with a day marked.
+std::string Months(const std::array<std::int32_t, 12>& masks) {
+  std::string text;
+  for (int m = 0; m < 12; ++m) {
+    if (masks[m] != 0)
+      text += (text.empty() ? "" : " ") + std::to_string(m + 1) + ":" + Days(masks[m]);
   }
-  EXPECT_TRUE(t.doc.Dirty);
-  EXPECT_EQ(host.calls, (Calls{"SetModifiedMark", "SetModifiedMark"}));
-  // Only November of the one year changed.
-  const AncYYRow& year = Year(2026);
-  EXPECT_EQ(year.HolidayOn,
-            (std::array<std::int32_t, 12>{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, Bit(19), 0}));
-  EXPECT_EQ(year.HolidayOff,
-            (std::array<std::int32_t, 12>{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, Bit(21), 0}));
+  return text;
 }
 
-TEST_F(SchYearHModelTest, ANamedWeekdaySetToWorkOffersHolidayNext) {
-  SetDate(2026, 11, 20);
-  model.Form_Load();
-  ASSERT_EQ(model.Label2(), "Setting a Workday.\n\rAre you sure?");
-  model.Command1_Click();
-  SchYearHModel again(t.store, named, dates, host);
-  again.Form_Load();
-  EXPECT_EQ(again.Label2(), "Setting a Holiday.\n\rAre you sure?");
-  again.Command1_Click();
-  EXPECT_EQ(Year(2026).HolidayOn[10], 0);  // set back twice: the mask is empty again
-  EXPECT_EQ(t.doc.Tables.YearCount, 1);    // the row stays until a save drops it
+// Days as a mask: "1 19", or "-" for none.
+std::int32_t Mask(const std::string& days) {
+  std::uint32_t mask = 0;
+  std::istringstream in(days == "-" ? "" : days);
+  for (int day; in >> day;) mask |= 1u << (day - 1);
+  return static_cast<std::int32_t>(mask);
 }
 
-TEST_F(SchYearHModelTest, AYearWithoutARowGetsOneEvenWhenCancelled) {
-  SetOnce(2025, 3, 4);
-  ASSERT_EQ(t.doc.Tables.YearCount, 1);
-  // The arrays still hold 2025's marks; the new year starts without any.
-  t.doc.ShownYearMasks.HolidayOn[2] = -1;
-  SetDate(2026, 3, 4);
-  model.Form_Load();
-  EXPECT_EQ(t.doc.Tables.YearCount, 2);
-  EXPECT_EQ(t.doc.Tables.AncYY.At(0).NextYear, 1);
-  EXPECT_EQ(Year(2026).FirstMonth, -1);
-  EXPECT_EQ(t.doc.ShownYearMasks.HolidayOn, (std::array<std::int32_t, 12>{}));
-  EXPECT_EQ(model.NewHolidayOn(), Bit(4));
-  model.Command2_Click();
-  EXPECT_EQ(t.doc.Tables.YearCount, 2);
-  EXPECT_EQ(Year(2026).HolidayOn, (std::array<std::int32_t, 12>{}));
-  EXPECT_EQ(Year(2025).HolidayOn[2], Bit(4));
+using S = Year&;
+using R = const CaseRow&;
+
+testing::Trace<Year> YearDialogTrace() {
+  testing::Trace<Year> t;
+  const auto n = [](int value) { return std::to_string(value); };
+  t.steps["date"] = [](S y, R r) {
+    const CivilDate d = r.Date(1);
+    y.t.doc.CurYear = d.year;
+    y.t.doc.CurMonth = d.month;
+    y.t.doc.CurDay = d.day;
+  };
+  t.steps["unnamed"] = [](S y, R) { y.named.HolidayReady = 0; };
+  // The days of a month set as holidays and as workdays, in the year's row.
+  t.steps["masks"] = [](S y, R r) {
+    AncYYRow& row = y.t.doc.Tables.AncYY.At(y.t.store.FindOrAddYear(r.Int(1)));
+    row.HolidayOn[r.Int(2) - 1] = Mask(r[3]);
+    row.HolidayOff[r.Int(2) - 1] = Mask(r[4]);
+  };
+  // The masks the month view shows, written over.
+  t.steps["shown-mask"] = [](S y, R r) {
+    y.t.doc.ShownYearMasks.HolidayOn[r.Int(1) - 1] = r.Int(2);
+  };
+  t.steps["load"] = [](S y, R) { y.Open().Form_Load(); };
+  t.steps["ok"] = [](S y, R) { y.model->Command1_Click(); };
+  t.steps["cancel"] = [](S y, R) { y.model->Command2_Click(); };
+  t.steps["key"] = [](S y, R r) {
+    const int key = r[1] == "f1" ? kKeyF1 : kKeyLeft;
+    EXPECT_EQ(y.model->Form_KeyDown(key), r.YesNo(2)) << r.where;
+  };
+
+  t.looks["question"] = [](S y, auto&) { return y.model->Label2(); };
+  t.looks["edits-off"] = [n](S y, auto&) { return n(y.model->EditsOff()); };
+  t.looks["weekly"] = [n](S y, auto&) { return n(y.model->DayIsWeekly()); };
+  t.looks["new-on"] = [](S y, auto&) { return Days(y.model->NewHolidayOn()); };
+  t.looks["new-off"] = [](S y, auto&) { return Days(y.model->NewHolidayOff()); };
+  t.looks["yday"] = [](S y, auto&) { return y.model->Yday(); };
+  t.looks["calendar"] = [n](S y, auto&) {
+    const CivilDate d = y.model->CAL();
+    return n(d.year) + "/" + n(d.month) + "/" + n(d.day);
+  };
+  t.looks["year-on"] = [](S y, auto& year) { return Months(y.Row(std::stoi(year)).HolidayOn); };
+  t.looks["year-off"] = [](S y, auto& year) { return Months(y.Row(std::stoi(year)).HolidayOff); };
+  t.looks["shown-on"] = [](S y, auto&) { return Months(y.t.doc.ShownYearMasks.HolidayOn); };
+  t.looks["shown-off"] = [](S y, auto&) { return Months(y.t.doc.ShownYearMasks.HolidayOff); };
+  // A cell of the current year's row of AncYY.
+  t.looks["cell"] = [](S y, auto& column) {
+    return y.t.doc.Tables.AncYY.Cell(FindYearRow(y.t.doc.Tables, y.t.doc.CurYear),
+                                     std::stoi(column));
+  };
+  t.looks["years"] = [n](S y, auto&) { return n(y.t.doc.Tables.YearCount); };
+  t.looks["next-year"] = [n](S y, auto& row) {
+    return n(y.t.doc.Tables.AncYY.At(std::stoi(row)).NextYear);
+  };
+  t.looks["first-month"] = [n](S y, auto& year) { return n(y.Row(std::stoi(year)).FirstMonth); };
+  t.looks["dirty"] = [](S y, auto&) { return YesNo(y.t.doc.Dirty); };
+  t.looks["calls"] = [](S y, auto&) { return y.host.NewCalls(); };
+  return t;
 }
 
-TEST_F(SchYearHModelTest, TheLastDayOfAMonthUsesBit30AndNeverTheSignBit) {
-  SetOnce(2099, 12, 31);  // a Thursday
-  EXPECT_EQ(Year(2099).HolidayOn[11], 0x40000000);
-  EXPECT_EQ(t.doc.Tables.AncYY.Cell(FindYearRow(t.doc.Tables, 2099), 14), "1073741824");
-  SetOnce(1901, 1, 1);
-  EXPECT_EQ(Year(1901).HolidayOn[0], 1);
-}
-
-TEST_F(SchYearHModelTest, F1AsksForHelpAndOtherKeysAreLeftAlone) {
-  EXPECT_TRUE(model.Form_KeyDown(kKeyF1));
-  EXPECT_FALSE(model.Form_KeyDown(kKeyLeft));
-  EXPECT_EQ(host.calls, Calls{"ShowHelp"});
+TEST(SchYearHModel, FollowsTheTraces) {
+  YearDialogTrace().Run("holidays/year-dialog.txt", 5, 100);
 }
 
 }  // namespace

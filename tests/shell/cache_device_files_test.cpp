@@ -9,6 +9,8 @@
 #include "shell/device_service.h"
 #include "tests/shell/shell_test_support.h"
 #include "tests/support/case_file.h"
+#include "tests/support/fake_device_chooser.h"
+#include "tests/support/message_lines.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
@@ -30,21 +32,18 @@ struct CacheFixture : ::testing::Test {
     fs::create_directories(cache / "System" / "sound");
   }
   std::string At(const std::string& relative) const { return (cache / relative).string(); }
+  // A path of a case file with $cache and $dir in place.
+  std::string Expand(const std::string& text) const {
+    return sched::Expand(text, {{"$cache", cache.string()}, {"$dir", dir.Path().string()}});
+  }
 };
 
 TEST_F(CacheFixture, PathsMapBetweenTheDeviceTheCacheAndThePc) {
-  const auto expand = [&](std::string text) {
-    for (const auto& [name, value] : {std::pair<std::string, std::string>{"$cache", cache.string()},
-                                      {"$dir", dir.Path().string()}}) {
-      if (text.starts_with(name)) text = value + text.substr(name.size());
-    }
-    return text;
-  };
   const auto optional = [&](const std::string& text) {
-    return text.empty() ? std::nullopt : std::optional<std::string>(expand(text));
+    return text.empty() ? std::nullopt : std::optional<std::string>(Expand(text));
   };
   for (const CaseRow& row : ReadCases("shell/device-paths.txt", 3, 28)) {
-    const std::string path = expand(row[1]);
+    const std::string path = Expand(row[1]);
     if (row[0] == "to-cache") {
       EXPECT_EQ(device.Sor_ConvPathSorvaneToCache(path), optional(row[2])) << row.where;
     } else if (row[0] == "to-device") {
@@ -128,20 +127,6 @@ TEST_F(CacheFixture, DirByExtListsOneExtensionSorted) {
   EXPECT_TRUE(device.Sor_DirByExt("\\Nowhere", "scl").empty());
 }
 
-// Answers the device's file dialog as a user would, one queued answer a time (a cancel when
-// none is left), and keeps what it was asked.
-struct ScriptedChooser : DeviceFileChooser {
-  std::deque<std::optional<std::string>> answers;
-  std::vector<DeviceFileRequest> asked;
-  std::optional<std::string> ChooseDeviceFile(const DeviceFileRequest& request) override {
-    asked.push_back(request);
-    if (answers.empty()) return std::nullopt;
-    std::optional<std::string> answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
-};
-
 TEST_F(CacheFixture, FileDialogsGiveDevicePaths) {
   WriteText(cache / "PIM/Sample.scl", "x");
   WriteText(cache / "PIM/notes.txt", "x");
@@ -150,7 +135,7 @@ TEST_F(CacheFixture, FileDialogsGiveDevicePaths) {
     ASSERT_TRUE(row[0] == "open" || row[0] == "save") << row.where;
     const DeviceDialogMode mode =
         row[0] == "open" ? DeviceDialogMode::Open : DeviceDialogMode::Save;
-    ScriptedChooser chooser;
+    FakeDeviceChooser chooser;
     chooser.answers = {row[2] == "(cancel)" ? std::nullopt : std::optional<std::string>(row[2])};
     FakeMessages messages;  // says Yes to replacing
     device.SetWindows({&chooser, &messages});
@@ -189,20 +174,17 @@ TEST_F(CacheFixture, ASaveOverAFileAsksBeforeReplacingIt) {
       {{"New"}, {}, "\\PIM\\New.scl", {}},
   };
   for (const Case& c : cases) {
-    ScriptedChooser chooser;
+    FakeDeviceChooser chooser;
     chooser.answers.assign(c.names.begin(), c.names.end());
     FakeMessages messages;
     for (MsgAnswer answer : c.answers) messages.QueueAnswer(answer);
     device.SetWindows({&chooser, &messages});
     EXPECT_EQ(device.Sor_PIMSaveFileDialog("scl", "\\PIM\\Week.scl"), c.expected);
-    ASSERT_EQ(messages.Shown().size(), c.asked.size());
-    for (std::size_t i = 0; i < c.asked.size(); ++i) {
-      const MessageRequest& shown = messages.Shown()[i];
-      EXPECT_EQ(shown.text, c.asked[i] + replace);
-      EXPECT_EQ(shown.title, "Save file on Tarvex");
-      EXPECT_EQ(shown.icon, MsgIcon::Exclamation);
-      EXPECT_EQ(shown.buttons, MsgButtons::YesNo);
+    std::vector<std::string> questions;
+    for (const std::string& name : c.asked) {
+      questions.push_back("[Save file on Tarvex, Exclamation, YesNo] " + name + replace);
     }
+    EXPECT_EQ(testing::MessageLines(messages), questions);
     // The dialog comes back with the name the user would not replace.
     ASSERT_EQ(chooser.asked.size(), c.names.size());
     EXPECT_EQ(chooser.asked[0].proposal, "Week.scl");
@@ -212,7 +194,7 @@ TEST_F(CacheFixture, ASaveOverAFileAsksBeforeReplacingIt) {
   }
 
   // Opening a file asks nothing.
-  ScriptedChooser chooser;
+  FakeDeviceChooser chooser;
   chooser.answers = {"Sample.scl"};
   FakeMessages quiet;
   device.SetWindows({&chooser, &quiet});
@@ -248,28 +230,11 @@ TEST_F(CacheFixture, DeviceSoundsAreListedWithTheirDevicePath) {
 
 TEST_F(CacheFixture, ResolveFileNameCutsQuotesAndFindsTheLocation) {
   WriteText(cache / "PIM/Work/a.scl", "x");
-  const std::string pcFile = dir.File("a.scl");
-  struct Case {
-    std::string name;
-    std::string path;
-    int onPc;
-    std::string cacheFolder;
-  };
-  const Case cases[] = {
-      {pcFile, pcFile, 1, ""},
-      {"\"" + pcFile + "\"", pcFile, 1, ""},
-      {"\"" + pcFile, pcFile, 1, ""},
-      {pcFile + "\"", pcFile, 1, ""},
-      {At("PIM/Work/a.scl"), At("PIM/Work/a.scl"), 0, At("PIM/Work")},
-      {"\"" + At("PIM/Work/a.scl") + "\"", At("PIM/Work/a.scl"), 0, At("PIM/Work")},
-      {At("PIM/Gone/a.scl"), At("PIM/Gone/a.scl"), 0, ""},
-      {"", "", 1, ""},
-  };
-  for (const Case& c : cases) {
-    const ResolvedFile file = ResolveFileName(device, c.name);
-    EXPECT_EQ(file.path, c.path) << c.name;
-    EXPECT_EQ(file.ScheduleOnPc, c.onPc) << c.name;
-    EXPECT_EQ(file.cacheFolder, c.cacheFolder) << c.name;
+  for (const CaseRow& row : ReadCases("shell/resolved-files.txt", 4, 8)) {
+    const ResolvedFile file = ResolveFileName(device, Expand(row[0]));
+    EXPECT_EQ(file.path, Expand(row[1])) << row.where;
+    EXPECT_EQ(file.ScheduleOnPc, row.Int(2)) << row.where;
+    EXPECT_EQ(file.cacheFolder, Expand(row[3])) << row.where;
   }
 }
 

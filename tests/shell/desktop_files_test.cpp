@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "tests/shell/shell_test_support.h"
+#include "tests/support/case_file.h"
 #include "tests/support/temp_dir.h"
 
 namespace sched {
@@ -15,39 +16,18 @@ namespace fs = std::filesystem;
 
 const std::string kShippedDesktop = std::string(SCHEDULER_DATA_DIR) + "/desktop";
 
-bool HaveTool(const std::string& tool) {
-  return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
-}
-
 // desktop-file-validate's verdict on an entry: its messages, empty when it is valid.
 std::string Validate(const fs::path& entry) {
-  const std::string command = "desktop-file-validate '" + entry.string() + "' 2>&1";
-  FILE* pipe = popen(command.c_str(), "r");
-  std::string out;
-  char buffer[512];
-  while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) out.append(buffer, n);
-  const int status = pclose(pipe);
+  const auto [status, out] = RunCommand("desktop-file-validate '" + entry.string() + "' 2>&1");
   return status == 0 ? out : "exit " + std::to_string(status) + ": " + out;
 }
 
 TEST(WithProgram, PutsTheProgramIntoTheExecLine) {
-  struct Case {
-    std::string program;
-    std::string exec;
-  };
-  const Case cases[] = {
-      {"/usr/bin/scheduler", "Exec=/usr/bin/scheduler %f"},
-      {"/home/ann/my build/scheduler", "Exec=\"/home/ann/my build/scheduler\" %f"},
-      {"/opt/a$b/scheduler", "Exec=\"/opt/a\\\\$b/scheduler\" %f"},
-      {"/opt/say \"x\"/scheduler", "Exec=\"/opt/say \\\\\"x\\\\\"/scheduler\" %f"},
-      {"/opt/a\\b/scheduler", "Exec=\"/opt/a\\\\\\\\b/scheduler\" %f"},
-      {"/opt/100%/scheduler", "Exec=/opt/100%%/scheduler %f"},
-  };
   const std::string entry = "[Desktop Entry]\nName=S\nExec=scheduler %f\nIcon=scheduler\n";
-  for (const Case& c : cases) {
-    EXPECT_EQ(WithProgram(entry, c.program),
-              "[Desktop Entry]\nName=S\n" + c.exec + "\nIcon=scheduler\n")
-        << c.program;
+  for (const testing::CaseRow& row : testing::ReadCases("shell/exec-lines.txt", 2, 6)) {
+    EXPECT_EQ(WithProgram(entry, row[0]),
+              "[Desktop Entry]\nName=S\n" + testing::Unescaped(row[1]) + "\nIcon=scheduler\n")
+        << row.where;
   }
   EXPECT_EQ(WithProgram("[Desktop Entry]\nName=S\n", "/x"), "[Desktop Entry]\nName=S\n");
 }

@@ -47,36 +47,18 @@ struct LastFileFixture : ::testing::Test {
 };
 
 TEST_F(LastFileFixture, RestoreFollowsTheFileToItsPlace) {
-  const std::string pcFile = (dir.Path() / "PIMdata" / "Plan.scl").string();
-  const std::string commaFile = (dir.Path() / "PIMdata" / "Plans, old.scl").string();
-  const std::string deviceFile = (cache / "PIM" / "Sample.scl").string();
-  struct Case {
-    const char* what;
-    std::optional<std::string> stored;  // the "File1" value; nothing when never stored
-    bool ok;
-    std::string path;
-    int onPc;
+  const auto expand = [&](const std::string& text) {
+    return Expand(text, {{"$cache", cache.string()}, {"$dir", dir.Path().string()}});
   };
-  const Case cases[] = {
-      {"nothing stored", std::nullopt, false, "", 1},
-      {"empty value", "", false, "", 1},
-      {"PC file", "1,PC:Plan.scl," + pcFile, true, pcFile, 1},
-      {"PC file with commas", "1,PC:Plans, old.scl," + commaFile, true, commaFile, 1},
-      {"PC file gone", "1,PC:Gone.scl," + dir.File("Gone.scl"), false, "", 1},
-      {"device file", "0,Tarvex:Sample.scl," + deviceFile, true, deviceFile, 0},
-      {"device file gone", "0,Tarvex:Old.scl," + (cache / "PIM" / "Old.scl").string(), false, "",
-       0},
-      // The place of the path decides, whatever the first field says.
-      {"device file marked as PC", "1,PC:Sample.scl," + deviceFile, true, deviceFile, 0},
-      {"no path", "1", false, "", 1},
-  };
-  for (const Case& c : cases) {
+  for (const CaseRow& row : ReadCases("shell/last-files.txt", 5, 9)) {
     FakeSettingsStore store;
-    if (c.stored) store.SaveSetting(kSettingsApp, kDayviewSection, kLastFileKey, *c.stored);
+    if (row[1] != "(never)") {
+      store.SaveSetting(kSettingsApp, kDayviewSection, kLastFileKey, expand(row[1]));
+    }
     const LastFile last = RestoreLastFile(store, device, kDayviewSection);
-    EXPECT_EQ(last.ok, c.ok) << c.what;
-    EXPECT_EQ(last.path, c.path) << c.what;
-    EXPECT_EQ(last.ScheduleOnPc, c.onPc) << c.what;
+    EXPECT_EQ(last.ok, row.YesNo(2)) << row.where;
+    EXPECT_EQ(last.path, expand(row[3])) << row.where;
+    EXPECT_EQ(last.ScheduleOnPc, row.Int(4)) << row.where;
   }
 }
 

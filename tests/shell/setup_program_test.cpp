@@ -15,10 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool HaveTool(const std::string& tool) {
-  return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
-}
-
 struct ShellRun {
   int status;
   std::string out;
@@ -36,12 +32,8 @@ class SetupProgram : public ::testing::Test {
     const std::string env = "env -u XDG_CURRENT_DESKTOP -u DESKTOP_SESSION -u KDE_FULL_SESSION " +
                             std::string("HOME=") + folder + "/home' XDG_DATA_HOME=" + folder +
                             "/data' XDG_CONFIG_HOME=" + folder + "/config' ";
-    FILE* pipe = popen((env + command + " 2>/dev/null").c_str(), "r");
-    ShellRun run{-1, ""};
-    char buffer[512];
-    while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) run.out.append(buffer, n);
-    const int status = pclose(pipe);
-    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    auto [status, out] = RunCommand(env + command + " 2>/dev/null");
+    ShellRun run{status, out};
     while (!run.out.empty() && run.out.back() == '\n') run.out.pop_back();
     return run;
   }

@@ -4,6 +4,10 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/run_command.h"
 
 namespace sched {
 
@@ -18,6 +22,16 @@ inline std::string ReadText(const std::filesystem::path& file) {
   std::ostringstream text;
   text << in.rdbuf();
   return text.str();
+}
+
+// A path of a case file with each of the names ($cache, $dir) replaced by its value.
+inline std::string Expand(std::string text,
+                          const std::vector<std::pair<std::string, std::string>>& names) {
+  for (const auto& [name, value] : names) {
+    if (const auto at = text.find(name); at != std::string::npos)
+      text.replace(at, name.size(), value);
+  }
+  return text;
 }
 
 }  // namespace sched

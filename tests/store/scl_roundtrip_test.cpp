@@ -21,8 +21,8 @@ class RandomSchedule {
     for (int i = 0; i < items; ++i) {
       switch (Pick(0, 5)) {
         case 0: AddPlain(s, Pick(0, 3) == 0); break;
-        case 1: AddSpan(s); break;
-        case 2: AddWeekly(s); break;
+        case 1: AddSeries(s, 1); break;
+        case 2: AddSeries(s, 7); break;
         default: AddPlain(s, false); break;
       }
     }
@@ -83,42 +83,22 @@ class RandomSchedule {
     s.store.InsertRecord(r);
   }
 
-  void AddSpan(TestStore& s) {
+  // A span of days (`step` 1) or a weekly series (`step` 7), one record a date.
+  void AddSeries(TestStore& s, int step) {
     const CivilDate first = AnyDate();
-    const int days = Pick(2, 30);
-    if (DaySerial(first) + days - 1 > DaySerial({kLastYear, 12, 31})) return;
+    const int count = step == 1 ? Pick(2, 30) : Pick(2, 12);
+    if (DaySerial(first) + step * (count - 1) > DaySerial({kLastYear, 12, 31})) return;
     SchRecord r = Base(first);
-    const CivilDate last = AddDays(first, days - 1);
-    r.RepeatKind = kMultiDayKind;
-    r.ParentSubNo = 1;
-    r.ParentStamp = r.Stamp;
-    r.EndDay = static_cast<std::uint8_t>(last.day);
-    r.EndMonth = static_cast<std::uint8_t>(last.month);
-    r.EndYear = static_cast<std::uint16_t>(last.year);
-    for (int i = 0; i < days; ++i) {
-      const CivilDate date = AddDays(first, i);
-      r.Day = static_cast<std::uint8_t>(date.day);
-      r.Month = static_cast<std::uint8_t>(date.month);
-      r.Year = static_cast<std::uint16_t>(date.year);
-      r.SubNo = static_cast<std::int16_t>(i + 1);
-      s.store.InsertRecord(r);
-    }
-  }
-
-  void AddWeekly(TestStore& s) {
-    const CivilDate first = AnyDate();
-    const int count = Pick(2, 12);
-    if (DaySerial(first) + 7 * (count - 1) > DaySerial({kLastYear, 12, 31})) return;
-    SchRecord r = Base(first);
-    const CivilDate last = AddDays(first, 7 * (count - 1));
-    r.RepeatKind = static_cast<std::int16_t>(0x1000 | WeekdayOf(first) * 4);
+    const CivilDate last = AddDays(first, step * (count - 1));
+    r.RepeatKind =
+        static_cast<std::int16_t>(step == 1 ? kMultiDayKind : 0x1000 | WeekdayOf(first) * 4);
     r.ParentSubNo = 1;
     r.ParentStamp = r.Stamp;
     r.EndDay = static_cast<std::uint8_t>(last.day);
     r.EndMonth = static_cast<std::uint8_t>(last.month);
     r.EndYear = static_cast<std::uint16_t>(last.year);
     for (int i = 0; i < count; ++i) {
-      const CivilDate date = AddDays(first, 7 * i);
+      const CivilDate date = AddDays(first, step * i);
       r.Day = static_cast<std::uint8_t>(date.day);
       r.Month = static_cast<std::uint8_t>(date.month);
       r.Year = static_cast<std::uint16_t>(date.year);

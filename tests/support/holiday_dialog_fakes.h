@@ -30,6 +30,16 @@ class RecordingHolidayHost : public HolidayDialogHost {
   void RefillMonthView() override { calls.push_back("RefillMonthView"); }
   void ShowHelp() override { calls.push_back("ShowHelp"); }
   void EndProgram() override { calls.push_back("EndProgram"); }
+
+  // The calls made since the last look, joined by " | ".
+  std::string NewCalls() {
+    std::string text;
+    for (; seen_ < calls.size(); ++seen_) text += (text.empty() ? "" : " | ") + calls[seen_];
+    return text;
+  }
+
+ private:
+  std::size_t seen_ = 0;
 };
 
 // The country-file engine, with a record of the calls made on it: "Init <file name> <result>",

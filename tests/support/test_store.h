@@ -66,6 +66,15 @@ inline std::int32_t ItemStamp(int year, int month, int day, int start, int end,
   return static_cast<std::int32_t>(0xC0000000u | (hash & 0x3FFFFFFFu));
 }
 
+// The live rows of the tables, in the order they were written.
+inline std::vector<SchDatRow> LiveRows(const SchDatCTL& tables) {
+  std::vector<SchDatRow> rows;
+  for (int row = 0; row < tables.SchDatList.Rows(); ++row) {
+    if (tables.SchDatList.At(row).IsLive()) rows.push_back(tables.SchDatList.At(row));
+  }
+  return rows;
+}
+
 // A plain timed item on one day.
 inline SchRecord MakeItem(int year, int month, int day, int start, int end,
                           const std::string& title) {

@@ -26,25 +26,6 @@ TEST(Layout, DesignWidthKeepsTheListShare) {
   EXPECT_DOUBLE_EQ(l.CSCal4.Right(), l.SSTab1.width - 285);
 }
 
-TEST(Layout, MonthCellsShareTheirBorders) {
-  const FormLayout l = LayoutTwips(8880, 6600, {}, 375);
-  const double cw = (8640.0 - 400) / 7 + 30;
-  const double ch = (4920.0 + 320 - 750 - 330) / 6;
-  EXPECT_DOUBLE_EQ(l.Label9[0].width, cw);
-  EXPECT_DOUBLE_EQ(l.Label9[0].height, ch);
-  EXPECT_DOUBLE_EQ(l.Label9[1].left - l.Label9[0].Right(), -30);
-  EXPECT_DOUBLE_EQ(l.Label9[7].top - l.Label9[0].Bottom(), -30);
-  EXPECT_DOUBLE_EQ(l.Label8[6].left, l.Label9[6].left);
-  EXPECT_DOUBLE_EQ(l.Label1[8].top, l.Label9[8].top + 30);
-  EXPECT_DOUBLE_EQ(l.Label1[0].width, 220);
-  EXPECT_DOUBLE_EQ(l.Label1[0].height, 190);
-  EXPECT_DOUBLE_EQ(l.Label2[0].width, cw - 220 - 105 + cw);  // runs over the next cell
-  EXPECT_DOUBLE_EQ(l.Label2[6].width, cw - 220 - 105);       // cut at the last column
-  EXPECT_DOUBLE_EQ(l.Grid1[0].top, l.Label1[0].Bottom());
-  EXPECT_DOUBLE_EQ(l.Grid1[0].Bottom(), l.Label9[0].Bottom() - 36);
-  EXPECT_DOUBLE_EQ(l.Grid1ColWidth[41], cw - 56);
-}
-
 TEST(Layout, HourScaleStepsOverTheBar) {
   const FormLayout l = LayoutTwips(8880, 6600, {}, 375);
   EXPECT_DOUBLE_EQ(l.Pict.width, 8160);

@@ -5,25 +5,14 @@
 #include <iostream>
 #include <sstream>
 
+#include "tests/support/run_command.h"
 #include "tests/views/views_test_support.h"
 
 namespace sched {
 namespace {
 
-struct CommandRun {
-  int code = 0;
-  std::string out;
-  std::string err;
-};
-
 CommandRun RunMonth(const std::vector<std::string>& args) {
-  std::ostringstream out;
-  std::ostringstream err;
-  CommandRun run;
-  run.code = RunMonthCommand(args, out, err);
-  run.out = out.str();
-  run.err = err.str();
-  return run;
+  return RunIn(RunMonthCommand, args);
 }
 
 std::vector<std::string> Lines(const std::string& text) {
@@ -47,7 +36,7 @@ TEST(MonthCommand, Usage) {
                                              {"a.scl", "20x0", "1"},
                                              {"a.scl", "2010", "1", "c.ini", "more"}}) {
     const CommandRun run = RunMonth(args);
-    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(run.result, 2);
     EXPECT_EQ(run.err, kUsage);
   }
 }
@@ -59,7 +48,7 @@ TEST(MonthCommand, UnreadableFile) {
   std::streambuf* const saved = std::cerr.rdbuf(cerr.rdbuf());
   const CommandRun run = RunMonth({s.dir.File("missing.scl"), "2010", "6"});
   std::cerr.rdbuf(saved);
-  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.result, 1);
   EXPECT_NE(cerr.str().find("Read error!"), std::string::npos);
   EXPECT_TRUE(run.out.empty());
 }
@@ -75,7 +64,7 @@ TEST(MonthCommand, CellsOfAMonthWithItemsMasksAndNames) {
 
   const CommandRun run =
       RunMonth({file, "2010", "12", std::string(SCHEDULER_DATA_DIR) + "/pcapps/holidayUK.ini"});
-  ASSERT_EQ(run.code, 0) << run.err;
+  ASSERT_EQ(run.result, 0) << run.err;
   const std::vector<std::string> lines = Lines(run.out);
   ASSERT_EQ(lines.size(), 44u);
   // 1 December 2010 is a Wednesday: cells 0 to 2 are the end of November.
@@ -94,7 +83,7 @@ TEST(MonthCommand, LastMonthHasBlankDisabledCells) {
   const std::string file = s.dir.File("empty.scl");
   s.SaveTo("empty.scl");
   const CommandRun run = RunMonth({file, "2099", "12"});
-  ASSERT_EQ(run.code, 0) << run.err;
+  ASSERT_EQ(run.result, 0) << run.err;
   const std::vector<std::string> lines = Lines(run.out);
   ASSERT_EQ(lines.size(), 42u);
   EXPECT_EQ(lines[32], "32\t31\tblack\twindow\tenabled\t");
@@ -106,7 +95,7 @@ TEST(MonthCommand, MissingCountryFile) {
   const std::string file = s.dir.File("x.scl");
   s.SaveTo("x.scl");
   const CommandRun run = RunMonth({file, "2010", "6", s.dir.File("nope.ini")});
-  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.result, 1);
   EXPECT_FALSE(run.err.empty());
 }
 

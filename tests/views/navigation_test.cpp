@@ -38,29 +38,6 @@ TEST(MonthArrows, StopSilentlyAtTheLimits) {
   }
 }
 
-TEST(Navigation, ComboOnTheShownMonthChangesNothing) {
-  ViewsFixture f;
-  f.ShowMonth(2010, 6);
-  f.views.SelectCell(16);
-  f.views.Month().Cell(20).dayText = "untouched";
-  f.views.SetCombo1(5);
-  EXPECT_EQ(f.s.doc.CurDay, 15);
-  EXPECT_EQ(f.views.Month().Cell(20).dayText, "untouched");
-  f.views.SetCombo1(6);  // July
-  EXPECT_EQ(Cur(f), (CivilDate{2010, 7, 1}));
-  EXPECT_EQ(f.views.Month().SelectedCell, f.views.Month().FirstCell);
-  EXPECT_EQ(f.views.DateLabel, "2010/07/01(Thu)");
-}
-
-TEST(Navigation, CombosDoNotReactWhileViewsAreNotReady) {
-  ViewsFixture f;
-  f.ShowMonth(2010, 6);
-  f.views.ViewsReady = -1;
-  f.views.SetCombo2(50);
-  EXPECT_EQ(f.views.Month().ShownYear, 2010);
-  EXPECT_EQ(f.s.doc.CurYear, 2010);
-}
-
 TEST(CalendarArrows, MoveOrStopAtTheLimits) {
   for (const CaseRow& row : ReadCases("views/calendar-arrows.txt", 4, 9)) {
     ViewsFixture f;
@@ -81,49 +58,6 @@ TEST(CalendarArrows, MoveOrStopAtTheLimits) {
   }
 }
 
-TEST(Navigation, BackFromTheDayTabShowsTheMovedMonthWithItsDay) {
-  ViewsFixture f;
-  f.ShowMonth(2010, 6);
-  f.views.SSTab1_Click(1);
-  f.views.ComMM_Click(1);
-  f.views.CSCal4_Change({2010, 7, 20});
-  f.views.SSTab1_Click(0);
-  EXPECT_EQ(f.views.Month().ShownMonth, 7);
-  EXPECT_EQ(Cur(f), (CivilDate{2010, 7, 20}));
-  EXPECT_EQ(f.views.Month().SelectedCell, 23);  // 1 July 2010 is a Thursday
-  EXPECT_EQ(f.views.Combo1Index, 6);
-  EXPECT_EQ(f.views.BackFromDay, 0);
-}
-
-TEST(Navigation, BackFromTheDayTabInTheSameMonthDoesNotRefill) {
-  ViewsFixture f;
-  f.ShowMonth(2010, 6);
-  f.views.SSTab1_Click(1);
-  f.views.CSCal4_Change({2010, 6, 9});
-  f.views.Month().Cell(30).dayText = "untouched";
-  f.views.SSTab1_Click(0);
-  EXPECT_EQ(f.views.Month().Cell(30).dayText, "untouched");
-  EXPECT_EQ(f.views.Month().SelectedCell, 10);
-  EXPECT_EQ(f.views.Month().Cell(2).back, CellBack::Window);
-}
-
-TEST(Navigation, GoTodayOnEitherTab) {
-  ViewsFixture f;
-  f.ShowMonth(1950, 3);
-  f.views.GoToday();  // the clock says 2010/06/15
-  EXPECT_EQ(f.views.Month().ShownYear, 2010);
-  EXPECT_EQ(f.views.Month().ShownMonth, 6);
-  EXPECT_EQ(f.views.Month().SelectedCell, 16);
-  EXPECT_EQ(f.views.Combo2Index, 109);
-  EXPECT_EQ(f.views.DateLabel, "2010/06/15(Tue)");
-
-  f.views.SSTab1_Click(1);
-  f.views.CSCal4_Change({2011, 1, 1});
-  f.views.GoToday();
-  EXPECT_EQ(f.views.Day().CalendarDate, (CivilDate{2010, 6, 15}));
-  EXPECT_EQ(f.views.Focus, FocusTarget::CSCal4);
-}
-
 TEST(GridKeys, MoveAndCrossMonths) {
   const std::map<std::string, int> keys = {
       {"up", kKeyUp}, {"down", kKeyDown}, {"left", kKeyLeft}, {"right", kKeyRight}};
@@ -141,20 +75,6 @@ TEST(GridKeys, MoveAndCrossMonths) {
     EXPECT_EQ(f.views.Month().Cell(cell).date, date) << row.where;
     EXPECT_EQ(f.views.Month().Cell(cell).back, CellBack::Selection) << row.where;
   }
-}
-
-TEST(GridKeysEnter, ShowsTheListOnlyForADayWithItems) {
-  ViewsFixture f;
-  f.Insert(2010, 6, 2, 540, 600, "A");
-  f.ShowMonth(2010, 6);
-  EXPECT_TRUE(f.views.Text1_KeyDown(kKeyEnter).consumed);
-  EXPECT_FALSE(f.views.List().Visible);
-  f.views.SelectCell(3);
-  f.views.Text1_KeyDown(kKeyEnter);
-  EXPECT_TRUE(f.views.List().Visible);
-  EXPECT_EQ(f.views.List().Caption, "2010/06/02(Wed)");
-  EXPECT_EQ(f.views.Text1_KeyDown(kKeyEnter).action.command, ViewCommand::FocusScheduleList);
-  EXPECT_FALSE(f.views.Text1_KeyDown('A').consumed);
 }
 
 TEST(GridKeysEnter, PageKeysAreSwallowed) {

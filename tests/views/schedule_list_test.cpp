@@ -53,42 +53,5 @@ TEST(ScheduleListPlacement, HangsBelowOrStandsAbove) {
   }
 }
 
-TEST(ScheduleList, SeveralRowsBringAWarning) {
-  ViewsFixture f;
-  ScheduleList list;
-  list.List1_Click(0, 0, f.messages);
-  EXPECT_TRUE(f.messages.Shown().empty());
-  list.List1_Click(0, 2, f.messages);
-  ASSERT_EQ(f.messages.Shown().size(), 1u);
-  EXPECT_EQ(f.messages.Shown()[0].text, "Cannot modify multiple rows.");
-  EXPECT_EQ(f.messages.Shown()[0].title, "Scheduler");
-  EXPECT_EQ(f.messages.Shown()[0].icon, MsgIcon::Exclamation);
-}
-
-TEST(ScheduleList, FollowsTheSelectionAndHidesOnEscape) {
-  ViewsFixture f;
-  f.Insert(2010, 6, 1, 540, 600, "One");
-  f.Insert(2010, 6, 2, 540, 600, "Two");
-  f.ShowMonth(2010, 6);
-  EXPECT_EQ(f.views.ComDt_Click().command, ViewCommand::None);
-  ASSERT_TRUE(f.views.List().Visible);
-  EXPECT_EQ(f.views.List().Lines[0], "9:00am-10:00am One");
-  const double firstLeft = f.views.List().Position.left;
-  f.views.SelectCell(3);
-  EXPECT_EQ(f.views.List().Lines[0], "9:00am-10:00am Two");
-  EXPECT_EQ(f.views.List().Caption, "2010/06/02(Wed)");
-  EXPECT_GT(f.views.List().Position.left, firstLeft);
-  const ViewAction modify = f.views.List().List1_DblClick();
-  EXPECT_EQ(modify.command, ViewCommand::ModifySchedule);
-  EXPECT_EQ(modify.row, 1);
-  EXPECT_FALSE(f.views.List().Popup(false).Paste);
-  f.views.List().Form_KeyDown(kKeyEscape);
-  EXPECT_FALSE(f.views.List().Visible);
-  EXPECT_EQ(f.views.Month().SelectedCell, 3);
-  f.views.ComDt_Click();
-  f.views.SetCombo1(6);  // a change of month hides it
-  EXPECT_FALSE(f.views.List().Visible);
-}
-
 }  // namespace
 }  // namespace sched

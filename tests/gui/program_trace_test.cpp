@@ -1,0 +1,518 @@
+#include <QDesktopServices>
+#include <QDir>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QTimer>
+#include <QUrl>
+#include <cstdio>
+#include <map>
+#include <sstream>
+
+#include "shell/settings.h"
+#include "tests/gui/views_gui_support.h"
+#include "tests/gui/widget_trace.h"
+#include "tests/support/message_lines.h"
+#include "tests/support/row_looks.h"
+#include "tests/support/test_store.h"
+#include "ui/month_tab.h"
+#include "views/calendar_views.h"
+
+namespace sched {
+namespace {
+
+using testing::CaseRow;
+using testing::Join;
+using testing::YesNo;
+
+// Takes the links that the program hands to the desktop, in place of the file manager.
+class DesktopLinks : public QObject {
+  Q_OBJECT
+
+ public:
+  DesktopLinks() { QDesktopServices::setUrlHandler("file", this, "Open"); }
+  ~DesktopLinks() override { QDesktopServices::unsetUrlHandler("file"); }
+  QStringList opened;
+
+ public slots:
+  void Open(const QUrl& url) { opened << url.toLocalFile(); }
+};
+
+// The program over fakes with a real installation, as tests/data/gui/program.txt drives it.
+// Today is 2026/11/21, 10:30.
+struct Program : ViewsGuiTest {
+  QWidget* dialog = nullptr;  // the dialog the lines run in, when they run in one
+  std::size_t seen = 0;
+  std::unique_ptr<SchedulerApp> second;
+  std::unique_ptr<QSignalSpy> fronted;
+  std::unique_ptr<DesktopLinks> links;
+  std::vector<int> progress;
+  std::int32_t stamp = 0;
+
+  void TestBody() override {}
+  QWidget* Window() { return dialog != nullptr ? dialog : app->Window(); }
+  QListWidget* List() const { return window->ScheduleListDialog()->List1(); }
+  // A path of a case: $sample, $install and $dir in place.
+  std::string Path(std::string text) const {
+    for (const auto& [name, value] : std::map<std::string, std::string>{
+             {"$sample", Sample()}, {"$install", install}, {"$dir", dir.Path().string()}}) {
+      if (const auto at = text.find(name); at != std::string::npos)
+        text.replace(at, name.size(), value);
+    }
+    return text;
+  }
+  std::string Shown(std::string text) const {
+    for (const auto& [name, value] :
+         {std::pair{"$install", install}, {"$dir", dir.Path().string()}}) {
+      if (const auto at = text.find(value); at != std::string::npos)
+        text.replace(at, value.size(), name);
+    }
+    return text;
+  }
+  // Starts with the arguments, on `ports`, and checks that the program runs or ends with EXIT.
+  void StartOn(AppPorts ports, const std::string& args, const std::string& exit) {
+    app.reset();
+    app = std::make_unique<SchedulerApp>(ports);
+    QStringList list{"scheduler"};
+    if (!args.empty()) list << QString::fromStdString(Path(args));
+    const std::optional<int> result = app->Start(list);
+    EXPECT_EQ(result ? std::to_string(*result) : "runs", exit);
+    if ((window = app->Window())) {
+      month = window->MonthPage();
+      day = window->DayPage();
+    }
+  }
+  int CellOf(int date) const { return app->Views()->Month().FirstCell + date - 1; }
+  QWidget* Cell(int date) const { return app->Window()->MonthPage()->Label9(CellOf(date)); }
+  QWidget* Lines(int date) const { return app->Window()->MonthPage()->Grid1(CellOf(date)); }
+  void End() {
+    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
+  }
+};
+
+std::string Text(const CivilDate& d) {
+  char text[40];
+  std::snprintf(text, sizeof text, "%04d-%02d-%02d", d.year, d.month, d.day);
+  return text;
+}
+
+std::string ColourName(const QColor& colour) {
+  return colour == QColor(255, 0, 0) ? "red" : colour == QColor(0, 0, 0) ? "black" : "other";
+}
+
+// Lines as "[one][two][]".
+std::string Lines(const QStringList& lines) {
+  std::string text;
+  for (const QString& line : lines) text += "[" + line.toStdString() + "]";
+  return text;
+}
+
+QStringList Items(const QListWidget* list) {
+  QStringList texts;
+  for (int i = 0; i < list->count(); ++i) texts << list->item(i)->text();
+  return texts;
+}
+
+Qt::Key KeyOf(const std::string& name) {
+  const std::map<std::string, Qt::Key> keys = {{"up", Qt::Key_Up},
+                                               {"down", Qt::Key_Down},
+                                               {"left", Qt::Key_Left},
+                                               {"right", Qt::Key_Right},
+                                               {"enter", Qt::Key_Return},
+                                               {"escape", Qt::Key_Escape},
+                                               {"page-down", Qt::Key_PageDown}};
+  return keys.at(name);
+}
+
+// Drops a file on a widget as the window system would.
+void DropFile(QWidget* target, const std::string& path) {
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+  const QPointF at(target->width() / 2.0, target->height() / 2.0);
+  QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(target, &enter);
+  ASSERT_TRUE(enter.isAccepted());
+  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(target, &drop);
+}
+
+using S = Program&;
+using R = const CaseRow&;
+
+testing::Trace<Program> ProgramTrace() {
+  testing::Trace<Program> t;
+  AddWidgetWords(t);
+  t.otherLook = [property = t.otherLook](S p, const std::string& look) {
+    return p.Shown(property(p, look));
+  };
+  testing::AddRowLooks(t, [](S p) -> const SchDatCTL& { return p.app->Document().Tables; });
+  t.nextDialog = [](const testing::Trace<Program>& trace, S p, testing::Trace<Program>::Lines lines,
+                    std::string what) {
+    QTimer::singleShot(0, [&trace, &p, lines, what] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      ASSERT_NE(dialog, nullptr) << "no dialog opened";
+      QWidget* outer = std::exchange(p.dialog, dialog);
+      trace.RunLines(p, lines, what);
+      p.dialog = outer;
+    });
+  };
+  // Starts: ARGS EXIT, EXIT "runs" or the exit status; on a registry without any install
+  // folder, or with the folder but without the program's key.
+  // The program on the sample schedule, its window at 1280 x 800.
+  t.steps["start-sample"] = [](S p, R) { p.StartOnSample(); };
+  t.steps["start"] = [](S p, R r) { p.StartOn(p.Ports(), r[1], r[2]); };
+  t.steps["start-without"] = [](S p, R r) {
+    static FakeRegistry broken;
+    broken = FakeRegistry();
+    if (r[1] == "key") broken.WriteString(kInstallKey, kInstallDirValue, p.install);
+    p.StartOn({broken, p.settings, p.messages, p.dialogs, p.dates, p.clock, p.holidays, p.chooser},
+              r[2], r[3]);
+  };
+  t.steps["second-start"] = [](S p, R r) {
+    p.fronted = std::make_unique<QSignalSpy>(p.app->Window(), &SchMain::BroughtToFront);
+    p.second = std::make_unique<SchedulerApp>(p.Ports());
+    const std::optional<int> result =
+        p.second->Start({"scheduler", QString::fromStdString(p.Path(r[1]))});
+    EXPECT_EQ(result ? std::to_string(*result) : "runs", r[2]) << r.where;
+  };
+  t.steps["in-use"] = [](S p, R r) {
+    p.registry.WriteString(kSchedulerKey, kHolidayIniValue, r[1]);
+  };
+  t.steps["last-file"] = [](S p, R r) {
+    StoreLastFile(p.settings, kDayviewSection, p.Path(r[1]), 1);
+  };
+  t.steps["setting"] = [](S p, R r) { p.settings.SaveSetting(kSettingsApp, r[1], r[2], r[3]); };
+  t.steps["clock"] = [](S p, R r) {
+    const CivilDate d = r.Date(1);
+    int h = 0, m = 0, s = 0;
+    std::sscanf(r[2].c_str(), "%d:%d:%d", &h, &m, &s);
+    p.clock.Set({d.year, d.month, d.day, h, m, s});
+  };
+  t.steps["bytes"] = [](S p, R r) {
+    const std::string bytes = testing::Unescaped(r[2]);
+    WriteBytes(p.Path(r[1]), {bytes.begin(), bytes.end()});
+  };
+  t.steps["resize"] = [](S p, R r) {
+    p.app->Window()->resize(r.Int(1), r.Int(2));
+    QApplication::processEvents();
+  };
+  t.steps["dialog"] = [](S p, R r) {
+    p.dialogs.QueueAnswer(r[1] == "(cancel)" ? std::nullopt : std::optional(p.Path(r[1])));
+  };
+  t.steps["chooser"] = [](S p, R r) {
+    p.chooser.answers.push_back(r[1] == "(cancel)" ? std::nullopt : std::optional(r[1]));
+  };
+  t.steps["answer"] = [](S p, R r) {
+    p.messages.QueueAnswer(r[1] == "yes"  ? MsgAnswer::Yes
+                           : r[1] == "no" ? MsgAnswer::No
+                                          : MsgAnswer::Cancel);
+  };
+  t.steps["trigger"] = [](S p, R r) {
+    p.app->Window()->Action(QString::fromStdString(r[1]))->trigger();
+  };
+  t.steps["tool"] = [](S p, R r) {
+    p.app->Window()->ToolButton(QString::fromStdString(r[1]))->trigger();
+  };
+  t.steps["menu-opens"] = [](S p, R r) {
+    emit p.app->Window()->findChild<QMenu*>(QString::fromStdString(r[1]))->aboutToShow();
+  };
+  t.steps["drop"] = [](S p, R r) {
+    QWidget* target = p.app->Window();
+    if (r[1] == "tabs") target = p.app->Window()->Tabs();
+    DropFile(target, p.Path(r[2]));
+  };
+  t.steps["dirty"] = [](S p, R) { p.app->Document().Dirty = true; };
+  t.steps["close"] = [](S p, R r) { EXPECT_EQ(p.app->Window()->close(), r.YesNo(1)) << r.where; };
+  t.steps["place"] = [](S p, R r) {
+    p.app->Window()->setGeometry(r.Int(1), r.Int(2), r.Int(3), r.Int(4));
+  };
+  t.steps["watch-progress"] = [](S p, R) {
+    QObject::connect(p.app->Window()->Progress(), &QProgressBar::valueChanged,
+                     [&p](int value) { p.progress.push_back(value); });
+  };
+  t.steps["watch-links"] = [](S p, R) { p.links = std::make_unique<DesktopLinks>(); };
+  t.steps["month"] = [](S p, R r) {
+    MonthTab* month = p.app->Window()->MonthPage();
+    month->Combo1()->setCurrentIndex(r.Int(1) - 1);
+    emit month->Combo1()->activated(r.Int(1) - 1);
+  };
+  t.steps["select-day"] = [](S p, R r) { p.app->Views()->SelectCell(p.CellOf(r.Int(1)), -1); };
+  // A click and a double click on a day's cell, or on the first line of its list.
+  t.steps["double-day"] = [](S p, R r) {
+    QTest::mouseClick(p.Cell(r.Int(1)), Qt::LeftButton, {}, QPoint(5, 5));
+    QTest::mouseDClick(p.Cell(r.Int(1)), Qt::LeftButton, {}, QPoint(5, 5));
+  };
+  t.steps["double-line"] = [](S p, R r) {
+    QTest::mouseClick(p.Lines(r.Int(1)), Qt::LeftButton, {}, QPoint(10, 5));
+    QTest::mouseDClick(p.Lines(r.Int(1)), Qt::LeftButton, {}, QPoint(10, 5));
+  };
+  t.steps["keep-stamp"] = [](S p, R r) {
+    p.stamp = LiveRows(p.app->Document().Tables).at(r.Int(1)).Stamp;
+  };
+  t.steps["grab"] = [](S p, R r) {
+    p.Window()->grab().save(QDir::temp().filePath(QString::fromStdString(r[1])));
+  };
+
+  // The program and its window.
+  t.looks["window"] = [](S p, auto&) { return YesNo(p.app->Window() != nullptr); };
+  t.looks["title"] = [](S p, auto&) { return p.app->Window()->windowTitle().toStdString(); };
+  t.looks["file"] = [](S p, auto&) { return p.Shown(p.app->Document().ScheduleFile); };
+  t.looks["dirty"] = [](S p, auto&) { return YesNo(p.app->Document().Dirty); };
+  t.looks["record-count"] = [](S p, auto&) {
+    return std::to_string(p.app->Document().Tables.RowCount);
+  };
+  t.looks["holidays-ready"] = [](S p, auto&) {
+    return std::to_string(p.app->State().Holidays.HolidayReady);
+  };
+  t.looks["messages"] = [](S p, auto&) { return testing::NewMessageLines(p.messages, p.seen); };
+  t.looks["fronted"] = [](S p, auto&) { return YesNo(p.fronted->wait(2000)); };
+  t.looks["second-window"] = [](S p, auto&) { return YesNo(p.second->Window() != nullptr); };
+  t.looks["geometry"] = [](S p, auto&) {
+    const QRect g = p.app->Window()->geometry();
+    return Join(std::vector<int>{g.x(), g.y(), g.width(), g.height()}, " ",
+                [](int v) { return std::to_string(v); });
+  };
+  t.looks["minimized"] = [](S p, auto&) { return YesNo(p.app->Window()->isMinimized()); };
+  t.looks["setting"] = [](S p, auto& key) {
+    return p.settings.GetSetting(kSettingsApp, key.substr(0, key.find(',')),
+                                 key.substr(key.find(',') + 1), "(none)");
+  };
+  t.looks["date-frame"] = [](S p, auto&) {
+    return p.app->Window()->DateLabel()->text().toStdString();
+  };
+  t.looks["day-timer"] = [](S p, auto&) {
+    QTimer* timer = p.app->Window()->DayTimer();
+    return timer->isActive() ? std::to_string(timer->interval()) : std::string("off");
+  };
+  // The menu entries and tool buttons named, as "name:on" or "name:off".
+  t.looks["actions"] = [](S p, auto& names) {
+    std::istringstream list(names);
+    std::vector<std::string> states;
+    for (std::string name; std::getline(list, name, ',');) {
+      QAction* action = p.app->Window()->Action(QString::fromStdString(name));
+      states.push_back(action == nullptr ? "(none)" : action->isEnabled() ? "on" : "off");
+    }
+    return Join(states, " ");
+  };
+  t.looks["tools"] = [](S p, auto& keys) {
+    std::istringstream list(keys);
+    std::vector<std::string> states;
+    for (std::string key; std::getline(list, key, ',');) {
+      QAction* tool = p.app->Window()->ToolButton(QString::fromStdString(key));
+      states.push_back(std::string(tool->isEnabled() ? "on" : "off") +
+                       (tool->toolTip().isEmpty() ? "" : "+tip"));
+    }
+    return Join(states, " ");
+  };
+  t.looks["checked"] = [](S p, auto& name) {
+    return YesNo(p.app->Window()->Action(QString::fromStdString(name))->isChecked());
+  };
+  t.looks["tabs"] = [](S p, auto&) { return std::to_string(p.app->Window()->Tabs()->count()); };
+  t.looks["progress"] = [](S p, auto&) {
+    const SchMain* w = p.app->Window();
+    return std::to_string(w->Progress()->maximum()) +
+           (w->Progress()->isVisible() ? " shown" : " hidden") + " '" +
+           w->ProgressCaption()->text().toStdString() + "'";
+  };
+  t.looks["progress-seen"] = [](S p, auto& value) {
+    return YesNo(std::find(p.progress.begin(), p.progress.end(), std::stoi(value)) !=
+                 p.progress.end());
+  };
+  t.looks["dialog-folder"] = [](S p, auto&) {
+    return p.Shown(p.dialogs.ShownDialogs().back().request.folder);
+  };
+  // What the device's file dialog was asked last: the count, the mode, the name proposed, the
+  // files listed.
+  t.looks["chooser"] = [](S p, auto&) {
+    if (p.chooser.asked.empty()) return std::string("0");
+    const DeviceFileRequest& last = p.chooser.asked.back();
+    return std::to_string(p.chooser.asked.size()) +
+           (last.mode == DeviceDialogMode::Save ? " save '" : " open '") + last.proposal + "' " +
+           Join(last.files, ", ");
+  };
+  t.looks["same"] = [](S p, auto& files) {
+    return YesNo(ReadBytes(p.Path(files.substr(0, files.find(',')))) ==
+                 ReadBytes(p.Path(files.substr(files.find(',') + 1))));
+  };
+  t.looks["text"] = [](S p, auto& file) {
+    const std::vector<std::uint8_t> bytes = ReadBytes(p.Path(file));
+    return std::string(bytes.begin(), bytes.end());
+  };
+  t.looks["links"] = [](S p, auto&) { return p.Shown(p.links->opened.join(" ").toStdString()); };
+  t.looks["modal"] = [](S, auto&) { return YesNo(QApplication::activeModalWidget() != nullptr); };
+  t.looks["in-use"] = [](S p, auto&) {
+    return p.registry.ReadString(kSchedulerKey, kHolidayIniValue).value_or("(none)");
+  };
+  // A day's cell of the month grid: its holiday name, its colour, its lines as [one][two].
+  const auto dayCell = [](S p, const std::string& day) -> const MonthCell& {
+    return p.app->Views()->Month().Cell(p.CellOf(std::stoi(day)));
+  };
+  t.looks["cell.holiday"] = [dayCell](S p, auto& day) { return dayCell(p, day).holidayName; };
+  t.looks["cell.colour"] = [dayCell](S p, auto& day) -> std::string {
+    return dayCell(p, day).dayColor == DayColor::Red ? "red" : "black";
+  };
+  t.looks["cell.lines"] = [dayCell](S p, auto& day) {
+    return Join(dayCell(p, day).lines, "", [](auto& l) { return "[" + l + "]"; });
+  };
+  t.looks["row.kept-stamp"] = [](S p, auto& i) {
+    const std::uint32_t stamp = LiveRows(p.app->Document().Tables).at(std::stoul(i)).Stamp;
+    return YesNo(stamp == (static_cast<std::uint32_t>(p.stamp) | 0xC0000000u));
+  };
+  const auto n = [](int value) { return std::to_string(value); };
+  // The month tab.
+  t.steps["click-cell"] = [](S w, R r) { w.ClickCell(r.Int(1)); };
+  t.steps["right-click-cell"] = [](S w, R r) {
+    QTest::mouseClick(w.month->Label9(r.Int(1)), Qt::RightButton, {}, QPoint(5, 5));
+  };
+  t.steps["grid-key"] = [](S w, R r) { QTest::keyClick(w.month->Text1(), KeyOf(r[1])); };
+  t.steps["year"] = [](S w, R r) { w.ChooseYear(r.Int(1)); };
+  t.steps["arrow"] = [](S w, R r) { w.month->Command1(r.Int(1))->click(); };
+  t.steps["today"] = [](S w, R) { w.window->TodayButton()->click(); };
+  t.steps["comdt"] = [](S w, R) { w.month->ComDt()->click(); };
+  t.steps["list-key"] = [](S w, R r) { QTest::keyClick(w.List(), KeyOf(r[1])); };
+  t.steps["hide-popup"] = [](S w, R r) { w.window->Popup(QString::fromStdString(r[1]))->hide(); };
+  // The day tab; its arrows clicked TIMES times.
+  t.steps["tab"] = [](S w, R r) { w.ShowTab(r.Int(1)); };
+  t.steps["day-row"] = [](S w, R r) { w.day->List1()->setCurrentRow(r.Int(1)); };
+  t.steps["tick"] = [](S w, R) { QMetaObject::invokeMethod(w.day->Timer1(), "timeout"); };
+  t.steps["calendar-click"] = [](S w, R r) {
+    DayCalendar* calendar = w.day->CSCal4();
+    const QRect date = calendar->DateRect(r.Date(1));
+    ASSERT_FALSE(date.isEmpty()) << r.where;
+    QTest::mouseClick(calendar, Qt::LeftButton, {}, date.center());
+  };
+  t.steps["calendar-key"] = [](S w, R r) { QTest::keyClick(w.day->CSCal4(), KeyOf(r[1])); };
+  t.steps["calendar-right"] = [](S w, R) {
+    QTest::mouseClick(w.day->CSCal4(), Qt::RightButton, {}, QPoint(10, 10));
+  };
+  t.steps["day-right"] = [](S w, R) {
+    QTest::mouseClick(w.day->List1()->viewport(), Qt::RightButton, {}, QPoint(10, 5));
+  };
+  const auto arrows = [](QToolButton* (DayTab::*button)(int) const) {
+    return [button](S w, R r) {
+      for (int i = 0; i < (r[2].empty() ? 1 : r.Int(2)); ++i) (w.day->*button)(r.Int(1))->click();
+    };
+  };
+  t.steps["month-arrow"] = arrows(&DayTab::ComMM);
+  t.steps["year-arrow"] = arrows(&DayTab::ComYY);
+
+  // The window.
+  t.looks["current"] = [](S w, auto&) { return Text(w.Current()); };
+  t.looks["label"] = [](S w, auto&) { return w.DateLabel(); };
+  t.looks["months"] = [](S w, auto&) {
+    return (w.month->Combo1()->currentText() + " " + w.month->Combo2()->currentText())
+        .toStdString();
+  };
+  t.looks["heads"] = [](S w, auto&) {
+    std::string heads;
+    for (int i = 0; i < 7; ++i) {
+      heads +=
+          (i ? " " : "") + ColourName(w.month->Label8(i)->palette().color(QPalette::WindowText));
+    }
+    return heads;
+  };
+  t.looks["number"] = [](S w, auto& c) {
+    return w.month->Label1(std::stoi(c))->Text().toStdString();
+  };
+  t.looks["number-colour"] = [](S w, auto& c) {
+    return ColourName(w.month->Label1(std::stoi(c))->Color());
+  };
+  t.looks["name"] = [](S w, auto& c) {
+    return w.month->Label2(std::stoi(c))->Text().toStdString();
+  };
+  t.looks["name-colour"] = [](S w, auto& c) {
+    return ColourName(w.month->Label2(std::stoi(c))->Color());
+  };
+  t.looks["back"] = [](S w, auto& c) -> std::string {
+    const QColor back = w.month->Label9(std::stoi(c))->Back();
+    if (back == QColor(0xFF, 0xFF, 0xC0)) return "selection";
+    if (back == QColor(0xE0, 0xE0, 0xE0)) return "grey";
+    return back == w.month->palette().color(QPalette::Base) ? "window" : "other";
+  };
+  t.looks["enabled"] = [](S w, auto& c) {
+    return YesNo(w.month->Label9(std::stoi(c))->isEnabled());
+  };
+  t.looks["lines"] = [](S w, auto& c) {
+    const std::vector<QString>& lines = w.month->Grid1(std::stoi(c))->Lines();
+    return Lines(QStringList(lines.begin(), lines.end()));
+  };
+  // The selected cell and its day number.
+  t.looks["selected"] = [n](S w, auto&) {
+    const int cell = w.Views().Month().SelectedCell;
+    return n(cell) + " " + w.month->Label1(cell)->Text().toStdString();
+  };
+  t.looks["comdt"] = [](S w, auto&) { return YesNo(w.month->ComDt()->isVisible()); };
+  t.looks["comdt-in-cell"] = [](S w, auto& c) {
+    return YesNo(w.month->Label9(std::stoi(c))->geometry().contains(w.month->ComDt()->geometry()));
+  };
+  t.looks["today-enabled"] = [](S w, auto&) { return YesNo(w.window->TodayButton()->isEnabled()); };
+  t.looks["enabled-action"] = [](S w, auto& name) {
+    return YesNo(w.window->Action(QString::fromStdString(name))->isEnabled());
+  };
+  // A popup, when shown: the object names of its entries, separators left out.
+  t.looks["popup"] = [](S w, auto& name) -> std::string {
+    QMenu* popup = w.window->Popup(QString::fromStdString(name));
+    if (popup == nullptr || !popup->isVisible()) return "(hidden)";
+    QStringList names;
+    for (QAction* action : popup->actions()) {
+      if (!action->isSeparator()) names << action->objectName();
+    }
+    return names.join(",").toStdString();
+  };
+  t.looks["popup-shown"] = [](S w, auto& name) {
+    return YesNo(w.window->Popup(QString::fromStdString(name))->isVisible());
+  };
+  // The schedule list dialog: shown, its title and lines; whether it stands under the cell, or
+  // above it near the screen's bottom.
+  t.looks["list"] = [](S w, auto&) -> std::string {
+    SchDT* list = w.window->ScheduleListDialog();
+    if (!list->isVisible()) return "(hidden)";
+    return list->windowTitle().toStdString() + " " + Lines(Items(list->List1()));
+  };
+  t.looks["list-at-cell"] = [](S w, auto& c) {
+    SchDT* list = w.window->ScheduleListDialog();
+    const CellPlate* plate = w.month->Label9(std::stoi(c));
+    const QRect cell(plate->mapToGlobal(QPoint(0, 0)), plate->size());
+    return YesNo(list->x() == cell.left() &&
+                 (list->y() == cell.bottom() + 1 || list->frameGeometry().bottom() <= cell.top()));
+  };
+
+  // The day tab.
+  t.looks["month-bar"] = [](S w, auto&) { return YesNo(w.month->Bar()->isVisible()); };
+  t.looks["day.lines"] = [](S w, auto&) { return Lines(Items(w.day->List1())); };
+  t.looks["day.row"] = [n](S w, auto&) { return n(w.day->List1()->currentRow()); };
+  t.looks["day.rows"] = [n](S w, auto&) { return n(w.day->List2()->count()); };
+  t.looks["day.hour"] = [](S w, auto& h) {
+    return w.day->Label3(std::stoi(h))->text().toStdString();
+  };
+  t.looks["day.timer"] = [n](S w, auto&) {
+    return w.day->Timer1()->isActive() ? n(w.day->Timer1()->interval()) : std::string("off");
+  };
+  // The paint of the bar at a minute; the bar fills its picture from 0:00 to 24:00.
+  t.looks["day.bar"] = [](S w, auto& minute) -> std::string {
+    const TimeBar& bar = w.Views().Day().Pict;
+    EXPECT_EQ(bar.ScaleWidth(), w.day->Pict()->width());
+    return bar.At(bar.ColumnOf(std::stoi(minute))) == TimeBar::Paint::Span ? "span" : "ground";
+  };
+  // Whether every control of the tab lies inside it.
+  t.looks["day.inside"] = [](S w, auto&) {
+    bool inside = true;
+    for (QWidget* c : std::initializer_list<QWidget*>{
+             w.day->List1(), w.day->CSCal4(), w.day->Pict(), w.day->ComMM(0), w.day->ComYY(1)}) {
+      inside = inside && w.day->rect().contains(c->geometry());
+    }
+    return YesNo(inside);
+  };
+  return t;
+}
+
+TEST(Program, FollowsTheTraces) {
+  const testing::Trace<Program> trace = ProgramTrace();
+  trace.Run("gui/program.txt", 5, 150);
+  trace.Run("gui/tabs.txt", 5, 150);
+}
+
+}  // namespace
+}  // namespace sched
+
+#include "program_trace_test.moc"

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+#include "tests/support/test_store.h"
+#include "tests/support/trace.h"
+
+namespace sched::testing {
+
+// Looks at the live rows of a schedule, in the order written, for a trace whose `tables` gives
+// the state's tables: "rows", and for row N "row.date:N" (the first and last date),
+// "row.times:N", "row.title:N", "row.place:N", "row.memo:N", "row.private:N", "row.alarm:N"
+// (its lead and sound, or "off"), "row.kind:N" and "row.subno:N".
+template <class State, class Tables>
+void AddRowLooks(Trace<State>& t, Tables tables) {
+  const auto row = [tables](State& s, const std::string& index) {
+    const std::vector<SchDatRow> rows = LiveRows(tables(s));
+    const auto i = static_cast<std::size_t>(std::stoi(index));
+    EXPECT_LT(i, rows.size()) << "no live row " << index;
+    return i < rows.size() ? rows[i] : SchDatRow{};
+  };
+  const auto date = [](int year, int month, int day) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
+    return std::string(text);
+  };
+  const auto n = [](int value) { return std::to_string(value); };
+  t.looks["rows"] = [tables](State& s, auto&) {
+    return std::to_string(LiveRows(tables(s)).size());
+  };
+  t.looks["row.date"] = [row, date](State& s, auto& i) {
+    const SchDatRow r = row(s, i);
+    return date(r.Year, r.Month, r.Day) + " " + date(r.EndYear, r.EndMonth, r.EndDay);
+  };
+  t.looks["row.times"] = [row, n](State& s, auto& i) {
+    return n(row(s, i).StartTime) + " " + n(row(s, i).EndTime);
+  };
+  t.looks["row.title"] = [row](State& s, auto& i) { return row(s, i).Title; };
+  t.looks["row.place"] = [row](State& s, auto& i) { return row(s, i).Place; };
+  t.looks["row.memo"] = [row](State& s, auto& i) { return row(s, i).Memo; };
+  t.looks["row.private"] = [row, n](State& s, auto& i) { return n(row(s, i).Private); };
+  t.looks["row.alarm"] = [row, n](State& s, auto& i) {
+    const SchDatRow r = row(s, i);
+    return r.AlarmOn == 0 ? std::string("off") : n(r.AlarmLead) + " " + r.AlarmSound;
+  };
+  t.looks["row.kind"] = [row](State& s, auto& i) {
+    char text[8];
+    std::snprintf(text, sizeof text, "0x%04X", static_cast<std::uint16_t>(row(s, i).RepeatKind));
+    return std::string(text);
+  };
+  t.looks["row.subno"] = [row, n](State& s, auto& i) { return n(row(s, i).SubNo); };
+}
+
+}  // namespace sched::testing
