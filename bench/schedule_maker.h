@@ -98,16 +98,8 @@ class ScheduleMaker {
     return {year, month, Pick(1, DaysInMonth(year, month))};
   }
 
-  static void SetDate(SchRecord& r, const CivilDate& d) {
-    r.Day = static_cast<std::uint8_t>(d.day);
-    r.Month = static_cast<std::uint8_t>(d.month);
-    r.Year = static_cast<std::uint16_t>(d.year);
-  }
-  static void SetEnd(SchRecord& r, const CivilDate& d) {
-    r.EndDay = static_cast<std::uint8_t>(d.day);
-    r.EndMonth = static_cast<std::uint8_t>(d.month);
-    r.EndYear = static_cast<std::uint16_t>(d.year);
-  }
+  static void SetDate(SchRecord& r, const CivilDate& d) { SetStartDate(r, d); }
+  static void SetEnd(SchRecord& r, const CivilDate& d) { SetEndDate(r, d); }
 
   std::string Title() {
     std::string title = std::string(Any(kActions)) + " " + Any(kPeople);

@@ -19,9 +19,7 @@ struct Maker : FakeStore {
 
   SchRecord Item(CivilDate date, int start, int end, const std::string& title) {
     SchRecord r;
-    r.Day = static_cast<std::uint8_t>(date.day);
-    r.Month = static_cast<std::uint8_t>(date.month);
-    r.Year = static_cast<std::uint16_t>(date.year);
+    SetStartDate(r, date);
     r.EndDay = r.Day;
     r.EndMonth = r.Month;
     r.EndYear = r.Year;
@@ -41,16 +39,12 @@ struct Maker : FakeStore {
   void Series(const std::vector<CivilDate>& dates, std::int16_t kind, int start, int end,
               const std::string& title) {
     SchRecord r = Item(dates.front(), start, end, title);
-    r.EndDay = static_cast<std::uint8_t>(dates.back().day);
-    r.EndMonth = static_cast<std::uint8_t>(dates.back().month);
-    r.EndYear = static_cast<std::uint16_t>(dates.back().year);
+    SetEndDate(r, dates.back());
     r.ParentSubNo = 1;
     r.ParentStamp = r.Stamp;
     r.RepeatKind = kind;
     for (std::size_t i = 0; i < dates.size(); ++i) {
-      r.Day = static_cast<std::uint8_t>(dates[i].day);
-      r.Month = static_cast<std::uint8_t>(dates[i].month);
-      r.Year = static_cast<std::uint16_t>(dates[i].year);
+      SetStartDate(r, dates[i]);
       r.SubNo = static_cast<std::int16_t>(i + 1);
       store.InsertRecord(r);
     }

@@ -72,12 +72,8 @@ void SchEditModel::OpenNew() {
   StartSession();
   IsNewItem = -1;
   Record = SchRecord{};
-  Record.Year = static_cast<std::uint16_t>(shownDate_.year);
-  Record.Month = static_cast<std::uint8_t>(shownDate_.month);
-  Record.Day = static_cast<std::uint8_t>(shownDate_.day);
-  Record.EndYear = Record.Year;
-  Record.EndMonth = Record.Month;
-  Record.EndDay = Record.Day;
+  SetStartDate(Record, shownDate_);
+  SetEndDate(Record, shownDate_);
   c_.ImDate1 = {shownDate_, shownDate_};
   SetDefaultTimes();
   c_.Caption = appointment_texts::kCaptionNew;
@@ -107,11 +103,12 @@ void SchEditModel::OpenModify(int row) {
     c_.EndDateEnabled = false;
     ShowTimes(series.StartTime, series.EndTime);
     MoveShownDate(series.first);
+    SetStartDate(Record, series.first);
   } else if (Work.WorkRepeatKind == kOverDaysWord) {
     Work.RepeatCode = kCodeOverDays;
     const SpanInEditor span = LoadSpanIntoEditor(tables, Record.ParentSubNo, Record.ParentStamp);
     c_.ImDate1 = {span.first, span.last};
-    SetRecordDate(span.first);
+    SetStartDate(Record, span.first);
     ShowTimes(-1, -1);
   } else {
     c_.ImDate1 = {CivilDate{Record.Year, Record.Month, Record.Day},
@@ -202,18 +199,11 @@ void SchEditModel::SetAllDay(bool on) {
   EnableAlarmControls();
 }
 
-void SchEditModel::SetRecordDate(const CivilDate& date) {
-  Record.Year = static_cast<std::uint16_t>(date.year);
-  Record.Month = static_cast<std::uint8_t>(date.month);
-  Record.Day = static_cast<std::uint8_t>(date.day);
-}
-
 void SchEditModel::MoveShownDate(const CivilDate& date) {
   ScheduleDocument& doc = s_.store.Document();
   doc.CurYear = date.year;
   doc.CurMonth = date.month;
   doc.CurDay = date.day;
-  SetRecordDate(date);
 }
 
 void SchEditModel::Warn(const std::string& text) {

@@ -162,8 +162,7 @@ class SchEditModel {
   void SetTime(int index, int minutes);
   // The repeat button and the kinds that fit, after a change of the dates.
   void ShowDateButtons();
-  void SetRecordDate(const CivilDate& date);
-  // The shown date and the working record's date.
+  // The shown date, which the views and the other commands read.
   void MoveShownDate(const CivilDate& date);
   void Warn(const std::string& text);
   // The checks of OK in their order; false after the first that fails.

@@ -117,7 +117,6 @@ bool SchEditModel::SchEditOK_Click() {
   written_ = true;
   newRow_ = firstRow;
   MoveShownDate(shownDate_);
-  SetRecordDate({Record.Year, Record.Month, Record.Day});
   return true;
 }
 

@@ -22,12 +22,8 @@ int OrdinalOfStart(const WeekPosition& start, std::uint16_t replacedWord) {
 // Writes the record for one date under the next SubNo.
 void AddOccurrence(ScheduleStore& store, SchRecord& record, const CivilDate& start,
                    const CivilDate& end, SeriesIdentity& identity) {
-  record.Day = static_cast<std::uint8_t>(start.day);
-  record.Month = static_cast<std::uint8_t>(start.month);
-  record.Year = static_cast<std::uint16_t>(start.year);
-  record.EndDay = static_cast<std::uint8_t>(end.day);
-  record.EndMonth = static_cast<std::uint8_t>(end.month);
-  record.EndYear = static_cast<std::uint16_t>(end.year);
+  SetStartDate(record, start);
+  SetEndDate(record, end);
   record.SubNo = ++identity.subNo;
   record.Stamp = identity.stamp;
   record.ParentSubNo = identity.parentSubNo;

@@ -44,14 +44,10 @@ class SampleBuilder {
     r.ParentSubNo = series ? 1 : 0;
     r.ParentStamp = series ? r.Stamp : 0;
     const CivilDate& last = dates.back();
-    r.EndDay = static_cast<std::uint8_t>(last.day);
-    r.EndMonth = static_cast<std::uint8_t>(last.month);
-    r.EndYear = static_cast<std::uint16_t>(last.year);
+    SetEndDate(r, last);
     for (std::size_t i = 0; i < dates.size(); ++i) {
       if (!IsValidDate(dates[i].year, dates[i].month, dates[i].day)) break;
-      r.Day = static_cast<std::uint8_t>(dates[i].day);
-      r.Month = static_cast<std::uint8_t>(dates[i].month);
-      r.Year = static_cast<std::uint16_t>(dates[i].year);
+      SetStartDate(r, dates[i]);
       r.SubNo = static_cast<std::int16_t>(series ? i + 1 : 0);
       store_.InsertRecord(r);
     }

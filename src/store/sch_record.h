@@ -37,6 +37,10 @@ struct SchRecord {
   friend bool operator==(const SchRecord&, const SchRecord&) = default;
 };
 
+// The record's own date (Day, Month, Year) and the date its item or series ends.
+void SetStartDate(SchRecord& record, const CivilDate& date);
+void SetEndDate(SchRecord& record, const CivilDate& date);
+
 // RepeatKind of an item over multiple days (the bit pattern 0x8000).
 inline constexpr std::int16_t kMultiDayKind = -32768;
 inline constexpr const char* kDefaultAlarmSound = "SCHALARM";

@@ -15,15 +15,7 @@ class ItemCommandsTest : public ViewsGuiTest {
     TestStore file;
     SchRecord weekly = MakeItem(2026, 11, 3, 540, 600, "Standup");
     weekly.RepeatKind = 0x1008;  // every week on Tuesday
-    weekly.SubNo = 0;
-    weekly.ParentSubNo = 1;
-    weekly.ParentStamp = weekly.Stamp;
-    weekly.EndYear = 2026, weekly.EndMonth = 11, weekly.EndDay = 24;
-    for (int week = 0; week < 4; ++week) {
-      ++weekly.SubNo;
-      weekly.Day = static_cast<std::uint8_t>(3 + 7 * week);
-      file.store.InsertRecord(weekly);
-    }
+    InsertSeries(file.store, weekly, 4, 7);
     file.store.InsertRecord(MakeItem(2026, 11, 6, 720, 780, "Lunch"));
     path = file.dir.File("items.scl");
     ASSERT_FALSE(file.SaveTo("items.scl").empty());

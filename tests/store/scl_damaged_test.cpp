@@ -104,9 +104,7 @@ class Layout {
     SchRecord r = MakeItem(first.year, first.month, first.day, std::stoi(f[3]), std::stoi(f[4]),
                            f[5].empty() ? "Item" : f[5]);
     r.Stamp = static_cast<std::int32_t>(0xC2A40000u + static_cast<std::uint32_t>(first.day));
-    r.EndYear = static_cast<std::uint16_t>(last.year);
-    r.EndMonth = static_cast<std::uint8_t>(last.month);
-    r.EndDay = static_cast<std::uint8_t>(last.day);
+    SetEndDate(r, last);
     if (const std::size_t at = r.Title.find('@'); at != std::string::npos) {
       const std::string name = r.Title.substr(at + 1, r.Title.find('@', at + 1) - at - 1);
       r.Title.replace(at, name.size() + 2, hidden_.at(name));

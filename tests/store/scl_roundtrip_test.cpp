@@ -89,22 +89,9 @@ class RandomSchedule {
     const int count = step == 1 ? Pick(2, 30) : Pick(2, 12);
     if (DaySerial(first) + step * (count - 1) > DaySerial({kLastYear, 12, 31})) return;
     SchRecord r = Base(first);
-    const CivilDate last = AddDays(first, step * (count - 1));
     r.RepeatKind =
         static_cast<std::int16_t>(step == 1 ? kMultiDayKind : 0x1000 | WeekdayOf(first) * 4);
-    r.ParentSubNo = 1;
-    r.ParentStamp = r.Stamp;
-    r.EndDay = static_cast<std::uint8_t>(last.day);
-    r.EndMonth = static_cast<std::uint8_t>(last.month);
-    r.EndYear = static_cast<std::uint16_t>(last.year);
-    for (int i = 0; i < count; ++i) {
-      const CivilDate date = AddDays(first, step * i);
-      r.Day = static_cast<std::uint8_t>(date.day);
-      r.Month = static_cast<std::uint8_t>(date.month);
-      r.Year = static_cast<std::uint16_t>(date.year);
-      r.SubNo = static_cast<std::int16_t>(i + 1);
-      s.store.InsertRecord(r);
-    }
+    InsertSeries(s.store, r, count, step);
   }
 
   std::mt19937 random_;

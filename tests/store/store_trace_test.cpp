@@ -48,9 +48,7 @@ testing::Trace<Store> StoreTrace() {
                                   &b.year, &b.month, &b.day);
     SchRecord item = MakeItem(a.year, a.month, a.day, r.Int(3), r.Int(4), testing::Unescaped(r[5]));
     if (dates == 6) {
-      item.EndYear = static_cast<std::uint16_t>(b.year);
-      item.EndMonth = static_cast<std::uint8_t>(b.month);
-      item.EndDay = static_cast<std::uint8_t>(b.day);
+      SetEndDate(item, b);
     }
     item.Place = testing::Unescaped(r[6]);
     item.Memo = testing::Unescaped(r[7]);

@@ -97,16 +97,12 @@ inline SchRecord MakeItem(int year, int month, int day, int start, int end,
 inline void InsertSeries(ScheduleStore& store, SchRecord item, int count, int step) {
   const CivilDate first{item.Year, item.Month, item.Day};
   const CivilDate last = AddDays(first, (count - 1) * step);
-  item.EndDay = static_cast<std::uint8_t>(last.day);
-  item.EndMonth = static_cast<std::uint8_t>(last.month);
-  item.EndYear = static_cast<std::uint16_t>(last.year);
+  SetEndDate(item, last);
   item.ParentSubNo = 1;
   item.ParentStamp = item.Stamp;
   for (int i = 0; i < count; ++i) {
     const CivilDate date = AddDays(first, i * step);
-    item.Day = static_cast<std::uint8_t>(date.day);
-    item.Month = static_cast<std::uint8_t>(date.month);
-    item.Year = static_cast<std::uint16_t>(date.year);
+    SetStartDate(item, date);
     item.SubNo = static_cast<std::int16_t>(i + 1);
     store.InsertRecord(item);
   }
