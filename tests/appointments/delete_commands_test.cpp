@@ -12,6 +12,7 @@
 #include "platform/fake/fake_messages.h"
 #include "store/row_order.h"
 #include "tests/support/case_file.h"
+#include "tests/support/date_text.h"
 #include "tests/support/test_store.h"
 
 namespace sched {
@@ -19,12 +20,6 @@ namespace {
 
 using testing::CaseRow;
 using testing::ReadCases;
-
-std::string DateText(std::int32_t code) {
-  char text[16];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d", code / 10000, code / 100 % 100, code % 100);
-  return text;
-}
 
 // The schedule of the case file: items, series and the marks of single days.
 void BuildSchedule(FakeStore& s) {
@@ -55,8 +50,8 @@ std::string RowsText(const SchDatCTL& t) {
   std::string text;
   for (int row : LiveRowsInDateOrder(t)) {
     const SchDatRow& r = t.SchDatList.At(row);
-    text += (text.empty() ? "" : " ") + r.Title + "@" + DateText(r.StartCode());
-    if (r.EndCode() != r.StartCode()) text += ">" + DateText(r.EndCode());
+    text += (text.empty() ? "" : " ") + r.Title + "@" + DateText(DateOfCode(r.StartCode()));
+    if (r.EndCode() != r.StartCode()) text += ">" + DateText(DateOfCode(r.EndCode()));
     if (r.RepeatKind != 0) text += "*";
   }
   return text;
@@ -71,8 +66,8 @@ std::string MarksText(const SchDatCTL& t) {
     for (std::size_t m = 0; m < 12; ++m) {
       for (int day = 1; day <= 31; ++day) {
         const std::int32_t code = DateCode(year, static_cast<int>(m) + 1, day);
-        if (row->HolidayOn[m] & 1 << (day - 1)) text += " +" + DateText(code);
-        if (row->HolidayOff[m] & 1 << (day - 1)) text += " -" + DateText(code);
+        if (row->HolidayOn[m] & 1 << (day - 1)) text += " +" + DateText(DateOfCode(code));
+        if (row->HolidayOff[m] & 1 << (day - 1)) text += " -" + DateText(DateOfCode(code));
       }
     }
   }
@@ -87,7 +82,7 @@ std::vector<int> SelectedRows(const SchDatCTL& t, const CaseRow& c) {
     const std::vector<int> live = LiveRowsInDateOrder(t);
     const auto found = std::find_if(live.begin(), live.end(), [&](int row) {
       const SchDatRow& r = t.SchDatList.At(row);
-      return r.Title + "@" + DateText(r.StartCode()) == line;
+      return r.Title + "@" + DateText(DateOfCode(r.StartCode())) == line;
     });
     EXPECT_NE(found, live.end()) << c.where << ": no line " << line;
     if (found != live.end()) rows.push_back(*found);

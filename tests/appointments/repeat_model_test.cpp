@@ -8,6 +8,7 @@
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/key_codes.h"
+#include "tests/support/date_text.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/trace.h"
 
@@ -35,12 +36,6 @@ struct Dialog {
 Field FieldOf(const CaseRow& row) {
   EXPECT_TRUE(row[1] == "count" || row[1] == "interval") << row.where;
   return row[1] == "count" ? Field::ImNumber1 : Field::ImNumber2;
-}
-
-std::string Text(const CivilDate& d) {
-  char text[40];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d", d.year, d.month, d.day);
-  return text;
 }
 
 std::string Range(const RepeatNumber& n) {
@@ -120,8 +115,11 @@ testing::Trace<Dialog> RepeatDialogTrace() {
   t.looks["sentence"] = [](S d, auto&) { return d.model.Controls().Label2; };
   t.looks["loading"] = [](S d, auto&) { return YesNo(d.model.Loading()); };
   // The first occurrence, and the first occurrence noted for each kind.
-  t.looks["start"] = [](S d, auto&) { return Text(d.model.StartDate()); };
-  t.looks["starts"] = [](S d, auto&) { return testing::Join(d.model.Dates().ImDate2, " ", Text); };
+  t.looks["start"] = [](S d, auto&) { return DateText(d.model.StartDate()); };
+  t.looks["starts"] = [](S d, auto&) {
+    return testing::Join(d.model.Dates().ImDate2, " ",
+                         [](const CivilDate& date) { return DateText(date); });
+  };
   // The box that asks for the focus, once: "count", "interval" or "none".
   t.looks["focus"] = [](S d, auto&) -> std::string {
     const std::optional<Field> focus = d.model.TakeFocus();
@@ -145,7 +143,7 @@ testing::Trace<Dialog> RepeatDialogTrace() {
     const RepeatWork& w = d.work;
     return n(w.RepeatStep) + " " + n(w.RepeatStepUsed) + ": " + n(w.RepeatStartCode) + " to " +
            n(w.RepeatLastCode) + " (" +
-           Text({w.RepeatLastYear, w.RepeatLastMonth, w.RepeatLastDay}) + ")";
+           DateText({w.RepeatLastYear, w.RepeatLastMonth, w.RepeatLastDay}) + ")";
   };
   return t;
 }

@@ -11,6 +11,7 @@
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/key_codes.h"
+#include "tests/support/date_text.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/row_looks.h"
 #include "tests/support/test_store.h"
@@ -33,13 +34,8 @@ class ScriptedRepeatHost : public SchEditHost {
   }
 };
 
-std::string Text(int year, int month, int day) {
-  char text[40];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
-  return text;
-}
 std::string Text(const std::optional<CivilDate>& d) {
-  return d ? Text(d->year, d->month, d->day) : "none";
+  return d ? DateText(*d) : "none";
 }
 std::string Text(const std::optional<int>& minutes) {
   return minutes ? std::to_string(*minutes) : "none";
@@ -234,7 +230,7 @@ testing::Trace<Edit> EditDialogTrace() {
   t.looks["written"] = [](S e, auto&) { return YesNo(e.model->Written()); };
   t.looks["new-row"] = [n](S e, auto&) { return n(e.model->NewRow()); };
   t.looks["shown"] = [](S e, auto&) {
-    return Text(e.fake.doc.CurYear, e.fake.doc.CurMonth, e.fake.doc.CurDay);
+    return DateText(e.fake.doc.CurYear, e.fake.doc.CurMonth, e.fake.doc.CurDay);
   };
   testing::AddRowLooks(t, [](S e) -> const SchDatCTL& { return e.fake.doc.Tables; });
   // Whether the row carries the kept stamp, marked as written anew.

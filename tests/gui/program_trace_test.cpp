@@ -12,6 +12,7 @@
 #include "shell/settings.h"
 #include "tests/gui/views_gui_support.h"
 #include "tests/gui/widget_trace.h"
+#include "tests/support/date_text.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/row_looks.h"
 #include "tests/support/test_store.h"
@@ -89,12 +90,6 @@ struct Program : ViewsGuiTest {
     EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
   }
 };
-
-std::string Text(const CivilDate& d) {
-  char text[40];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d", d.year, d.month, d.day);
-  return text;
-}
 
 std::string ColourName(const QColor& colour) {
   return colour == QColor(255, 0, 0) ? "red" : colour == QColor(0, 0, 0) ? "black" : "other";
@@ -397,7 +392,7 @@ testing::Trace<Program> ProgramTrace() {
   t.steps["year-arrow"] = arrows(&DayTab::ComYY);
 
   // The window.
-  t.looks["current"] = [](S w, auto&) { return Text(w.Current()); };
+  t.looks["current"] = [](S w, auto&) { return DateText(w.Current()); };
   t.looks["label"] = [](S w, auto&) { return w.DateLabel(); };
   t.looks["months"] = [](S w, auto&) {
     return (w.month->Combo1()->currentText() + " " + w.month->Combo2()->currentText())

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <string>
 
+#include "tests/support/date_text.h"
 #include "tests/support/test_store.h"
 #include "tests/support/trace.h"
 
@@ -20,18 +21,13 @@ void AddRowLooks(Trace<State>& t, Tables tables) {
     EXPECT_LT(i, rows.size()) << "no live row " << index;
     return i < rows.size() ? rows[i] : SchDatRow{};
   };
-  const auto date = [](int year, int month, int day) {
-    char text[40];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
-    return std::string(text);
-  };
   const auto n = [](int value) { return std::to_string(value); };
   t.looks["rows"] = [tables](State& s, auto&) {
     return std::to_string(LiveRows(tables(s)).size());
   };
-  t.looks["row.date"] = [row, date](State& s, auto& i) {
+  t.looks["row.date"] = [row](State& s, auto& i) {
     const SchDatRow r = row(s, i);
-    return date(r.Year, r.Month, r.Day) + " " + date(r.EndYear, r.EndMonth, r.EndDay);
+    return DateText(r.Year, r.Month, r.Day) + " " + DateText(r.EndYear, r.EndMonth, r.EndDay);
   };
   t.looks["row.times"] = [row, n](State& s, auto& i) {
     return n(row(s, i).StartTime) + " " + n(row(s, i).EndTime);

@@ -9,6 +9,7 @@
 #include "core/app_texts.h"
 #include "platform/fake/fake_messages.h"
 #include "store/schedule_store.h"
+#include "tests/support/date_text.h"
 
 namespace sched {
 
@@ -22,12 +23,6 @@ inline std::vector<SchRecord> LiveRecords(const SchDatCTL& ctl, int firstRow = 0
   return records;
 }
 
-// Dates as the case files write them, YYYY-MM-DD.
-inline std::string DateText(int year, int month, int day) {
-  char text[40];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
-  return text;
-}
 inline std::string StartText(const SchRecord& r) {
   return DateText(r.Year, r.Month, r.Day);
 }

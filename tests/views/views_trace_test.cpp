@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/key_codes.h"
+#include "tests/support/date_text.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/trace.h"
 #include "tests/views/views_test_support.h"
@@ -33,12 +34,6 @@ struct Views : ViewsFixture {
     EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
   }
 };
-
-std::string Text(const CivilDate& d) {
-  char text[40];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d", d.year, d.month, d.day);
-  return text;
-}
 
 // Lines as "[one][two][]".
 std::string Lines(const std::vector<std::string>& lines) {
@@ -134,7 +129,7 @@ testing::Trace<Views> ViewsTrace() {
   t.steps["keep-list-place"] = [](S v, R) { v.listLeft = v.views.List().Position.left; };
 
   // The month grid.
-  t.looks["cell.date"] = [cell](S v, auto& i) { return Text(cell(v, i).date); };
+  t.looks["cell.date"] = [cell](S v, auto& i) { return DateText(cell(v, i).date); };
   t.looks["cell.day"] = [cell](S v, auto& i) { return cell(v, i).dayText; };
   t.looks["cell.colour"] = [cell](S v, auto& i) -> std::string {
     return cell(v, i).dayColor == DayColor::Red ? "red" : "black";
@@ -149,10 +144,10 @@ testing::Trace<Views> ViewsTrace() {
   t.looks["cell.items"] = [cell](S v, auto& i) { return YesNo(cell(v, i).hasItems); };
   t.looks["cell.list-rows"] = [cell, n](S v, auto& i) { return n(cell(v, i).ListRows()); };
   t.looks["current"] = [](S v, auto&) {
-    return Text({v.s.doc.CurYear, v.s.doc.CurMonth, v.s.doc.CurDay});
+    return DateText({v.s.doc.CurYear, v.s.doc.CurMonth, v.s.doc.CurDay});
   };
   t.looks["shown"] = [](S v, auto&) {
-    return Text({v.views.Month().ShownYear, v.views.Month().ShownMonth, 1}).substr(0, 7);
+    return DateText({v.views.Month().ShownYear, v.views.Month().ShownMonth, 1}).substr(0, 7);
   };
   t.looks["selected"] = [n](S v, auto&) { return n(v.views.Month().SelectedCell); };
   t.looks["year-row"] = [n](S v, auto&) { return n(v.views.Month().ShownYearRow); };
@@ -178,7 +173,7 @@ testing::Trace<Views> ViewsTrace() {
   };
   t.looks["day.timer"] = [](S v, auto&) { return YesNo(v.views.Day().Timer1Enabled); };
   t.looks["day.flash"] = [n](S v, auto&) { return n(v.views.Day().FlashState); };
-  t.looks["day.calendar"] = [](S v, auto&) { return Text(v.views.Day().CalendarDate); };
+  t.looks["day.calendar"] = [](S v, auto&) { return DateText(v.views.Day().CalendarDate); };
   // The paint of the bar's columns FROM-TO (all of them without): span, ground or mixed.
   t.looks["day.bar"] = [](S v, auto& range) -> std::string {
     const TimeBar& bar = v.views.Day().Pict;
