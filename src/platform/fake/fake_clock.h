@@ -12,6 +12,8 @@ class FakeClock : public Clock {
   explicit FakeClock(DateTime now = {2026, 11, 21, 10, 0, 0}) : now_(now) {}
   void Set(const DateTime& now) { now_ = now; }
   void SetSecondsPerReading(int seconds) { secondsPerReading_ = seconds; }
+  // Moves the clock on by some seconds, into the next days when it runs past midnight.
+  void MoveOn(int seconds) { Advance(seconds); }
   int Readings() const { return readings_; }
 
   DateTime Now() const override {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +20,8 @@ class FakeFileDialogs : public FileDialogs {
   };
 
   void QueueAnswer(std::optional<std::string> path) { answers_.push_back(std::move(path)); }
+  // What happens while the next dialogs are open, as the user looks at them.
+  std::function<void()> whileOpen;
   const std::vector<Shown>& ShownDialogs() const { return shown_; }
 
   std::optional<std::string> OpenFile(const FileDialogRequest& request) override {
@@ -31,6 +34,7 @@ class FakeFileDialogs : public FileDialogs {
  private:
   std::optional<std::string> Answer(bool save, const FileDialogRequest& request) {
     shown_.push_back({save, request});
+    if (whileOpen) whileOpen();
     if (answers_.empty()) return std::nullopt;
     auto answer = answers_.front();
     answers_.pop_front();
