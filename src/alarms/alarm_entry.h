@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/calendar.h"
+#include "store/sch_tables.h"
+
+namespace sched {
+
+// One alarm of today.
+struct AlarmEntry {
+  std::int16_t AlarmMinute = 0;  // the minute of the day at which it rings, 0 to 1439
+  std::string Title;
+  std::string Place;
+  std::string DateText;  // the item's date, "yyyy/m/d" without padding
+  std::string TimeText;  // "9:05am - 10:00am"
+  std::string Memo;
+  std::int16_t StartTime = -1;
+  std::int16_t EndTime = -1;
+  std::uint8_t Day = 1;
+  std::uint8_t Month = 1;
+  std::int16_t Year = kFirstYear;
+  std::int16_t Lead = 0;
+};
+
+// A notice that waits for a dialog to close.
+struct PendingNotice {
+  std::string Title;
+  std::string DateText;
+  std::string Memo;
+  std::string TimeText;
+  std::string Place;
+};
+
+// "9:05am": a start or end time (minutes after 0:00) as the notices write it. A time that is no
+// time of day (-1 of an all-day item) stays as its hour and minute were written, "-1:-01".
+std::string AlarmClockText(int time);
+
+// The alarm of a row when it rings on the day `todayCode`; nothing for a blank or deleted row,
+// a row without an alarm, or an alarm of another day.
+std::optional<AlarmEntry> AlarmOfRow(const SchDatRow& row, std::int32_t todayCode);
+
+// Today's alarms from the whole table, top to bottom, in ringing order.
+std::vector<AlarmEntry> BuildTodayAlarms(const SchDatCTL& tables, std::int32_t todayCode);
+
+// Puts the alarms in order of their minute; alarms of the same minute keep their order.
+void SortTodayAlarms(std::vector<AlarmEntry>& alarms);
+
+// Whether the alarm is the row's by all it shows and when it rings: title, place, memo, date,
+// start, end and lead. Two items alike in all of them share one alarm entry's fate.
+bool IsAlarmOfRow(const AlarmEntry& alarm, const SchDatRow& row);
+
+// What the notice window shows of an alarm.
+PendingNotice NoticeOf(const AlarmEntry& alarm);
+
+}  // namespace sched

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "alarms/alarm_entry.h"
+#include "platform/date_formatter.h"
+
+namespace sched {
+
+// The notice window Form1 of one ringing alarm: its caption and what its controls show.
+struct NoticeForm {
+  std::string Caption;
+  std::string Label1;                 // the title
+  std::array<std::string, 3> Label2;  // the date in the short form, the times, the place
+  std::string Text1;                  // the memo
+};
+
+NoticeForm MakeNoticeForm(const PendingNotice& notice, const DateFormatter& dates);
+
+}  // namespace sched

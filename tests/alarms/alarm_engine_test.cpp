@@ -1,0 +1,208 @@
+#include "alarms/alarm_engine.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "alarms/held_messages.h"
+#include "platform/fake/fake_clock.h"
+#include "platform/fake/fake_clock_alarm.h"
+#include "platform/fake/fake_messages.h"
+#include "platform/fake/fake_progress.h"
+#include "tests/support/test_store.h"
+#include "tests/support/trace.h"
+
+namespace sched {
+namespace {
+
+using testing::CaseRow;
+using testing::Join;
+
+// What rang, in order: "beep", "desktop [SUMMARY] [BODY]", "window [TITLE] [DATE] [TIME]
+// [PLACE] [MEMO]".
+struct Rings : Beep, DesktopNotices, NoticeHost {
+  std::vector<std::string> events;
+  void Sound() override { events.push_back("beep"); }
+  void Post(const std::string& summary, const std::string& body) override {
+    events.push_back("desktop [" + summary + "] [" + body + "]");
+  }
+  void OpenNoticeWindow(const PendingNotice& n) override {
+    events.push_back("window [" + n.Title + "] [" + n.DateText + "] [" + n.TimeText + "] [" +
+                     n.Place + "] [" + n.Memo + "]");
+  }
+};
+
+// A day of the program with today's alarms, run on a fake clock: the clock alarm rings when the
+// clock reaches its minute, the day watch looks every ten seconds (every three in the last
+// minute of the day), as the window's timer does.
+struct AlarmDay {
+  ScheduleDocument doc;
+  FakeProgress progress;
+  FakeClock clock{{2026, 11, 23, 8, 0, 0}};
+  FakeClockAlarm clockAlarm;
+  Rings rings;
+  AlarmEngine engine{AlarmServices{doc.Tables, clock, clockAlarm, rings, rings, rings}};
+  ScheduleStore store{doc, StoreServices{engine, progress, clock}};
+  FakeMessages shownMessages;
+  HeldMessages messages{shownMessages, engine};
+
+  AlarmDay() {
+    store.ClearIndex();
+    store.ResetHeader();
+  }
+  // Every ring of a case is looked at.
+  void End() { EXPECT_EQ(Join(rings.events), "") << "rings not looked at"; }
+
+  DateTime Now() const { return clock.Now(); }
+
+  // Runs the clock on, a second at a time, to `until`.
+  void RunTo(const DateTime& until) {
+    while (Before(Now(), until)) {
+      clock.MoveOn(1);
+      const DateTime at = Now();
+      const int minute = at.hour * 60 + at.minute;
+      if (at.second == 0 && clockAlarm.ArmedMinute() == minute) clockAlarm.Ring();
+      const bool lastMinute = at.hour == 23 && at.minute == 59;
+      if (at.second % (lastMinute ? 3 : 10) == 0) engine.WatchDayChange();
+    }
+  }
+
+  static bool Before(const DateTime& a, const DateTime& b) {
+    const auto key = [](const DateTime& t) {
+      return std::vector<int>{t.year, t.month, t.day, t.hour, t.minute, t.second};
+    };
+    return key(a) < key(b);
+  }
+
+  int RowOf(const std::string& title) const {
+    const auto& list = doc.Tables.SchDatList;
+    for (int row = 0; row < list.Rows(); ++row) {
+      if (list.At(row).IsLive() && list.At(row).Title == title) return row;
+    }
+    ADD_FAILURE() << "no live row " << title;
+    return 0;
+  }
+};
+
+using S = AlarmDay&;
+using R = const CaseRow&;
+
+// "2026-11-23 08:30:00", or "08:30:00" on the clock's day.
+DateTime ReadMoment(const DateTime& today, const std::string& text) {
+  DateTime t = today;
+  const bool read = text.size() > 8
+                        ? std::sscanf(text.c_str(), "%d-%d-%d %d:%d:%d", &t.year, &t.month, &t.day,
+                                      &t.hour, &t.minute, &t.second) == 6
+                        : std::sscanf(text.c_str(), "%d:%d:%d", &t.hour, &t.minute, &t.second) == 3;
+  if (!read) ADD_FAILURE() << "'" << text << "' is no moment";
+  return t;
+}
+
+// "09:30" as minutes, "-" for none.
+int ReadTime(const std::string& text) {
+  int hour = 0, minute = 0;
+  if (text == "-") return -1;
+  if (std::sscanf(text.c_str(), "%d:%d", &hour, &minute) != 2) ADD_FAILURE() << text;
+  return hour * 60 + minute;
+}
+
+std::string Clock24(int minute) {
+  char text[8];
+  std::snprintf(text, sizeof text, "%02d:%02d", minute / 60 % 100, minute % 60);
+  return text;
+}
+
+testing::Trace<AlarmDay> AlarmTrace() {
+  testing::Trace<AlarmDay> t;
+  t.steps["clock"] = [](S d, R r) { d.clock.Set(ReadMoment(d.Now(), r[1])); };
+  t.steps["run-to"] = [](S d, R r) { d.RunTo(ReadMoment(d.Now(), r[1])); };
+  // item DATE START END LEAD TITLE [PLACE] [MEMO]: entered as the appointment dialog writes
+  // it, then today's list put in order and the next alarm armed. A lead of "-" is no alarm.
+  t.steps["item"] = [](S d, R r) {
+    const CivilDate date = r.Date(1);
+    SchRecord item = MakeItem(date.year, date.month, date.day, ReadTime(r[2]), ReadTime(r[3]),
+                              testing::Unescaped(r[5]));
+    item.Place = testing::Unescaped(r[6]);
+    item.Memo = testing::Unescaped(r[7]);
+    if (r[4] != "-") {
+      item.AlarmOn = 1;
+      item.AlarmSound = kDefaultAlarmSound;
+      item.AlarmLead = static_cast<std::int16_t>(r.Int(4));
+    }
+    d.store.InsertRecord(item);
+    d.engine.SortTodayAlarms();
+    d.engine.ArmNextAlarm();
+  };
+  t.steps["delete"] = [](S d, R r) { d.store.RemoveRow(d.RowOf(r[1])); };
+  // The document saved and opened again, as the program opens a file.
+  t.steps["reopen"] = [](S d, R) {
+    const std::vector<std::uint8_t> bytes = d.store.BuildScheduleBytes();
+    d.store.ClearIndex();
+    d.store.ResetHeader();
+    ASSERT_TRUE(d.store.LoadScheduleBytes(bytes));
+    d.engine.SortTodayAlarms();
+    d.engine.ArmNextAlarm();
+  };
+  t.steps["new-document"] = [](S d, R) {
+    d.store.ClearIndex();
+    d.store.ResetHeader();
+  };
+  t.steps["rebuild"] = [](S d, R) { d.engine.RebuildTodayAlarms(); };
+  t.steps["watch"] = [](S d, R) { d.engine.WatchDayChange(); };
+  t.steps["hold"] = [](S d, R) { d.engine.HoldNotices(); };
+  t.steps["release"] = [](S d, R) { d.engine.ReleaseNotices(); };
+  t.steps["ring-alarm-on-pc"] = [](S d, R r) { d.engine.BeepAlarm = r.YesNo(1); };
+  // A message box that stays open while the clock runs to the moment.
+  t.steps["message-open-until"] = [](S d, R r) {
+    struct Open : Messages {
+      AlarmDay& day;
+      DateTime until;
+      Open(AlarmDay& d, DateTime u) : day(d), until(u) {}
+      MsgAnswer Show(const MessageRequest&) override {
+        day.rings.events.push_back(std::string("message opens, held ") +
+                                   (day.engine.NoticesHeld() ? "yes" : "no"));
+        day.RunTo(until);
+        day.rings.events.push_back("message closes");
+        return MsgAnswer::Ok;
+      }
+    } open(d, ReadMoment(d.Now(), r[1]));
+    HeldMessages(open, d.engine).Show({"Saved.", "Scheduler"});
+  };
+
+  t.looks["rings"] = [](S d, auto&) {
+    const std::string rings = Join(d.rings.events, " ; ");
+    d.rings.events.clear();
+    return rings;
+  };
+  t.looks["list"] = [](S d, auto&) {
+    return Join(d.engine.TodayAlarms(), " | ",
+                [](const AlarmEntry& e) { return Clock24(e.AlarmMinute) + " " + e.Title; });
+  };
+  t.looks["entry"] = [](S d, auto& index) {
+    const AlarmEntry& e = d.engine.TodayAlarms().at(std::stoul(index));
+    return std::to_string(e.AlarmMinute) + " | " + e.Title + " | " + e.Place + " | " + e.DateText +
+           " | " + e.TimeText + " | " + e.Memo + " | " + std::to_string(e.StartTime) + " " +
+           std::to_string(e.EndTime) + " | " + std::to_string(e.Year) + " " +
+           std::to_string(e.Month) + " " + std::to_string(e.Day) + " | " + std::to_string(e.Lead);
+  };
+  t.looks["armed"] = [](S d, auto&) {
+    const auto minute = d.clockAlarm.ArmedMinute();
+    return minute ? Clock24(*minute) : "off";
+  };
+  t.looks["next"] = [](S d, auto&) { return std::to_string(d.engine.NextAlarmIndex()); };
+  t.looks["today"] = [](S d, auto&) { return std::to_string(d.engine.TodayCode()); };
+  t.looks["held"] = [](S d, auto&) { return testing::YesNo(d.engine.NoticesHeld()); };
+  t.looks["pending"] = [](S d, auto&) {
+    return Join(d.engine.PendingNotices(), " | ", [](const PendingNotice& n) { return n.Title; });
+  };
+  return t;
+}
+
+TEST(AlarmEngine, FollowsTheDays) {
+  AlarmTrace().Run("alarms/days.txt", 8, 60);
+}
+
+}  // namespace
+}  // namespace sched
