@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/add_command.h"
+#include "cli/alarms_command.h"
 #include "cli/cli_store.h"
 #include "cli/delete_command.h"
 #include "cli/dump_command.h"
@@ -32,6 +33,7 @@ constexpr const char* kUsage =
     "         | --newer-than YYYY/MM/DD [--keep-repeats]\n"
     "       scltool paste FILE.scl --from YYYY/MM/DD --index K --to YYYY/MM/DD [--single]\n"
     "       scltool rule WORD [YYYY/MM/DD COUNT]\n"
+    "       scltool alarms FILE.scl [YYYY/MM/DD]\n"
     "       scltool --help | --version\n";
 
 int Usage() {
@@ -76,6 +78,9 @@ int Run(const std::vector<std::string>& args) {
   if (command == "paste") return sched::RunPasteCommand({args.begin() + 1, args.end()}, std::cerr);
   if (command == "rule") {
     return sched::RunRuleCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
+  }
+  if (command == "alarms") {
+    return sched::RunAlarmsCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);
   }
   if (command == "holidays") {
     return sched::RunHolidaysCommand({args.begin() + 1, args.end()}, std::cout, std::cerr);

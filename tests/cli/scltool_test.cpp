@@ -152,6 +152,42 @@ TEST(Scltool, AddKeepsWhatTheFileHeld) {
   EXPECT_EQ(s.doc.Tables.SchDatList.At(0).Title, "Kept");
 }
 
+// scltool alarms lists a day's alarms in ringing order, those reaching back from the next day
+// included, and none of a deleted row or of an item without an alarm.
+TEST(Scltool, AlarmsListsTheDaysAlarmsInRingingOrder) {
+  TestStore s;
+  const auto alarmed = [&](SchRecord item, int lead, const std::string& place) {
+    item.AlarmOn = 1;
+    item.AlarmSound = kDefaultAlarmSound;
+    item.AlarmLead = static_cast<std::int16_t>(lead);
+    item.Place = place;
+    s.store.InsertRecord(item);
+  };
+  alarmed(MakeItem(2026, 11, 24, 600, 660, "Review"), 0, "Hall");
+  alarmed(MakeItem(2026, 11, 24, 540, 570, "Standup"), 15, "Room 1");
+  alarmed(MakeItem(2026, 11, 25, 10, 60, "Night shift"), 15, "");
+  alarmed(MakeItem(2026, 11, 24, 1439, 1439, "Late"), 999, "");
+  alarmed(MakeItem(2026, 11, 24, 720, 780, "Cancelled"), 5, "");
+  s.store.InsertRecord(MakeItem(2026, 11, 24, 480, 500, "Quiet"));
+  s.store.RemoveRow(4);
+  ASSERT_FALSE(s.SaveTo("alarms.scl").empty());
+  const std::string file = Quoted(s.dir.File("alarms.scl"));
+
+  EXPECT_EQ(Scltool("alarms " + file + " 2026/11/24", Stream::Out).out,
+            "7:20 AM\t11:59pm - 11:59pm\tLate\t\n"
+            "8:45 AM\t9:00am - 9:30am\tStandup\tRoom 1\n"
+            "10:00 AM\t10:00am - 11:00am\tReview\tHall\n"
+            "11:55 PM\t12:10am - 1:00am\tNight shift\t\n");
+  EXPECT_EQ(Scltool("alarms " + file + " 2026/11/25").out, "");
+  EXPECT_EQ(Scltool("alarms " + file).status, 0);
+  for (const char* bad : {" 2026/11/31", " 24.11.2026", " 2026/11/24 x"}) {
+    const Result r = Scltool("alarms " + file + bad);
+    EXPECT_EQ(r.status, 2) << bad;
+    EXPECT_EQ(r.out, "usage: scltool alarms FILE.scl [YYYY/MM/DD]\n") << bad;
+  }
+  EXPECT_EQ(Scltool("alarms " + Quoted(s.dir.File("none.scl"))).out, "Read error!\n");
+}
+
 // scltool delete, case by case on one file: the arguments, the exit status, the questions (or
 // how the usage begins) and the live rows left by date, "" when the file is as it was.
 TEST(Scltool, DeleteAsksAndRemovesAsTheWindowDoes) {
