@@ -4,7 +4,10 @@
 
 #include "app/scheduler_app.h"
 #include "holidays/country_calendar.h"
+#include "platform/qt/qt_beep.h"
+#include "platform/qt/qt_clock_alarm.h"
 #include "platform/qt/qt_date_formatter.h"
+#include "platform/qt/qt_desktop_notices.h"
 #include "platform/qt/qt_file_dialogs.h"
 #include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_registry.h"
@@ -27,8 +30,11 @@ int main(int argc, char** argv) {
   sched::SystemClock clock;
   sched::CountryCalendar holidays;
   sched::DeviceFileDialog chooser;
-  sched::SchedulerApp scheduler(
-      {registry, settings, messages, dialogs, dates, clock, holidays, chooser});
+  sched::QtClockAlarm clockAlarm;
+  sched::QtBeep beep;
+  sched::QtDesktopNotices desktop;
+  sched::SchedulerApp scheduler({registry, settings, messages, dialogs, dates, clock, holidays,
+                                 chooser, clockAlarm, beep, desktop});
   if (const auto ended = scheduler.Start(QApplication::arguments())) return *ended;
   messages.SetParent(scheduler.Window());
   dialogs.SetParent(scheduler.Window());

@@ -9,7 +9,12 @@
 
 namespace sched {
 
-SchedulerApp::SchedulerApp(AppPorts ports) : p_(ports) {}
+SchedulerApp::SchedulerApp(AppPorts ports)
+    : p_(ports),
+      noticeWindows_(p_.dates),
+      alarms_(
+          AlarmServices{doc_.Tables, p_.clock, p_.clockAlarm, p_.beep, p_.desktop, noticeWindows_}),
+      messages_(p_.messages, alarms_) {}
 
 // Here, where the views are a complete type; the window, made after them, goes first.
 SchedulerApp::~SchedulerApp() = default;
@@ -22,43 +27,47 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
     return 0;
   }
   paths_ = MakeInstallPaths(*installDir);
-  if (!OpenCountryFile(p_.registry, p_.holidays, p_.messages, paths_, state_)) return 1;
-  CheckPimDataDir(paths_, p_.messages);
+  if (!OpenCountryFile(p_.registry, p_.holidays, messages_, paths_, state_)) return 1;
+  CheckPimDataDir(paths_, messages_);
   state_.LastPcDir = paths_.PimDataDir;
 
   device_ = std::make_unique<CacheDeviceFiles>(
-      paths_.DeviceCacheDir, DeviceServiceWindows{&p_.chooser, &p_.messages, &setupDialog_});
+      paths_.DeviceCacheDir, DeviceServiceWindows{&p_.chooser, &messages_, &setupDialog_});
   views_ = std::make_unique<CalendarViews>(
-      ViewServices{doc_, state_.Holidays, p_.dates, p_.clock, p_.messages});
+      ViewServices{doc_, state_.Holidays, p_.dates, p_.clock, messages_});
   window_ = std::make_unique<SchMain>(
-      SchMainServices{state_, p_.clock, p_.dates, *device_, p_.settings, p_.messages, *views_,
-                      commandSet_, p_.registry, p_.holidays, paths_.PcAppsDir});
+      SchMainServices{state_, p_.clock, p_.dates, *device_, p_.settings, messages_, *views_,
+                      commandSet_, p_.registry, p_.holidays, paths_.PcAppsDir, alarms_});
+  noticeWindows_.SetMainWindow(window_.get());
   ProgressDisplay& progress = window_->ProgressDisplay();
-  store_ = std::make_unique<ScheduleStore>(doc_, StoreServices{alarms_.hooks, progress, p_.clock});
+  store_ = std::make_unique<ScheduleStore>(doc_, StoreServices{alarms_, progress, p_.clock});
   session_ = std::make_unique<DocumentSession>(
-      SessionServices{*store_, *views_, *window_, p_.messages, progress, *device_, p_.settings,
+      SessionServices{*store_, *views_, *window_, messages_, progress, *device_, p_.settings,
                       p_.clock, paths_.SystemIniPath});
   commands_ = std::make_unique<DocumentCommands>(DocumentServices{
-      *session_, *window_, alarms_, p_.messages, p_.dialogs, *device_, state_, paths_.CacheDir});
+      *session_, *window_, alarms_, messages_, p_.dialogs, *device_, state_, paths_.CacheDir});
   BindDocumentCommands(commandSet_, *commands_);
   appointmentDialogs_ = std::make_unique<QtAppointmentDialogs>(window_.get());
   appointments_ = std::make_unique<AppointmentCommands>(
-      AppointmentServices{*session_, *views_, *appointmentDialogs_, alarms_, p_.messages, p_.clock,
+      AppointmentServices{*session_, *views_, *appointmentDialogs_, alarms_, messages_, p_.clock,
                           p_.dates, *device_, state_});
   BindAppointmentCommands(commandSet_, *appointments_);
   window_->Attach(commands_.get(), store_.get());
   setupDialog_.SetParent(window_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),
                    [this](const QString& path) { commands_->OpenFileByName(path.toStdString()); });
+  QObject::connect(window_.get(), &SchMain::Unloading, window_.get(),
+                   [this] { noticeWindows_.CloseNoticeWindows(); });
 
-  const DateTime now = p_.clock.Now();
-  state_.TodayCode = DateCode(now.year, now.month, now.day);
   session_->ResetToToday(true);
   window_->SetTitle(kUntitledCaption);
   window_->RestoreWindowPlacement();
   OpenStartFile(arguments.size() > 1 ? arguments.at(1) : QString());
 
   window_->ShowLinkMenu(IsPimLinkInstalled(p_.registry));
+  // A start that ran into a new day lists the new day's alarms.
+  alarms_.WatchDayChange();
+  alarms_.ArmNextAlarm();
   window_->StartTimer2();
   window_->show();
   session_->RefreshViews();

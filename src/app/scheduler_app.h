@@ -4,12 +4,13 @@
 #include <memory>
 #include <optional>
 
+#include "alarms/alarm_engine.h"
+#include "alarms/held_messages.h"
 #include "app/single_instance.h"
 #include "commands/appointment_commands.h"
 #include "commands/command_set.h"
 #include "commands/document_commands.h"
 #include "commands/document_session.h"
-#include "commands/pending_notices.h"
 #include "platform/holiday_calendar.h"
 #include "platform/registry.h"
 #include "shell/app_state.h"
@@ -18,6 +19,7 @@
 #include "shell/paths.h"
 #include "ui/appointment_dialogs.h"
 #include "ui/disconnection_setup_dialog.h"
+#include "ui/form1.h"
 #include "ui/schmain.h"
 
 namespace sched {
@@ -34,6 +36,9 @@ struct AppPorts {
   const Clock& clock;
   HolidayCalendar& holidays;
   DeviceFileChooser& chooser;
+  ClockAlarm& clockAlarm;
+  Beep& beep;
+  DesktopNotices& desktop;
 };
 
 // The whole program: the document, the main window and its commands, brought up in their
@@ -54,26 +59,23 @@ class SchedulerApp {
   ScheduleDocument& Document() { return doc_; }
   const ScheduleDocument& Document() const { return doc_; }
   const AppState& State() const { return state_; }
+  AlarmEngine& Alarms() { return alarms_; }
+  QtNoticeWindows& NoticeWindows() { return noticeWindows_; }
   CalendarViews* Views() const { return views_.get(); }
 
  private:
   void OpenStartFile(const QString& commandLineFile);
-
-  // The program rings no alarms yet: no alarm is listed, none waits for a dialog to close.
-  class NoAlarms final : public PendingNotices {
-   public:
-    void FlushPendingNotices() override {}
-    NoAlarmHooks hooks;
-  };
 
   AppPorts p_;
   SingleInstance instance_;
   AppState state_;
   InstallPaths paths_;
   ScheduleDocument doc_;
+  QtNoticeWindows noticeWindows_;
+  AlarmEngine alarms_;
+  HeldMessages messages_;  // every message box holds the alarm notices back
   DisconnectionSetupDialog setupDialog_;
   std::unique_ptr<CacheDeviceFiles> device_;
-  NoAlarms alarms_;
   CommandSet commandSet_;
   std::unique_ptr<CalendarViews> views_;
   std::unique_ptr<SchMain> window_;

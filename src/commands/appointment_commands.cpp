@@ -37,9 +37,8 @@ void AppointmentCommands::ModifySchedule() {
 
 void AppointmentCommands::RunEditDialog(SchEditModel& model) {
   s_.views.PopupActive = 0;
-  s_.state.NoticesHeld = true;
+  const NoticesHeldWhile held(s_.notices);
   s_.dialogs.ShowEditDialog(model);
-  s_.state.NoticesHeld = false;
   if (model.Written()) {
     s_.session.AfterChange();
     if (s_.views.Tab == 1) {
@@ -50,7 +49,6 @@ void AppointmentCommands::RunEditDialog(SchEditModel& model) {
     // Cancel puts the shown date back, which the dialog may have moved to a series' start.
     s_.session.RefreshViews();
   }
-  s_.notices.FlushPendingNotices();
 }
 
 void AppointmentCommands::CopySchedule() {

@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "alarms/notice_gate.h"
 #include "appointments/copy_paste.h"
 #include "appointments/delete_commands.h"
 #include "appointments/sch_edit_model.h"
 #include "commands/command_set.h"
 #include "commands/document_session.h"
-#include "commands/pending_notices.h"
 #include "platform/device_files.h"
 #include "shell/app_state.h"
 
@@ -25,7 +25,7 @@ struct AppointmentServices {
   DocumentSession& session;
   CalendarViews& views;
   AppointmentDialogs& dialogs;
-  PendingNotices& notices;
+  NoticeGate& notices;  // held while a dialog is open
   Messages& messages;
   const Clock& clock;
   const DateFormatter& dates;

@@ -67,12 +67,15 @@ bool DocumentCommands::CsvAvailable() {
 
 std::optional<std::string> DocumentCommands::PcDialog(bool save, const std::string& filter,
                                                       const std::string& proposal) {
-  s_.state.NoticesHeld = true;
+  const NoticesHeldWhile held(s_.notices);
   const FileDialogRequest request{s_.state.LastPcDir, filter, proposal};
-  auto chosen = save ? s_.dialogs.SaveFile(request) : s_.dialogs.OpenFile(request);
-  s_.state.NoticesHeld = false;
-  s_.notices.FlushPendingNotices();
-  return chosen;
+  return save ? s_.dialogs.SaveFile(request) : s_.dialogs.OpenFile(request);
+}
+
+std::optional<std::string> DocumentCommands::DeviceDialog(bool save, const std::string& proposal) {
+  const NoticesHeldWhile held(s_.notices);
+  return save ? s_.device.Sor_PIMSaveFileDialog("scl", proposal)
+              : s_.device.Sor_PIMOpenFileDialog("scl", proposal);
 }
 
 bool DocumentCommands::SaveTo(const std::string& path) {
@@ -216,8 +219,7 @@ std::string DocumentCommands::DeviceFolder() {
 void DocumentCommands::OpenOnTarvex() {
   s_.window.HideScheduleList();
   if (!AskSaveChanges()) return;
-  s_.notices.FlushPendingNotices();
-  const auto chosen = s_.device.Sor_PIMOpenFileDialog("scl", DeviceFolder());
+  const auto chosen = DeviceDialog(false, DeviceFolder());
   if (!chosen) return;
   RefreshSoundList();
   const auto local = s_.device.Sor_ConvPathSorvaneToCache(*chosen);
@@ -250,13 +252,12 @@ bool DocumentCommands::SaveAsOnTarvex() {
   } else if (!doc.ScheduleFile.empty()) {
     proposal = NameOf(doc.ScheduleFile);
   }
-  const auto chosen = s_.device.Sor_PIMSaveFileDialog("scl", DeviceFolder() + "\\" + proposal);
+  const auto chosen = DeviceDialog(true, DeviceFolder() + "\\" + proposal);
   if (!chosen) return false;
   const auto local = s_.device.Sor_ConvPathSorvaneToCache(*chosen);
   if (!local) return false;
   doc.DevicePath = *chosen;
   doc.ScheduleFile = *local;
-  s_.notices.FlushPendingNotices();
   doc.SaveToDevice = true;
   doc.ScheduleOnPc = 0;
   const bool saved = SaveTo(doc.ScheduleFile);

@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "alarms/notice_gate.h"
 #include "commands/command_set.h"
 #include "commands/document_session.h"
 #include "commands/document_view.h"
-#include "commands/pending_notices.h"
 #include "platform/device_files.h"
 #include "platform/file_dialogs.h"
 #include "platform/messages.h"
@@ -24,7 +24,7 @@ class CsvExchange {
 struct DocumentServices {
   DocumentSession& session;
   DocumentView& window;
-  PendingNotices& notices;
+  NoticeGate& notices;  // held while a dialog is open
   Messages& messages;
   FileDialogs& dialogs;
   DeviceFiles& device;
@@ -61,8 +61,10 @@ class DocumentCommands {
  private:
   ScheduleDocument& Doc() { return s_.session.Doc(); }
   bool Ask(const std::string& text, MsgButtons buttons, MsgIcon icon, MsgAnswer yes);
+  // The open or save dialog of the PC or of the device, with alarm notices held back.
   std::optional<std::string> PcDialog(bool save, const std::string& filter,
                                       const std::string& proposal);
+  std::optional<std::string> DeviceDialog(bool save, const std::string& proposal);
   bool SaveTo(const std::string& path);
   // The device's melodies, read again after the device's files were in use.
   void RefreshSoundList();

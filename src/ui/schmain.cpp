@@ -118,8 +118,13 @@ void SchMain::BindWindowCommands() {
   c.Bind(CommandId::SelectCountry, [this] { SelectHolidayInfo_Click(); });
   c.Bind(CommandId::Today, [this] { GoToday(); });
   c.Bind(CommandId::AutoEditAlarm, [] {});  // only its check mark flips
+  c.Bind(CommandId::RingAlarm,
+         [this] { s_.alarms.BeepAlarm = ActionOf(CommandId::RingAlarm)->isChecked(); });
   c.Bind(CommandId::TransferMessage, [this] { MenuCheckMsg_Click(); });
-  c.Bind(CommandId::DisconnectionSetup, [this] { s_.device.Sor_SetupDisconnection(); });
+  c.Bind(CommandId::DisconnectionSetup, [this] {
+    const NoticesHeldWhile held(s_.alarms);
+    s_.device.Sor_SetupDisconnection();
+  });
   c.Bind(CommandId::About, [this] { ShowAbout(); });
 }
 
@@ -219,7 +224,11 @@ void SchMain::StartTimer2() {
 }
 
 void SchMain::Timer2_Timer() {
-  Timer2->setInterval(Timer2Interval(s_.clock.Now()));
+  const DateTime now = s_.clock.Now();
+  Timer2->stop();
+  s_.alarms.WatchDayChange();
+  Timer2->setInterval(Timer2Interval(now));
+  Timer2->start();
   ShowClock();
 }
 
@@ -259,6 +268,11 @@ void SchMain::MenuCheckMsg_Click() {
   s_.settings.SaveSetting(kSettingsApp, "Global", "MsgDsp", checked ? "0" : "1");
 }
 
+int SchMain::ExecHeld(QDialog& dialog) {
+  const NoticesHeldWhile held(s_.alarms);
+  return dialog.exec();
+}
+
 void SchMain::ShowAbout() {
   QDialog about(this);
   about.setObjectName("GlobalVersion");
@@ -275,7 +289,7 @@ void SchMain::ShowAbout() {
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &about);
   connect(buttons, &QDialogButtonBox::accepted, &about, &QDialog::accept);
   layout->addWidget(buttons);
-  about.exec();
+  ExecHeld(about);
 }
 
 // The end of the program: the question for unsaved changes, the device's disconnection and
@@ -290,6 +304,7 @@ void SchMain::closeEvent(QCloseEvent* event) {
   }
   if (ask) SaveWindowPlacement();
   event->accept();
+  emit Unloading();
 }
 
 void SchMain::ShowLinkMenu(bool shown) {

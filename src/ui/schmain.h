@@ -13,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include "alarms/alarm_engine.h"
 #include "commands/command_set.h"
 #include "commands/command_table.h"
 #include "commands/document_view.h"
@@ -50,6 +51,7 @@ struct SchMainServices {
   Registry& registry;
   HolidayCalendar& holidays;
   std::string pcAppsDir;  // the installation's country files
+  AlarmEngine& alarms;    // today's alarms, and the hold of their notices while a dialog is open
 };
 
 // The main window: menus, toolbar and popups built from the command table, the two tabs, the
@@ -86,7 +88,8 @@ class SchMain : public QMainWindow, public DocumentView {
   // Starts the clock of the date frame: the first tick comes after a minute, or after three
   // seconds in the last minute of the day.
   void StartTimer2();
-  // Shows the date and time of now in the date frame and sets the next interval.
+  // Watches for a new day, which rebuilds today's alarms, shows the date and time of now in the
+  // date frame and sets the next interval.
   void Timer2_Timer();
   // The data link menu shows when the link component is installed.
   void ShowLinkMenu(bool shown);
@@ -107,6 +110,8 @@ class SchMain : public QMainWindow, public DocumentView {
   void FileDropped(const QString& path);
   // The window was brought to the top, as a second start asks.
   void BroughtToFront();
+  // The window closes and the program ends.
+  void Unloading();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -147,6 +152,8 @@ class SchMain : public QMainWindow, public DocumentView {
   void UpdateListFrame();
   double ViewDpi() const;
   void ShowAbout();
+  // Runs a dialog of the window with alarm notices held back until it closes.
+  int ExecHeld(QDialog& dialog);
   void ShowClock();
   void MenuDefine_Open();
   // The holiday dialogs: the weekly holidays, the current date's mark, the country file.

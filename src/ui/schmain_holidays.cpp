@@ -62,7 +62,7 @@ void SchMain::ShowWeekHolidayDialog() {
   if (s_.views.Tab == 0) HideScheduleList();
   SchWeekHModel model(store_->Document(), s_.messages, HolidayHost());
   SchWeekH dialog(model, this);
-  dialog.exec();
+  ExecHeld(dialog);
   AfterHolidayDialog();
 }
 
@@ -72,7 +72,7 @@ void SchMain::ShowDayHolidayDialog() {
   store_->FindOrAddYear(doc_->CurYear);
   SchYearHModel model(*store_, s_.state.Holidays, s_.dates, HolidayHost());
   SchYearH dialog(model, this);
-  dialog.exec();
+  ExecHeld(dialog);
   if (s_.views.Tab == 0) HolidayHost().RefillMonthView();
   AfterHolidayDialog();
 }
@@ -82,7 +82,7 @@ void SchMain::SelectHolidayInfo_Click() {
       {s_.registry, s_.messages, s_.device, s_.holidays, HolidayHost(), s_.pcAppsDir},
       s_.state.Holidays);
   DlgSelectHoliday dialog(model, this);
-  dialog.exec();
+  ExecHeld(dialog);
   // The named holidays may have changed: the shown tab is filled again, the other one when
   // it is next shown.
   SSTab1_Click(SSTab1->currentIndex());

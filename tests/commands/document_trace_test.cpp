@@ -169,7 +169,7 @@ testing::Trace<Documents> DocumentsTrace() {
     return d.Shown(d.dialogs.ShownDialogs().back().request.folder);
   };
   t.looks["last-pc-folder"] = [](S d, auto&) { return d.Shown(d.state.LastPcDir); };
-  t.looks["notices-held"] = [](S d, auto&) { return YesNo(d.state.NoticesHeld); };
+  t.looks["notices-held"] = [](S d, auto&) { return YesNo(d.notices.holds > 0); };
   t.looks["last-file"] = [](S d, auto&) {
     return d.Shown(d.settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, ""));
   };

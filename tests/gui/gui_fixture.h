@@ -8,8 +8,11 @@
 #include "app/scheduler_app.h"
 #include "core/registry_keys.h"
 #include "holidays/country_calendar.h"
+#include "platform/fake/fake_beep.h"
 #include "platform/fake/fake_clock.h"
+#include "platform/fake/fake_clock_alarm.h"
 #include "platform/fake/fake_date_formatter.h"
+#include "platform/fake/fake_desktop_notices.h"
 #include "platform/fake/fake_file_dialogs.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_registry.h"
@@ -31,7 +34,8 @@ class GuiTest : public ::testing::Test {
   }
 
   AppPorts Ports() {
-    return {registry, settings, messages, dialogs, dates, clock, holidays, chooser};
+    return {registry, settings, messages,   dialogs, dates,  clock,
+            holidays, chooser,  clockAlarm, beep,    desktop};
   }
 
   // Starts the program with the arguments after the program's name.
@@ -57,6 +61,9 @@ class GuiTest : public ::testing::Test {
   FakeClock clock{{2026, 11, 21, 10, 30, 0}};
   CountryCalendar holidays;
   FakeDeviceChooser chooser;
+  FakeClockAlarm clockAlarm;
+  FakeBeep beep;
+  FakeDesktopNotices desktop;
   std::string install;
   std::unique_ptr<SchedulerApp> app;
 };

@@ -160,7 +160,8 @@ testing::Trace<Program> ProgramTrace() {
     static FakeRegistry broken;
     broken = FakeRegistry();
     if (r[1] == "key") broken.WriteString(kInstallKey, kInstallDirValue, p.install);
-    p.StartOn({broken, p.settings, p.messages, p.dialogs, p.dates, p.clock, p.holidays, p.chooser},
+    p.StartOn({broken, p.settings, p.messages, p.dialogs, p.dates, p.clock, p.holidays, p.chooser,
+               p.clockAlarm, p.beep, p.desktop},
               r[2], r[3]);
   };
   t.steps["second-start"] = [](S p, R r) {

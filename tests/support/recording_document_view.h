@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "alarms/notice_gate.h"
 #include "commands/document_view.h"
-#include "commands/pending_notices.h"
 
 namespace sched {
 
@@ -32,11 +32,16 @@ class RecordingDocumentView : public DocumentView {
   void ShowMenus() override { calls.push_back("ShowMenus"); }
 };
 
-// Counts the times the notices held back by a dialog were let out.
-class RecordingNotices : public PendingNotices {
+// Records whether alarm notices are held back, and how often they were let out.
+class RecordingNotices : public NoticeGate {
  public:
-  int flushes = 0;
-  void FlushPendingNotices() override { ++flushes; }
+  int holds = 0;  // the dialogs open now
+  int releases = 0;
+  void HoldNotices() override { ++holds; }
+  void ReleaseNotices() override {
+    --holds;
+    ++releases;
+  }
 };
 
 }  // namespace sched
