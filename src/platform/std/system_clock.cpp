@@ -6,7 +6,9 @@
 namespace sched {
 
 DateTime SystemClock::Now() const {
-  const std::time_t now = std::time(nullptr);
+  // The precise clock: time() may read a coarse one that lags the timers by a few milliseconds,
+  // so that an alarm woken at second 0 of its minute would read the minute before.
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   std::tm local{};
   localtime_r(&now, &local);
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
