@@ -5,6 +5,7 @@
 
 #include "core/time_text.h"
 #include "store/sch_record.h"
+#include "store/schedule_store.h"
 
 namespace sched {
 namespace {
@@ -31,21 +32,20 @@ std::optional<AlarmEntry> AlarmOfRow(const SchDatRow& row, std::int32_t todayCod
   const AlarmMoment moment =
       AlarmDateCodeOfStart(row.Year, row.Month, row.Day, row.StartTime, row.AlarmLead);
   if (moment.dateCode != todayCode) return std::nullopt;
-  AlarmEntry e;
-  e.AlarmMinute = moment.minute;
-  e.Title = row.Title;
-  e.Place = row.Place;
-  e.DateText =
-      std::to_string(row.Year) + "/" + std::to_string(row.Month) + "/" + std::to_string(row.Day);
-  e.TimeText = AlarmClockText(row.StartTime) + " - " + AlarmClockText(row.EndTime);
-  e.Memo = row.Memo;
-  e.StartTime = static_cast<std::int16_t>(row.StartTime);
-  e.EndTime = static_cast<std::int16_t>(row.EndTime);
-  e.Day = static_cast<std::uint8_t>(row.Day);
-  e.Month = static_cast<std::uint8_t>(row.Month);
-  e.Year = static_cast<std::int16_t>(row.Year);
-  e.Lead = static_cast<std::int16_t>(row.AlarmLead);
-  return e;
+  const SchRecord r = RowToRecord(row);
+  return AlarmEntry{
+      moment.minute,
+      r.Title,
+      r.Place,
+      std::to_string(r.Year) + "/" + std::to_string(r.Month) + "/" + std::to_string(r.Day),
+      AlarmClockText(r.StartTime) + " - " + AlarmClockText(r.EndTime),
+      r.Memo,
+      r.StartTime,
+      r.EndTime,
+      r.Day,
+      r.Month,
+      static_cast<std::int16_t>(r.Year),
+      r.AlarmLead};
 }
 
 std::vector<AlarmEntry> BuildTodayAlarms(const SchDatCTL& tables, std::int32_t todayCode) {

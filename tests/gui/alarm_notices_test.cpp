@@ -14,12 +14,14 @@ namespace {
 
 class AlarmNoticesTest : public GuiTest {
  protected:
-  // The program at 10:30 on a file with two alarms at 10:45 of today and one at 11:00.
+  // The program at 10:30 on a file with two alarms at 10:45 of today, one at 11:00 and one at
+  // midnight.
   void SetUp() override {
     TestStore file;
     Alarmed(file, MakeItem(2026, 11, 21, 645, 705, "Dentist"), "Main St", "x-ray\r\nno coffee");
     Alarmed(file, MakeItem(2026, 11, 21, 645, 675, "Call the office"), "Phone", "");
     Alarmed(file, MakeItem(2026, 11, 21, 660, 720, "Lunch"), "", "");
+    Alarmed(file, MakeItem(2026, 11, 22, 0, 30, "Midnight"), "", "");
     ASSERT_FALSE(file.SaveTo("alarms.scl").empty());
     const std::string path = dir.File("alarms.scl");
     std::filesystem::copy_file(file.dir.File("alarms.scl"), path);
@@ -83,6 +85,21 @@ TEST_F(AlarmNoticesTest, TwoAlarmsOfAMinuteOpenTwoWindows) {
   QTest::mouseClick(dentist->findChild<QPushButton*>("Command1"), Qt::LeftButton);
   QApplication::processEvents();
   EXPECT_EQ(Notices().size(), 1u);
+  EXPECT_EQ(QApplication::activeWindow(), app->Window());
+}
+
+TEST_F(AlarmNoticesTest, TheWindowsDayWatchRingsMidnightsAlarm) {
+  clock.Set({2026, 11, 21, 23, 59, 58});
+  app->Window()->Timer2_Timer();
+  EXPECT_EQ(app->Window()->DayTimer()->interval(), 3000);
+  EXPECT_TRUE(Notices().empty());
+  clock.Set({2026, 11, 22, 0, 0, 1});
+  app->Window()->Timer2_Timer();
+  EXPECT_EQ(app->Window()->DayTimer()->interval(), 10000);
+  ASSERT_EQ(Notices().size(), 1u);
+  EXPECT_EQ(Shown(Notices()[0], "Label1"), "Midnight");
+  EXPECT_EQ(app->Alarms().TodayCode(), 20261122);
+  EXPECT_EQ(app->Window()->DateLabel()->text().toStdString(), "2026/11/22(Sun) 12:00 AM");
 }
 
 TEST_F(AlarmNoticesTest, TheMenuSwitchSilencesTheAlarms) {
