@@ -68,7 +68,7 @@ AlarmedDocument& Document() {
 void BM_LoadWithTodaysAlarms(benchmark::State& state) {
   AlarmedDocument& d = Document();
   for (auto _ : state) {
-    if (!d.store.LoadScheduleBytes(d.bytes)) state.SkipWithError("the schedule did not load");
+    if (!d.store.LoadSchedule(d.bytes)) state.SkipWithError("the schedule did not load");
     d.engine.SortTodayAlarms();
     d.engine.ArmNextAlarm();
   }

@@ -44,11 +44,11 @@ class ScheduleStore {
   void ResetHeader();
 
   // Empties the document and reads a whole schedule file into it; the bar runs from 0 to 100
-  // over the file's years. False for a damaged file, which leaves the document empty. Private
-  // records of a device file below the document's PrivateLevel are left out.
-  [[nodiscard]] bool LoadScheduleBytes(const std::vector<std::uint8_t>& bytes);
-  // The same for the file at `path`; false when it cannot be read or is damaged.
-  [[nodiscard]] bool LoadScheduleFile(const std::string& path);
+  // over the file's years. A damaged file fails with where and why, and leaves the document
+  // empty. Private records of a device file below the document's PrivateLevel are left out.
+  SclLoadResult LoadSchedule(std::span<const std::uint8_t> bytes);
+  // The same for the file at `path`; fails too when the file cannot be read.
+  SclLoadResult LoadScheduleFile(const std::string& path);
   // The bytes of the schedule file for the tables; the bar runs from 0 to 100. The header
   // takes the file's new values.
   std::vector<std::uint8_t> BuildScheduleBytes();
@@ -75,7 +75,6 @@ class ScheduleStore {
   MonthData MonthHasData(int year, int month) const;
 
  private:
-  bool LoadSchedule(std::span<const std::uint8_t> bytes);
   bool AlarmDueToday(const SchDatRow& row) const;
 
   friend class SclLoader;

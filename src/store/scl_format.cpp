@@ -1,8 +1,11 @@
 #include "store/scl_format.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <limits>
+#include <system_error>
 
 #include "core/codepage.h"
 
@@ -10,12 +13,12 @@ namespace sched {
 
 void ByteReader::Need(std::size_t count) const {
   if (pos_ < 0 || static_cast<std::uint64_t>(pos_) + count > bytes_.size()) {
-    throw SclFormatError("read past the end of the file");
+    throw SclFormatError(pos_, "read past the end of the file");
   }
 }
 
 void ByteReader::Seek(std::int64_t offset) {
-  if (offset < 0 || offset > Size()) throw SclFormatError("offset outside the file");
+  if (offset < 0 || offset > Size()) throw SclFormatError(offset, "offset outside the file");
   pos_ = offset;
 }
 
@@ -199,15 +202,29 @@ std::optional<std::int16_t> ReadPrivateLevel(const std::string& systemIniPath) {
   return static_cast<std::int16_t>(block[6] | block[7] << 8);
 }
 
-std::optional<FileBytes> ReadWholeFile(const std::string& path) {
+std::optional<FileBytes> ReadWholeFile(const std::string& path, std::string* why) {
+  const auto fail = [why](std::string reason) -> std::optional<FileBytes> {
+    if (why != nullptr) *why = std::move(reason);
+    return std::nullopt;
+  };
+  const auto systemWords = [] { return std::generic_category().message(errno); };
+  // A folder opens as a stream, but has no bytes to read.
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) {
+    return fail(std::generic_category().message(EISDIR));
+  }
+  errno = 0;
   std::ifstream in(path, std::ios::binary | std::ios::ate);
-  if (!in) return std::nullopt;
+  if (!in) return fail(errno != 0 ? systemWords() : "cannot be opened");
   const std::streamoff size = in.tellg();
-  if (size < 0 || size > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
+  if (size < 0) return fail("cannot be read");
+  if (size > std::numeric_limits<std::int32_t>::max()) return fail("too large for a schedule file");
   FileBytes bytes{std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(size)),
                   static_cast<std::size_t>(size)};
   in.seekg(0);
-  if (!in.read(reinterpret_cast<char*>(bytes.data.get()), size)) return std::nullopt;
+  if (!in.read(reinterpret_cast<char*>(bytes.data.get()), size)) {
+    return fail(errno != 0 ? systemWords() : "cannot be read");
+  }
   return bytes;
 }
 

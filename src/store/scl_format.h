@@ -45,11 +45,29 @@ struct SclMonth {
   std::int32_t MultiDayHead = -1;
 };
 
-// Thrown by the reader at anything a schedule file cannot hold; the loader turns it into its
-// one failure path.
+// Thrown by the reader at anything a schedule file cannot hold, with the byte of the file where
+// the fault was found; the loader turns it into its one failure path.
 class SclFormatError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  SclFormatError(std::int64_t offset, const std::string& what)
+      : std::runtime_error(what), offset_(offset) {}
+  std::int64_t Offset() const { return offset_; }
+
+ private:
+  std::int64_t offset_;
+};
+
+// Why a schedule file did not load: the byte where the fault was found and what it was, or -1
+// and the system's words when the file could not be read at all.
+struct SclLoadError {
+  std::int64_t offset = -1;
+  std::string what;
+};
+
+// What a load gives: true, or false with the reason.
+struct [[nodiscard]] SclLoadResult {
+  std::optional<SclLoadError> error;
+  explicit operator bool() const { return !error; }
 };
 
 // Reads little-endian values from a file held in memory; every read is checked against the end.
@@ -119,6 +137,8 @@ std::int16_t VarLenOf(const SchRecord& record);
 inline constexpr std::int32_t kYearNextOffset = 2;
 inline constexpr std::int32_t kMonthNextOffset = 2;
 inline constexpr std::int32_t kRecordNextOffset = 4;
+// Where a month's 31 day heads begin, after its number and link.
+inline constexpr std::int32_t kMonthDayHeadOffset = 6;
 
 // The private level kept in the device's System.ini (a 16-bit value at byte 6); nothing when
 // the file cannot be read.
@@ -132,7 +152,7 @@ struct FileBytes {
 };
 
 // Reads a whole file into a buffer that is not filled beforehand; nothing when it cannot be
-// opened or read.
-std::optional<FileBytes> ReadWholeFile(const std::string& path);
+// opened or read, with the system's words for why in `why` when one is given.
+std::optional<FileBytes> ReadWholeFile(const std::string& path, std::string* why = nullptr);
 
 }  // namespace sched

@@ -86,7 +86,7 @@ class SclLoader {
     }
     for (std::size_t i = 0; i < years.size(); ++i) {
       in_.Seek(years[i]);
-      LoadYear(ReadYear(in_));
+      LoadYear(years[i], ReadYear(in_));
       ++t_.YearCount;
       store_.svc_.progress.SetValue(static_cast<int>((i + 1) * 100 / years.size()));
     }
@@ -97,10 +97,11 @@ class SclLoader {
   // chain or parts laid over each other; without this, records laid over each other could
   // each hold a long text made of the same bytes.
   void Claim(std::int64_t offset, std::int64_t size) {
-    if (offset < 0 || offset + size > in_.Size()) throw SclFormatError("offset outside the file");
+    if (offset < 0 || offset > in_.Size()) throw SclFormatError(offset, "offset outside the file");
+    if (offset + size > in_.Size()) throw SclFormatError(offset, "part cut by the end of the file");
     if (!claimed_.Claim(static_cast<std::size_t>(offset),
                         static_cast<std::size_t>(offset + size))) {
-      throw SclFormatError("a byte is read for two parts");
+      throw SclFormatError(offset, "a byte is read for two parts");
     }
   }
 
@@ -115,8 +116,10 @@ class SclLoader {
     if (claimVarPart_) Claim(in_.Position(), count);
   }
 
-  void LoadYear(const SclYear& year) {
-    if (year.Year < kFirstYear || year.Year > kLastYear) throw SclFormatError("year out of range");
+  void LoadYear(std::int32_t offset, const SclYear& year) {
+    if (year.Year < kFirstYear || year.Year > kLastYear) {
+      throw SclFormatError(offset, "year out of range");
+    }
     AncYYRow row;
     row.Year = year.Year;
     // As the file's tree has no use in memory, this link only records the table's size.
@@ -129,7 +132,7 @@ class SclLoader {
       for (std::int32_t at = year.FirstMonth; at != -1; ++index) {
         Enter(at, kMonthSize);
         const SclMonth month = ReadMonth(in_);
-        LoadMonth(firstRow, index, month, year.Year);
+        LoadMonth(at, firstRow, index, month, year.Year);
         ++t_.MonthCount;
         at = month.Next;
       }
@@ -149,8 +152,8 @@ class SclLoader {
     bool varPartClaimed = false;  // the variable part is read again for each day
   };
 
-  void LoadMonth(int firstRow, int index, const SclMonth& month, int year) {
-    if (month.Month < 1 || month.Month > 12) throw SclFormatError("month out of range");
+  void LoadMonth(std::int32_t offset, int firstRow, int index, const SclMonth& month, int year) {
+    if (month.Month < 1 || month.Month > 12) throw SclFormatError(offset, "month out of range");
     AncMMRow row;
     row.Month = month.Month;
     row.NextMonth = month.Next == -1 ? -1 : firstRow + index + 1;
@@ -166,13 +169,16 @@ class SclLoader {
     const int daysInMonth = DaysInMonth(year, month.Month);
     for (int d = 0; d < 31; ++d) {
       const std::int32_t head = month.DayHead[static_cast<std::size_t>(d)];
-      if (head != -1 && d >= daysInMonth) throw SclFormatError("day out of range");
+      if (head != -1 && d >= daysInMonth) {
+        throw SclFormatError(offset + kMonthDayHeadOffset + 4 * d, "day out of range");
+      }
       if (head == -1 && multiDay.empty()) continue;  // the row's head stays -1
 
       auto& list = t_.SchDatList;
       const int first = list.Rows() - (list.IsEmpty() && t_.RowCount == 0 ? 1 : 0);
       int added = 0;
       for (std::int32_t at = head; at != -1;) {
+        const std::int32_t recordAt = at;
         SchRecord fixed;
         ReadFixedAt(at, fixed);
         at = fixed.Next;
@@ -182,7 +188,7 @@ class SclLoader {
           fixed.Month = static_cast<std::uint8_t>(month.Month);
           fixed.Year = static_cast<std::uint16_t>(year);
         }
-        if (LoadRecord(fixed)) ++added;
+        if (LoadRecord(recordAt, fixed)) ++added;
       }
       // An item over several dates has one row on each of its days of this month.
       const std::int32_t dayCode = DateCode(year, month.Month, d + 1);
@@ -200,7 +206,7 @@ class SclLoader {
         in_.Seek(rec.varPos);
         claimVarPart_ = !rec.varPartClaimed;
         rec.varPartClaimed = true;
-        const bool loaded = LoadRecord(fixed);
+        const bool loaded = LoadRecord(rec.varPos - kRecordFixedSize, fixed);
         claimVarPart_ = true;
         if (loaded) ++added;
       }
@@ -227,18 +233,20 @@ class SclLoader {
     return TableText(in_.Bytes(length));
   }
 
-  static void CheckRecord(const SchRecord& f) {
+  static void CheckRecord(std::int64_t offset, const SchRecord& f) {
     if (!IsValidDate(f.Year, f.Month, f.Day) || !IsValidDate(f.EndYear, f.EndMonth, f.EndDay)) {
-      throw SclFormatError("date out of range");
+      throw SclFormatError(offset, "date out of range");
     }
     const auto timeOk = [](std::int16_t minutes) { return minutes >= -1 && minutes < 1440; };
-    if (!timeOk(f.StartTime) || !timeOk(f.EndTime)) throw SclFormatError("time out of range");
+    if (!timeOk(f.StartTime) || !timeOk(f.EndTime)) {
+      throw SclFormatError(offset, "time out of range");
+    }
   }
 
   // Adds the record's row unless it is a private record of the device above the user's level;
   // the file position is at the record's variable part.
-  bool LoadRecord(const SchRecord& f) {
-    CheckRecord(f);
+  bool LoadRecord(std::int64_t offset, const SchRecord& f) {
+    CheckRecord(offset, f);
     // The fixed part fills the row as a working record would; the texts follow from the file.
     SchDatRow row = BuildRecordLine(f);
     const bool dropped = f.Private != 0 && doc_.ScheduleOnPc == 0 && f.Private < doc_.PrivateLevel;
@@ -324,31 +332,28 @@ void ScheduleStore::ResetHeader() {
   doc_.ShownYearMasks = doc_.PrevYearMasks = doc_.NextYearMasks = YearMasks{};
 }
 
-bool ScheduleStore::LoadScheduleBytes(const std::vector<std::uint8_t>& bytes) {
-  return LoadSchedule(bytes);
-}
-
-bool ScheduleStore::LoadSchedule(std::span<const std::uint8_t> bytes) {
+SclLoadResult ScheduleStore::LoadSchedule(std::span<const std::uint8_t> bytes) {
   ClearIndex();
   ResetHeader();
   doc_.LoadedRecords = 0;
   try {
     SclLoader(*this, bytes).Run();
-  } catch (const SclFormatError&) {
+  } catch (const SclFormatError& error) {
     ClearIndex();
     ResetHeader();
-    return false;
+    return {SclLoadError{error.Offset(), error.what()}};
   }
   CheckSeries(doc_.Tables);
-  return true;
+  return {};
 }
 
-bool ScheduleStore::LoadScheduleFile(const std::string& path) {
-  const auto bytes = ReadWholeFile(path);
+SclLoadResult ScheduleStore::LoadScheduleFile(const std::string& path) {
+  std::string why;
+  const auto bytes = ReadWholeFile(path, &why);
   if (!bytes) {
     ClearIndex();
     ResetHeader();
-    return false;
+    return {SclLoadError{-1, why}};
   }
   return LoadSchedule(bytes->Span());
 }

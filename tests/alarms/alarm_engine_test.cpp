@@ -141,7 +141,7 @@ testing::Trace<AlarmDay> AlarmTrace() {
     const std::vector<std::uint8_t> bytes = d.store.BuildScheduleBytes();
     d.store.ClearIndex();
     d.store.ResetHeader();
-    ASSERT_TRUE(d.store.LoadScheduleBytes(bytes));
+    ASSERT_TRUE(d.store.LoadSchedule(bytes));
     d.engine.SortTodayAlarms();
     d.engine.ArmNextAlarm();
   };

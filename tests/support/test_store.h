@@ -41,7 +41,7 @@ struct TestStore : WithTempDir, FakeStore {
   bool LoadFrom(const std::string& path, int onPc = 1) {
     doc.ScheduleFile = path;
     doc.ScheduleOnPc = onPc;
-    return store.LoadScheduleFile(path);
+    return static_cast<bool>(store.LoadScheduleFile(path));
   }
 
   // Saves and loads back into this same store; false when either fails.
