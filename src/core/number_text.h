@@ -1,0 +1,17 @@
+#pragma once
+
+#include <climits>
+#include <optional>
+#include <string_view>
+
+namespace sched {
+
+// The whole number that all of `text` writes in `base`, from `low` to `high`; nothing for
+// any other text: empty, blanks, a plus sign, anything after the digits, or out of range.
+std::optional<int> ParseInt(std::string_view text, int base = 10, int low = INT_MIN,
+                            int high = INT_MAX);
+
+// `text` without the spaces and tabs at its ends.
+std::string_view TrimBlanks(std::string_view text);
+
+}  // namespace sched
