@@ -1,6 +1,4 @@
-#include "cli/delete_command.h"
-
-#include <cstdint>
+#include <array>
 #include <functional>
 #include <optional>
 
@@ -9,14 +7,12 @@
 #include "cli/cli_args.h"
 #include "cli/cli_store.h"
 #include "cli/stream_messages.h"
+#include "cli/verb.h"
+#include "core/number_text.h"
+#include "store/day_items.h"
 
 namespace sched {
 namespace {
-
-constexpr const char* kUsage =
-    "usage: scltool delete FILE.scl --date YYYY/MM/DD --index K\n"
-    "       scltool delete FILE.scl --month YYYY/MM | --year YYYY | --older-than YYYY/MM/DD\n"
-    "         | --newer-than YYYY/MM/DD [--keep-repeats]";
 
 // The user at the questions: Yes to each, and to the question whether to leave the repeating
 // items the answer of --keep-repeats.
@@ -35,67 +31,97 @@ class DeleteAnswers : public Messages {
   bool keepRepeats_;
 };
 
-// What the options ask for; true when the schedule changed.
-using DeleteAction = std::function<bool(DeleteCommands&, const SchDatCTL&)>;
+// What the options ask for: the command, true when the schedule changed, and what to say when
+// it did not.
+struct DeleteAction {
+  std::function<bool(DeleteCommands&, const SchDatCTL&)> run;
+  std::string nothing;
+};
 
-// The one command of the options; nothing when they do not go together.
-std::optional<DeleteAction> ChooseAction(const CommandOptions& r) {
-  int commands = 0;
-  for (const char* name : {"--date", "--month", "--year", "--older-than", "--newer-than"}) {
-    if (r.Value(name) != nullptr) ++commands;
+constexpr std::array<std::string_view, 5> kCommands = {"--date", "--month", "--year",
+                                                       "--older-than", "--newer-than"};
+
+// The month "YYYY/MM" of the calendar; a UsageError for other text.
+CivilDate RequireMonth(const std::string& text) {
+  const std::optional<int> year =
+      text.size() == 7 && text[4] == '/'
+          ? ParseInt(std::string_view(text).substr(0, 4), 10, kFirstYear, kLastYear)
+          : std::nullopt;
+  const std::optional<int> month =
+      year ? ParseInt(std::string_view(text).substr(5), 10, 1, 12) : std::nullopt;
+  if (!month) {
+    throw UsageError("--month takes YYYY/MM from " + std::to_string(kFirstYear) + "/01 to " +
+                     std::to_string(kLastYear) + "/12, not " + text);
   }
-  const bool byItem = r.Value("--date") != nullptr;
-  if (commands != 1 || byItem != (r.Value("--index") != nullptr) ||
-      (byItem && r.Flag("--keep-repeats"))) {
-    return std::nullopt;
+  return {*year, *month, 1};
+}
+
+// The one command of the options.
+DeleteAction ChooseAction(const CommandOptions& r) {
+  std::vector<std::string_view> given;
+  for (std::string_view name : kCommands) {
+    if (r.Value(name) != nullptr) given.push_back(name);
   }
-  if (byItem) {
-    const auto date = ParseDate(*r.Value("--date"));
-    const auto index = ParseInt(*r.Value("--index"), 10, 1, INT32_MAX);
-    if (!date || !index) return std::nullopt;
-    return [date = *date, index = *index](DeleteCommands& c, const SchDatCTL& t) {
-      const int row = ItemOfDay(t, date, index);
-      return row >= 0 && c.DeleteSelection({row});
-    };
+  if (given.empty()) {
+    throw UsageError("--date, --month, --year, --older-than or --newer-than is missing");
   }
-  if (const std::string* text = r.Value("--month")) {
-    const auto month = ParseDate(*text + "/01");
-    if (!month) return std::nullopt;
-    return [m = *month](DeleteCommands& c, const SchDatCTL&) {
-      return c.DelMonth_Click(m.year, m.month);
-    };
+  if (given.size() > 1) r.Excludes(given[0], given[1]);
+  r.Needs("--date", "--index");
+  r.Needs("--index", "--date");
+  r.Excludes("--keep-repeats", "--date");
+  const std::string& text = *r.Value(given[0]);
+  if (const std::optional<CivilDate> date = r.Date("--date")) {
+    const int index = *r.Int("--index", 1);
+    return {[date = *date, index](DeleteCommands& c, const SchDatCTL& t) {
+              const int row = ItemOfDay(t, date, index);
+              return row >= 0 && c.DeleteSelection({row});
+            },
+            text + " has no item " + *r.Value("--index")};
   }
-  if (const std::string* text = r.Value("--year")) {
-    const auto year = ParseInt(*text, 10, kFirstYear, kLastYear);
-    if (!year) return std::nullopt;
-    return [y = *year](DeleteCommands& c, const SchDatCTL&) { return c.DelYear_Click(y); };
+  if (r.Value("--month") != nullptr) {
+    return {[m = RequireMonth(text)](DeleteCommands& c, const SchDatCTL&) {
+              return c.DelMonth_Click(m.year, m.month);
+            },
+            text + " has nothing to delete"};
   }
-  const bool older = r.Value("--older-than") != nullptr;
-  const auto date = ParseDate(*r.Value(older ? "--older-than" : "--newer-than"));
-  if (!date) return std::nullopt;
-  return [d = *date, older](DeleteCommands& c, const SchDatCTL&) {
-    return older ? c.DelBefore_Click(d) : c.DelAfter_Click(d);
-  };
+  if (const std::optional<int> year = r.Int("--year", kFirstYear, kLastYear)) {
+    return {[y = *year](DeleteCommands& c, const SchDatCTL&) { return c.DelYear_Click(y); },
+            text + " has nothing to delete"};
+  }
+  const bool older = given[0] == "--older-than";
+  return {[d = RequireDate(text), older](DeleteCommands& c, const SchDatCTL&) {
+            return older ? c.DelBefore_Click(d) : c.DelAfter_Click(d);
+          },
+          std::string("nothing is ") + (older ? "older" : "newer") + " than " + text};
+}
+
+// Removes the K-th item of the day, in the day's order, with its whole series, as Delete on
+// one line of the list does; or runs a bulk command. Every question is answered Yes, except
+// whether to leave the repeating items, which `--keep-repeats` answers.
+int RunDelete(const std::vector<std::string>& args, std::ostream&, std::ostream& err) {
+  const CommandOptions request =
+      ParseOptions(args, {"--date", "--index", "--month", "--year", "--older-than", "--newer-than"},
+                   {"--keep-repeats"});
+  const DeleteAction action = ChooseAction(request);
+  CliStore cli(err);
+  if (!cli.Load(request.file)) return kExitRefused;
+  DeleteAnswers answers(err, request.Flag("--keep-repeats"));
+  IsoDateFormatter dates;
+  DeleteCommands commands(cli.Store(), answers, dates);
+  if (!action.run(commands, cli.Document().Tables)) {
+    err << "scltool delete: " << action.nothing << '\n';
+    return kExitRefused;
+  }
+  return cli.Save(request.file) ? kExitDone : kExitRefused;
 }
 
 }  // namespace
 
-int RunDeleteCommand(const std::vector<std::string>& args, std::ostream& err) {
-  const std::optional<CommandOptions> request =
-      ParseOptions(args, {"--date", "--index", "--month", "--year", "--older-than", "--newer-than"},
-                   {"--keep-repeats"});
-  const std::optional<DeleteAction> action = request ? ChooseAction(*request) : std::nullopt;
-  if (!action) {
-    err << kUsage << '\n';
-    return 2;
-  }
-  CliStore cli;
-  if (!cli.Load(request->file)) return 1;
-  DeleteAnswers answers(err, request->Flag("--keep-repeats"));
-  IsoDateFormatter dates;
-  DeleteCommands commands(cli.Store(), answers, dates);
-  if (!(*action)(commands, cli.Document().Tables)) return 1;
-  return cli.Save(request->file) ? 0 : 1;
-}
+const Verb kDeleteVerb{"delete",
+                       "FILE.scl --date YYYY/MM/DD --index K\n"
+                       "FILE.scl --month YYYY/MM | --year YYYY | --older-than YYYY/MM/DD\n"
+                       "   | --newer-than YYYY/MM/DD [--keep-repeats]",
+                       "deletes a day's item, or a month's, a year's, older or newer items",
+                       RunDelete};
 
 }  // namespace sched

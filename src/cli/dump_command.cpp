@@ -1,6 +1,7 @@
-#include "cli/dump_command.h"
-
+#include "cli/cli_args.h"
+#include "cli/cli_store.h"
 #include "cli/json_text.h"
+#include "cli/verb.h"
 #include "store/row_order.h"
 
 namespace sched {
@@ -29,8 +30,8 @@ void WriteRow(std::ostream& out, const SchDatRow& r) {
       << ",\"AlarmSound\":" << JsonString(r.AlarmSound) << ",\"AlarmLead\":" << r.AlarmLead << '}';
 }
 
-}  // namespace
-
+// The loaded tables as JSON: weekly holidays, the years with their masks in table order, and
+// the live rows in date order.
 void WriteDumpJson(const ScheduleDocument& doc, std::ostream& out) {
   const SchDatCTL& t = doc.Tables;
   out << "{\"weekHoliday\":";
@@ -53,5 +54,17 @@ void WriteDumpJson(const ScheduleDocument& doc, std::ostream& out) {
   }
   out << "]}\n";
 }
+
+int RunDump(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  RequireArguments(args, {"FILE.scl"});
+  CliStore cli(err);
+  if (!cli.Load(args[0])) return kExitRefused;
+  WriteDumpJson(cli.Document(), out);
+  return kExitDone;
+}
+
+}  // namespace
+
+const Verb kDumpVerb{"dump", "FILE.scl", "the loaded schedule as JSON, the rows by date", RunDump};
 
 }  // namespace sched

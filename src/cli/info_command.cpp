@@ -1,10 +1,11 @@
-#include "cli/info_command.h"
-
 #include <algorithm>
 #include <bit>
 #include <map>
 #include <set>
 
+#include "cli/cli_args.h"
+#include "cli/cli_store.h"
+#include "cli/verb.h"
 #include "store/sch_record.h"
 
 namespace sched {
@@ -52,8 +53,6 @@ Summary Summarize(const SchDatCTL& t) {
   return s;
 }
 
-}  // namespace
-
 void WriteInfo(const ScheduleDocument& doc, std::ostream& out) {
   const Summary s = Summarize(doc.Tables);
   out << "Weekly holidays:";
@@ -78,5 +77,19 @@ void WriteInfo(const ScheduleDocument& doc, std::ostream& out) {
       << "Holiday days set: " << s.holidayOn + s.holidayOff << " (" << s.holidayOn
       << " as holidays, " << s.holidayOff << " as workdays)\n";
 }
+
+int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  RequireArguments(args, {"FILE.scl"});
+  CliStore cli(err);
+  if (!cli.Load(args[0])) return kExitRefused;
+  out << "File: " << args[0] << '\n';
+  WriteInfo(cli.Document(), out);
+  return kExitDone;
+}
+
+}  // namespace
+
+const Verb kInfoVerb{"info", "FILE.scl",
+                     "what the file holds: years, months, counts of rows, series, alarms", RunInfo};
 
 }  // namespace sched

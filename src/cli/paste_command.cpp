@@ -1,44 +1,37 @@
-#include "cli/paste_command.h"
-
-#include <optional>
-
 #include "appointments/copy_paste.h"
 #include "cli/cli_args.h"
 #include "cli/cli_store.h"
 #include "cli/stream_messages.h"
+#include "cli/verb.h"
+#include "store/day_items.h"
 
 namespace sched {
 namespace {
 
-constexpr const char* kUsage =
-    "usage: scltool paste FILE.scl --from YYYY/MM/DD --index K --to YYYY/MM/DD [--single]";
-
-}  // namespace
-
-int RunPasteCommand(const std::vector<std::string>& args, std::ostream& err) {
-  const std::optional<CommandOptions> options =
-      ParseOptions(args, {"--from", "--index", "--to"}, {"--single"});
-  const std::optional<int> index = options && options->Value("--index")
-                                       ? ParseInt(*options->Value("--index"), 10, 1, INT32_MAX)
-                                       : std::nullopt;
-  if (!index || !options->Date("--from") || !options->Date("--to")) {
-    err << kUsage << '\n';
-    return 2;
-  }
-  CliStore cli;
-  if (!cli.Load(options->file)) return 1;
-  ScheduleDocument& doc = cli.Store().Document();
-  StreamMessages messages(err, options->Flag("--single") ? MsgAnswer::No : MsgAnswer::Yes);
+// Copies the Kth item of a day, in the day's order, and pastes it on another date as the
+// window does, keeping a series' rule unless `--single` answers No; then saves the file.
+int RunPaste(const std::vector<std::string>& args, std::ostream&, std::ostream& err) {
+  const CommandOptions options = ParseOptions(args, {"--from", "--index", "--to"}, {"--single"});
+  const CivilDate from = RequireDate(options.Required("--from"));
+  const int index = RequireInt("--index", options.Required("--index"), 1);
+  const CivilDate to = RequireDate(options.Required("--to"));
+  CliStore cli(err);
+  if (!cli.Load(options.file)) return kExitRefused;
+  ScheduleDocument& doc = cli.Document();
+  StreamMessages messages(err, options.Flag("--single") ? MsgAnswer::No : MsgAnswer::Yes);
   CopyPaste copyPaste(cli.Store(), messages);
-  if (!copyPaste.CopySchedule(false, ItemOfDay(doc.Tables, *options->Date("--from"), *index))) {
-    return 1;
-  }
-  const CivilDate to = *options->Date("--to");
+  if (!copyPaste.CopySchedule(false, ItemOfDay(doc.Tables, from, index))) return kExitRefused;
   doc.CurYear = to.year;
   doc.CurMonth = to.month;
   doc.CurDay = to.day;
-  if (!copyPaste.PasteSchedule()) return 1;
-  return cli.Save(options->file) ? 0 : 1;
+  if (!copyPaste.PasteSchedule()) return kExitRefused;
+  return cli.Save(options.file) ? kExitDone : kExitRefused;
 }
+
+}  // namespace
+
+const Verb kPasteVerb{"paste", "FILE.scl --from YYYY/MM/DD --index K --to YYYY/MM/DD [--single]",
+                      "copies a day's item and pastes it on another date, and saves the file",
+                      RunPaste};
 
 }  // namespace sched

@@ -1,5 +1,3 @@
-#include "cli/rule_command.h"
-
 #include <cctype>
 #include <cstdint>
 #include <optional>
@@ -9,21 +7,23 @@
 #include "cli/cli_args.h"
 #include "cli/json_text.h"
 #include "cli/stream_messages.h"
+#include "cli/verb.h"
+#include "core/number_text.h"
 #include "platform/std/console.h"
 
 namespace sched {
 namespace {
 
-constexpr const char* kUsage = "usage: scltool rule WORD [YYYY/MM/DD COUNT]";
-
 // A word as the file holds it (signed) or as it is packed (unsigned, or 0x and hex digits).
-std::optional<std::uint16_t> ParseWord(const std::string& text) {
+std::uint16_t RequireWord(const std::string& text) {
   const bool hex = text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
   const std::optional<int> value = !hex ? ParseInt(text, 10, INT16_MIN, UINT16_MAX)
                                    : std::isxdigit(static_cast<unsigned char>(text[2]))
-                                       ? ParseInt(text.substr(2), 16, 0, 0xFFFF)
+                                       ? ParseInt(std::string_view(text).substr(2), 16, 0, 0xFFFF)
                                        : std::nullopt;
-  if (!value) return std::nullopt;
+  if (!value) {
+    throw UsageError("WORD takes a number from -32768 to 65535 or from 0x0 to 0xFFFF, not " + text);
+  }
   return static_cast<std::uint16_t>(*value);
 }
 
@@ -53,20 +53,18 @@ std::string OpenedSentence(std::uint16_t word, const CivilDate& start, int count
   return model.Controls().Label2;
 }
 
-}  // namespace
+// What a rule word holds, as one line of JSON, and, given a start date and a count, the
+// sentence the repeat dialog shows when it opens on that rule; a message the dialog shows
+// meanwhile goes to `err`.
+int RunRule(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  RequireArguments(args, {"WORD"}, {"YYYY/MM/DD", "COUNT"});
+  const std::uint16_t word = RequireWord(args[0]);
+  const std::optional<CivilDate> start =
+      args.size() == 3 ? std::optional(RequireDate(args[1])) : std::nullopt;
+  const int count = args.size() == 3 ? RequireInt("COUNT", args[2], 1, INT16_MAX) : 0;
 
-int RunRuleCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-  const std::optional<std::uint16_t> word = args.empty() ? std::nullopt : ParseWord(args[0]);
-  const std::optional<CivilDate> start = args.size() == 3 ? ParseDate(args[1]) : std::nullopt;
-  const std::optional<int> count =
-      args.size() == 3 ? ParseInt(args[2], 10, 1, INT16_MAX) : std::nullopt;
-  if (!word || (args.size() != 1 && (!start || !count))) {
-    err << kUsage << '\n';
-    return 2;
-  }
-
-  const DecodedRepeatKind d = DecodeRepeatKind(*word);
-  const std::optional<WeekdayRule> byWeekday = SplitWeekdayRule(*word);
+  const DecodedRepeatKind d = DecodeRepeatKind(word);
+  const std::optional<WeekdayRule> byWeekday = SplitWeekdayRule(word);
   const bool monthByDate = d.code == kCodeMonthly;
   const bool yearByDate = d.code == kCodeYearly;
   const bool hasMonth = yearByDate || d.code == kCodeYearlyWeekday;
@@ -77,11 +75,16 @@ int RunRuleCommand(const std::vector<std::string>& args, std::ostream& out, std:
   Field(out, "isLast", d.isLast);
   Field(out, "weekday", byWeekday ? std::optional<int>(byWeekday->weekday) : std::nullopt);
   Field(out, "day",
-        monthByDate || yearByDate ? std::optional<int>((*word >> 1) & 31) : std::nullopt);
-  Field(out, "month", hasMonth ? std::optional<int>((*word >> 6) & 15) : std::nullopt);
-  if (start) out << ",\"sentence\":" << JsonString(OpenedSentence(*word, *start, *count, err));
+        monthByDate || yearByDate ? std::optional<int>((word >> 1) & 31) : std::nullopt);
+  Field(out, "month", hasMonth ? std::optional<int>((word >> 6) & 15) : std::nullopt);
+  if (start) out << ",\"sentence\":" << JsonString(OpenedSentence(word, *start, count, err));
   out << "}\n";
-  return 0;
+  return kExitDone;
 }
+
+}  // namespace
+
+const Verb kRuleVerb{"rule", "WORD [YYYY/MM/DD COUNT]",
+                     "what a repeat rule word holds, and the repeat dialog's sentence", RunRule};
 
 }  // namespace sched

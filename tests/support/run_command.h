@@ -4,10 +4,8 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <sstream>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace sched {
 
@@ -24,21 +22,6 @@ inline std::pair<int, std::string> RunCommand(const std::string& command) {
   while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) out.append(buffer, n);
   const int status = pclose(pipe);
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out};
-}
-
-// What a command of scltool gave: its result and its two streams.
-struct CommandRun {
-  int result = 0;
-  std::string out;
-  std::string err;
-};
-
-// Runs a command of scltool, `command(args, out, err)`, in the test's process.
-template <class Command>
-CommandRun RunIn(Command command, const std::vector<std::string>& args) {
-  std::ostringstream out, err;
-  const int result = command(args, out, err);
-  return {result, out.str(), err.str()};
 }
 
 }  // namespace sched

@@ -1,0 +1,45 @@
+#include "cli/cli_store.h"
+
+#include <algorithm>
+
+#include "shell/texts.h"
+#include "store/scl_format.h"
+
+namespace sched {
+
+CliStore::CliStore(std::ostream& err)
+    : err_(err), store_(doc_, StoreServices{alarms_, progress_, clock_}) {
+  store_.ClearIndex();
+  store_.ResetHeader();
+}
+
+bool CliStore::Load(const std::string& path) {
+  std::string why;
+  const std::optional<FileBytes> bytes = ReadWholeFile(path, &why);
+  if (!bytes) {
+    err_ << "Read error!\nscltool: " << path << ": " << why << '\n';
+    return false;
+  }
+  const std::span<const std::uint8_t> data = bytes->Span();
+  if (data.size() < kSclMagic.size() ||
+      !std::equal(kSclMagic.begin(), kSclMagic.end(), data.begin())) {
+    err_ << texts::kNotSchedulerFile << '\n';
+    return false;
+  }
+  doc_.ScheduleFile = path;
+  doc_.ScheduleOnPc = 1;
+  const SclLoadResult loaded = store_.LoadSchedule(data);
+  if (loaded) return true;
+  err_ << "Read error!\nscltool: " << path << ": byte " << loaded.error->offset << ": "
+       << loaded.error->what << '\n';
+  return false;
+}
+
+bool CliStore::Save(const std::string& path) {
+  doc_.ScheduleFile = path;
+  if (store_.SaveScheduleFile(path)) return true;
+  err_ << "Write error!\n";
+  return false;
+}
+
+}  // namespace sched

@@ -1,0 +1,65 @@
+#include <algorithm>
+#include <array>
+
+#include "cli/verb.h"
+
+namespace sched {
+namespace {
+
+const std::array<const Verb*, 11> kVerbs = {&kInfoVerb,     &kDumpVerb,  &kResaveVerb, &kSampleVerb,
+                                            &kHolidaysVerb, &kMonthVerb, &kAddVerb,    &kDeleteVerb,
+                                            &kPasteVerb,    &kRuleVerb,  &kAlarmsVerb};
+
+constexpr std::string_view kFirstLead = "usage: ";
+constexpr std::string_view kNextLead = "       ";
+
+// The forms of the verb's synopsis, the first behind `lead` and the others behind blanks; a
+// line that goes on with a form stands under the form's arguments.
+void WriteForms(const Verb& verb, std::string_view lead, std::ostream& out) {
+  const std::string command = "scltool " + std::string(verb.name) + " ";
+  std::string_view rest = verb.synopsis;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    const std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    if (line.starts_with(' ')) {
+      out << std::string(lead.size() + command.size(), ' ') << line << '\n';
+    } else {
+      out << lead << command << line << '\n';
+      lead = kNextLead;
+    }
+  }
+}
+
+}  // namespace
+
+std::span<const Verb* const> Verbs() {
+  return kVerbs;
+}
+
+const Verb* FindVerb(std::string_view name) {
+  const auto it = std::find_if(kVerbs.begin(), kVerbs.end(),
+                               [name](const Verb* verb) { return verb->name == name; });
+  return it == kVerbs.end() ? nullptr : *it;
+}
+
+void WriteUsage(std::ostream& out) {
+  std::string_view lead = kFirstLead;
+  for (const Verb* verb : kVerbs) {
+    WriteForms(*verb, lead, out);
+    lead = kNextLead;
+  }
+  out << kNextLead << "scltool help [VERB] | --help | --version\n\n";
+  for (const Verb* verb : kVerbs) {
+    out << "  " << verb->name << std::string(10 - verb->name.size(), ' ') << verb->summary << '\n';
+  }
+  out << "\nExit status: 0 done; 1 when a file does not load or save, or the program refuses\n"
+         "what is asked, with the reason on standard error; 2 for bad usage.\n";
+}
+
+void WriteVerbUsage(const Verb& verb, std::ostream& out) {
+  WriteForms(verb, kFirstLead, out);
+  out << '\n' << verb.summary << '\n';
+}
+
+}  // namespace sched
