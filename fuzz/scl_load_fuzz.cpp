@@ -276,7 +276,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   bool settled = false;
   for (int round = 0; round < kSettleRounds && !settled; ++round) {
     StoreUnderTest next(onPc);
-    Require(static_cast<bool>(next.store.LoadSchedule(previous)), "saved bytes do not load again");
+    if (!next.store.LoadSchedule(previous)) Fail("saved bytes do not load again");
     const SchDatCTL& t = next.doc.Tables;
     const std::vector<PlacedRow> placed = PlacedLiveRows(t);
     Require(static_cast<int>(placed.size()) == t.RowCount, "RowCount differs after reloading");
