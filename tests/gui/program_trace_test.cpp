@@ -268,6 +268,11 @@ testing::Trace<Program> ProgramTrace() {
     return Join(std::vector<int>{g.x(), g.y(), g.width(), g.height()}, " ",
                 [](int v) { return std::to_string(v); });
   };
+  t.looks["today-on-screen"] = [](S p, auto&) {
+    const QWidget* today = p.app->Window()->TodayButton();
+    const QRect shown(today->mapToGlobal(QPoint(0, 0)), today->size());
+    return YesNo(today->screen()->availableGeometry().contains(shown));
+  };
   t.looks["minimized"] = [](S p, auto&) { return YesNo(p.app->Window()->isMinimized()); };
   t.looks["setting"] = [](S p, auto& key) {
     return p.settings.GetSetting(kSettingsApp, key.substr(0, key.find(',')),
