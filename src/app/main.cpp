@@ -1,5 +1,6 @@
 // scheduler: the desktop companion of the Tarvex organiser.
 #include <QApplication>
+#include <QDir>
 #include <QTimer>
 
 #include "app/scheduler_app.h"
@@ -14,7 +15,22 @@
 #include "platform/qt/qt_settings_store.h"
 #include "platform/std/huge_pages.h"
 #include "platform/std/system_clock.h"
+#include "shell/install.h"
 #include "ui/device_file_dialog.h"
+
+namespace {
+
+// Where a user without an installation gets one from: the data installed beside the program,
+// else the data of the tree it was built from, laid out in the user's data folder.
+sched::InstallSource UserInstallSource() {
+  const QString installed =
+      QDir::cleanPath(QApplication::applicationDirPath() + "/" SCHEDULER_INSTALLED_DATA);
+  return {{installed.toStdString(), SCHEDULER_DATA_DIR},
+          sched::DefaultInstallDir(qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
+                                   QDir::homePath().toStdString())};
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   sched::StartWithHugePages(argv);
@@ -34,7 +50,8 @@ int main(int argc, char** argv) {
   sched::QtBeep beep;
   sched::QtDesktopNotices desktop;
   sched::SchedulerApp scheduler({registry, settings, messages, dialogs, dates, clock, holidays,
-                                 chooser, clockAlarm, beep, desktop});
+                                 chooser, clockAlarm, beep, desktop},
+                                UserInstallSource());
   if (const auto ended = scheduler.Start(QApplication::arguments())) return *ended;
   messages.SetParent(scheduler.Window());
   dialogs.SetParent(scheduler.Window());

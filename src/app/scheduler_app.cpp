@@ -1,16 +1,19 @@
 #include "app/scheduler_app.h"
 
+#include <iostream>
+#include <utility>
+
 #include "core/app_texts.h"
 #include "core/calendar.h"
 #include "shell/device_service.h"
 #include "shell/settings.h"
-#include "shell/startup.h"
 #include "views/calendar_views.h"
 
 namespace sched {
 
-SchedulerApp::SchedulerApp(AppPorts ports)
+SchedulerApp::SchedulerApp(AppPorts ports, InstallSource source)
     : p_(ports),
+      source_(std::move(source)),
       noticeWindows_(p_.dates),
       alarms_(
           AlarmServices{doc_.Tables, p_.clock, p_.clockAlarm, p_.beep, p_.desktop, noticeWindows_}),
@@ -20,8 +23,14 @@ SchedulerApp::SchedulerApp(AppPorts ports)
 SchedulerApp::~SchedulerApp() = default;
 
 std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
-  const auto installDir = ReadInstallDir(p_.registry);
-  if (!installDir) return 0;  // not installed: nothing to say
+  const DateTime now = p_.clock.Now();
+  std::string why;
+  const auto installDir =
+      InstallDirForStart(p_.registry, source_, {now.year, now.month, now.day}, why);
+  if (!installDir) {
+    std::cerr << "scheduler: " << why << "\n";
+    return 0;
+  }
   if (instance_.ActivateRunningInstance()) {
     state_.ExitNoSave = true;
     return 0;

@@ -17,6 +17,7 @@
 #include "shell/cache_device_files.h"
 #include "shell/device_file_chooser.h"
 #include "shell/paths.h"
+#include "shell/startup.h"
 #include "ui/appointment_dialogs.h"
 #include "ui/disconnection_setup_dialog.h"
 #include "ui/form1.h"
@@ -45,11 +46,13 @@ struct AppPorts {
 // order and ended by the main window.
 class SchedulerApp {
  public:
-  explicit SchedulerApp(AppPorts ports);
+  // `source` lays out the user's installation when none is registered; without it such a start
+  // ends.
+  explicit SchedulerApp(AppPorts ports, InstallSource source = {});
   ~SchedulerApp();
 
   // Brings the program up. Nothing when it runs; else the exit status of a start that ended
-  // at once (no installation, another instance running, a broken installation).
+  // at once (no installation to be had, another instance running, a broken installation).
   std::optional<int> Start(const QStringList& arguments);
 
   SchMain* Window() const { return window_.get(); }
@@ -67,6 +70,7 @@ class SchedulerApp {
   void OpenStartFile(const QString& commandLineFile);
 
   AppPorts p_;
+  InstallSource source_;
   SingleInstance instance_;
   AppState state_;
   InstallPaths paths_;

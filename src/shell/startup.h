@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "core/calendar.h"
 #include "platform/holiday_calendar.h"
 #include "platform/messages.h"
 #include "platform/registry.h"
@@ -9,6 +12,20 @@
 #include "shell/paths.h"
 
 namespace sched {
+
+// Where a user's installation comes from when none is registered: the folders where the
+// program's shipped data may be, the first that holds its country files taken, and the folder
+// to lay the installation out in.
+struct InstallSource {
+  std::vector<std::string> dataDirs;
+  std::string installDir;
+};
+
+// The install folder that a start runs on: the registered one; else one laid out from the
+// shipped data and registered first, as the set-up step does. Nothing when neither can be had,
+// and `why` then says what is missing.
+std::optional<std::string> InstallDirForStart(Registry& registry, const InstallSource& source,
+                                              const CivilDate& today, std::string& why);
 
 // Opens the country file named in the registry for the named holidays. False when the
 // program's registry key is missing: the installation is broken and the program ends (after

@@ -21,6 +21,7 @@
 #include "core/app_texts.h"
 #include "shell/clock_text.h"
 #include "shell/settings.h"
+#include "shell/window_fit.h"
 #include "ui/day_tab.h"
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
@@ -313,18 +314,21 @@ void SchMain::ShowLinkMenu(bool shown) {
 
 void SchMain::RestoreWindowPlacement() {
   const auto placement = ReadWindowPlacement(s_.settings, kDayviewSection);
-  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
   const QRect stored = placement ? QRect(QPoint(placement->left, placement->top),
                                          QPoint(placement->right - 1, placement->bottom - 1))
                                  : QRect();
   // A place off every screen (a monitor since removed) counts as none.
-  if (!placement || stored.width() < 200 || stored.height() < 150 ||
-      QGuiApplication::screenAt(stored.center()) == nullptr) {
-    const QSize fitting = size().boundedTo(screen.size());
-    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, fitting, screen));
+  const QScreen* screen = placement ? QGuiApplication::screenAt(stored.center()) : nullptr;
+  if (screen == nullptr || stored.width() < 200 || stored.height() < 150) {
+    const QRect primary = QGuiApplication::primaryScreen()->availableGeometry();
+    const QSize fitting = size().boundedTo(primary.size());
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, fitting, primary));
     return;
   }
-  setGeometry(stored);
+  const QRect area = screen->availableGeometry();
+  const ScreenRect fitted = FitToArea({stored.x(), stored.y(), stored.width(), stored.height()},
+                                      {area.x(), area.y(), area.width(), area.height()});
+  setGeometry(fitted.left, fitted.top, fitted.width, fitted.height);
   if (placement->showState == 3) setWindowState(Qt::WindowMaximized);
 }
 

@@ -71,9 +71,10 @@ struct Program : ViewsGuiTest {
     return text;
   }
   // Starts with the arguments, on `ports`, and checks that the program runs or ends with EXIT.
-  void StartOn(AppPorts ports, const std::string& args, const std::string& exit) {
+  void StartOn(AppPorts ports, const std::string& args, const std::string& exit,
+               InstallSource source = {}) {
     app.reset();
-    app = std::make_unique<SchedulerApp>(ports);
+    app = std::make_unique<SchedulerApp>(ports, std::move(source));
     QStringList list{"scheduler"};
     if (!args.empty()) list << QString::fromStdString(Path(args));
     const std::optional<int> result = app->Start(list);
@@ -160,9 +161,12 @@ testing::Trace<Program> ProgramTrace() {
     static FakeRegistry broken;
     broken = FakeRegistry();
     if (r[1] == "key") broken.WriteString(kInstallKey, kInstallDirValue, p.install);
+    InstallSource source;
+    if (r[1] == "folder+data")
+      source = {{p.Path("$dir/gone"), SCHEDULER_DATA_DIR}, p.Path("$dir/fresh")};
     p.StartOn({broken, p.settings, p.messages, p.dialogs, p.dates, p.clock, p.holidays, p.chooser,
                p.clockAlarm, p.beep, p.desktop},
-              r[2], r[3]);
+              r[2], r[3], source);
   };
   t.steps["second-start"] = [](S p, R r) {
     p.fronted = std::make_unique<QSignalSpy>(p.app->Window(), &SchMain::BroughtToFront);
@@ -267,6 +271,11 @@ testing::Trace<Program> ProgramTrace() {
     const QRect g = p.app->Window()->geometry();
     return Join(std::vector<int>{g.x(), g.y(), g.width(), g.height()}, " ",
                 [](int v) { return std::to_string(v); });
+  };
+  t.looks["today-on-screen"] = [](S p, auto&) {
+    const QWidget* today = p.app->Window()->TodayButton();
+    const QRect shown(today->mapToGlobal(QPoint(0, 0)), today->size());
+    return YesNo(today->screen()->availableGeometry().contains(shown));
   };
   t.looks["minimized"] = [](S p, auto&) { return YesNo(p.app->Window()->isMinimized()); };
   t.looks["setting"] = [](S p, auto& key) {

@@ -8,6 +8,7 @@
 #include "core/registry_keys.h"
 #include "platform/fake/fake_registry.h"
 #include "shell/paths.h"
+#include "shell/startup.h"
 #include "tests/shell/shell_test_support.h"
 #include "tests/support/test_store.h"
 
@@ -149,6 +150,44 @@ TEST_F(InstallFixture, ARegistryThatRefusesWritesIsReported) {
   const InstallReport report = Install();
   EXPECT_FALSE(report.failures.empty());
   EXPECT_FALSE(ReadInstallDir(registry));
+}
+
+TEST_F(InstallFixture, AStartWithoutAnInstallationLaysOneOutFromTheShippedData) {
+  std::string why;
+  const InstallSource source{{dir.File("gone"), data.string()}, defaultDir};
+  EXPECT_EQ(InstallDirForStart(registry, source, kToday, why), defaultDir);
+  EXPECT_TRUE(fs::exists(defaultDir + "/userdata/PIMdata/Sample.scl"));
+  EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayUS.ini");
+  // Once registered, the installation is taken as it is.
+  EXPECT_EQ(InstallDirForStart(registry, {{}, dir.File("other")}, kToday, why), defaultDir);
+  EXPECT_EQ(why, "");
+  EXPECT_FALSE(fs::exists(dir.File("other")));
+}
+
+TEST_F(InstallFixture, AStartThatCannotHaveAnInstallationSaysWhy) {
+  const std::string none = "not installed for this user, and no installed data to lay it out from";
+  struct Case {
+    std::vector<std::string> dataDirs;
+    bool failWrites;
+    std::string why;
+  };
+  const Case cases[] = {
+      {{}, false, none},
+      {{dir.File("gone"), dir.File("lost")},
+       false,
+       none + " (no pcapps in " + dir.File("gone") + ", " + dir.File("lost") + ")"},
+      {{data.string()},
+       true,
+       "could not lay out an installation in " + defaultDir + ": could not make " + kInstallKey +
+           "\\" + kInstallDirValue + " = " + defaultDir},
+  };
+  for (const Case& c : cases) {
+    FakeRegistry empty;
+    empty.failWrites = c.failWrites;
+    std::string why;
+    EXPECT_FALSE(InstallDirForStart(empty, {c.dataDirs, defaultDir}, kToday, why));
+    EXPECT_EQ(why, c.why);
+  }
 }
 
 TEST(DefaultInstallDir, UsesAnAbsoluteDataHomeElseTheHomeFolder) {
