@@ -80,9 +80,6 @@ struct Countries : CountryFolder {
       : CountryFolder({"holidayJP.ini", "holidayUS.ini", "holidayDE.ini"}, "holidayUS.ini") {
     Write("holidayXX.ini", "Broken\nthis is no rule\n");
   }
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
-  }
 };
 
 using S = Countries&;
@@ -90,6 +87,7 @@ using R = const CaseRow&;
 
 testing::Trace<Countries> CountryDialogTrace() {
   testing::Trace<Countries> t;
+  testing::AddMessageWords(t);
   t.steps["load"] = [](S c, R r) { EXPECT_EQ(c.model.Form_Load(), r.YesNo(1)) << r.where; };
   // The dialog loaded, and the entry with the title selected.
   t.steps["choose"] = [](S c, R r) {
@@ -103,9 +101,6 @@ testing::Trace<Countries> CountryDialogTrace() {
   t.steps["select"] = [](S c, R r) { c.model.SetListIndex(r.Int(1)); };
   t.steps["ok"] = [](S c, R) { c.model.OKButton_Click(); };
   t.steps["cancel"] = [](S c, R) { c.model.CancelButton_Click(); };
-  t.steps["answer"] = [](S c, R r) {
-    c.messages.QueueAnswer(r[1] == "yes" ? MsgAnswer::Yes : MsgAnswer::No);
-  };
   t.steps["in-use"] = [](S c, R r) {
     c.registry.WriteString(kSchedulerKey, kHolidayIniValue, r[1]);
   };
@@ -146,7 +141,6 @@ testing::Trace<Countries> CountryDialogTrace() {
     }
     return "other";
   };
-  t.looks["messages"] = [](S c, auto&) { return testing::NewMessageLines(c.messages, c.seen); };
   return t;
 }
 
