@@ -2,9 +2,11 @@
 
 #include <string>
 
+#include "commands/document_commands.h"
 #include "commands/document_session.h"
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_device_files.h"
+#include "platform/fake/fake_file_dialogs.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_settings_store.h"
 #include "tests/support/recording_document_view.h"
@@ -45,6 +47,16 @@ struct TestSession : WithTempDir {
     const std::string path = dir.File(name);
     return maker.store.SaveScheduleFile(path) ? path : "";
   }
+};
+
+// The document commands over a test session, with fake file dialogs; the device's cache is the
+// folder "cache" of the temporary folder.
+struct TestCommands : TestSession {
+  FakeFileDialogs dialogs;
+  RecordingNotices notices;
+  AppState state;
+  DocumentCommands commands{DocumentServices{session, window, notices, messages, dialogs, device,
+                                             state, dir.File("cache")}};
 };
 
 }  // namespace sched
