@@ -34,12 +34,6 @@ struct TestSession : WithTempDir {
 
   TestSession() { session.ResetToToday(true); }
 
-  std::vector<std::string> Texts() const {
-    std::vector<std::string> texts;
-    for (const auto& m : messages.Shown()) texts.push_back(m.text);
-    return texts;
-  }
-
   // A schedule file in the temporary folder with one item.
   std::string MakeFile(const std::string& name, const std::string& title) {
     FakeStore maker;
