@@ -91,7 +91,6 @@ testing::Trace<Documents> DocumentsTrace() {
   };
   t.steps["device-cache"] = [](S d, R) { d.device.cacheRoot = d.dir.File("cache"); };
   t.steps["device-refuses"] = [](S d, R) { d.device.putResult = 7; };
-  t.steps["device-name"] = [](S d, R r) { d.device.saveDialogAnswer = r[1]; };
   t.steps["device-clear"] = [](S d, R) { d.device.files.clear(); };
   // A file's bytes kept, to see later whether they changed.
   t.steps["keep"] = [](S d, R r) { d.kept[r[1]] = ReadBytes(d.Path(r[1])); };
