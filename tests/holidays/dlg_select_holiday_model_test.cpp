@@ -19,15 +19,11 @@ using testing::CaseRow;
 using testing::ReadCases;
 using testing::Unescaped;
 
-void WriteText(const std::string& path, const std::string& text) {
-  WriteBytes(path, std::vector<std::uint8_t>(text.begin(), text.end()));
-}
-
 TEST(CountryFileList, ListsHolidayIniFilesInAnyCaseSortedAsAFileList) {
   TempDir dir;
   for (const char* name : {"holidayUS.ini", "HOLIDAYde.INI", "holiday.ini", "holidayJP.ini.bak",
                            "myholidayFR.ini", "holidayFR.txt", "readme.ini"}) {
-    WriteText(dir.File(name), "x");
+    dir.Write(name, "x");
   }
   std::filesystem::create_directory(dir.Path() / "holidayDir.ini");
   EXPECT_EQ(ListCountryFiles(dir.Path().string()),
@@ -44,11 +40,10 @@ TEST(CountryFileList, ACountryFileNameFollowsThePatternHolidayStarIni) {
 TEST(CountryFileList, TheTitleIsTheFirstLineUpToCrOrLf) {
   TempDir dir;
   for (const CaseRow& row : ReadCases("holidays/country-titles.txt", 2, 6)) {
-    WriteText(dir.File("holidayXX.ini"), Unescaped(row[0]));
+    dir.Write("holidayXX.ini", Unescaped(row[0]));
     EXPECT_EQ(ReadCountryTitle(dir.File("holidayXX.ini")), Unescaped(row[1])) << row.where;
   }
-  WriteText(dir.File("empty.ini"), "");
-  EXPECT_EQ(ReadCountryTitle(dir.File("empty.ini")), "");
+  EXPECT_EQ(ReadCountryTitle(dir.Write("empty.ini", "")), "");
   EXPECT_EQ(ReadCountryTitle(dir.File("gone.ini")), "");
 }
 
