@@ -145,15 +145,10 @@ testing::Trace<AlarmDay> AlarmTrace() {
     d.engine.SortTodayAlarms();
     d.engine.ArmNextAlarm();
   };
-  t.steps["new-document"] = [](S d, R) {
-    d.store.ClearIndex();
-    d.store.ResetHeader();
-  };
   t.steps["rebuild"] = [](S d, R) { d.engine.RebuildTodayAlarms(); };
   t.steps["watch"] = [](S d, R) { d.engine.WatchDayChange(); };
   t.steps["hold"] = [](S d, R) { d.engine.HoldNotices(); };
   t.steps["release"] = [](S d, R) { d.engine.ReleaseNotices(); };
-  t.steps["ring-alarm-on-pc"] = [](S d, R r) { d.engine.BeepAlarm = r.YesNo(1); };
   // A message box that stays open while the clock runs to the moment.
   t.steps["message-open-until"] = [](S d, R r) {
     struct Open : Messages {

@@ -6,6 +6,7 @@
 #include "appointments/texts.h"
 #include "store/stamp.h"
 #include "tests/support/case_file.h"
+#include "tests/support/message_lines.h"
 #include "tests/support/test_store.h"
 #include "tests/support/written_records.h"
 
@@ -50,16 +51,12 @@ struct Clipboard {
   }
 };
 
-std::uint16_t Word(const CaseRow& c, std::size_t i) {
-  return static_cast<std::uint16_t>(std::stoi(c[i], nullptr, 16));
-}
-
 TEST(CopyPaste, APasteWritesTheCopyOnTheShownDate) {
   for (const CaseRow& c : ReadCases("appointments/pastes.txt", 10, 20)) {
     Clipboard b;
-    const int copied = b.Enter(Word(c, 0), c.Date(1), c.Int(2));
+    const int copied = b.Enter(c.Hex(0), c.Date(1), c.Int(2));
     // The copied row holds the word as the case writes it, as a file may hold it.
-    b.s.doc.Tables.SchDatList.At(copied).RepeatKind = static_cast<std::int16_t>(Word(c, 0));
+    b.s.doc.Tables.SchDatList.At(copied).RepeatKind = static_cast<std::int16_t>(c.Hex(0));
     ASSERT_TRUE(b.copyPaste.CopySchedule(false, copied)) << c.where;
     if (c.YesNo(3)) b.s.store.DeleteItem(RowToRecord(b.s.doc.Tables.SchDatList.At(copied)));
     b.Show(c.Date(4));
@@ -73,23 +70,21 @@ TEST(CopyPaste, APasteWritesTheCopyOnTheShownDate) {
     EXPECT_EQ(DatesOf(pasted), c[8]) << c.where;
     EXPECT_EQ(WarningTexts(b.messages, asked ? 1 : 0), MessageList(c[9])) << c.where;
     if (asked) {
-      const MessageRequest& question = b.messages.Shown().front();
-      EXPECT_EQ(question.text, t::kKeepRegular) << c.where;
-      EXPECT_EQ(question.title, kAppTitle);
-      EXPECT_EQ(question.icon, MsgIcon::Exclamation);
-      EXPECT_EQ(question.buttons, MsgButtons::YesNo);
+      EXPECT_EQ(testing::MessageLine(b.messages.Shown().front()),
+                "[Scheduler, Exclamation, YesNo] " + std::string(t::kKeepRegular))
+          << c.where;
     }
     EXPECT_EQ(b.s.clock.Readings() - readings, 1) << c.where << ": one stamp a paste";
     EXPECT_EQ(DateText(b.s.doc.CurYear, b.s.doc.CurMonth, b.s.doc.CurDay), c[4]) << c.where;
 
-    const bool series = Word(c, 0) != 0 && c[5] != "no";
+    const bool series = c.Hex(0) != 0 && c[5] != "no";
     const std::int32_t stamp = StampOf(kPasteTime);
     for (std::size_t i = 0; i < pasted.size(); ++i) {
       const SchRecord& r = pasted[i];
       EXPECT_EQ(EndText(r), c[7]) << c.where;
-      EXPECT_EQ(r.RepeatKind, static_cast<std::int16_t>(Word(c, 6))) << c.where;
+      EXPECT_EQ(r.RepeatKind, static_cast<std::int16_t>(c.Hex(6))) << c.where;
       EXPECT_EQ(r.Title + "/" + r.Place, "Standup/Room 1") << c.where;
-      EXPECT_EQ(r.StartTime, Word(c, 0) == kOverDaysWord ? -1 : 540) << c.where;
+      EXPECT_EQ(r.StartTime, c.Hex(0) == kOverDaysWord ? -1 : 540) << c.where;
       EXPECT_EQ(r.Stamp, stamp) << c.where;
       EXPECT_EQ(r.SubNo, series ? static_cast<int>(i) + 1 : 0) << c.where;
       EXPECT_EQ(r.ParentSubNo, series ? 1 : 0) << c.where;

@@ -34,7 +34,7 @@ void BuildSchedule(FakeStore& s) {
     const int start = c.Int(6);
     SchRecord item =
         MakeItem(date.year, date.month, date.day, start, start < 0 ? -1 : start + 60, c[2]);
-    item.RepeatKind = static_cast<std::int16_t>(std::stoi(c[5], nullptr, 16));
+    item.RepeatKind = static_cast<std::int16_t>(c.Hex(5));
     if (item.RepeatKind == 0) {
       s.store.InsertRecord(item);
     } else {

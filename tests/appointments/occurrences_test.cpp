@@ -59,13 +59,9 @@ int CodeOfKind(const CaseRow& c) {
   return it == kCodes.end() ? kCodeNone : it->second;
 }
 
-std::uint16_t Word(const CaseRow& c, std::size_t i) {
-  return static_cast<std::uint16_t>(std::stoi(c[i], nullptr, 16));
-}
-
 // Writes the case's item into a new document.
 void ExpandCase(Maker& m, const CaseRow& c) {
-  m.SetRule(CodeOfKind(c), c.Int(2), c.Int(3), Word(c, 4));
+  m.SetRule(CodeOfKind(c), c.Int(2), c.Int(3), c.Hex(4));
   ASSERT_TRUE(m.maker.Expand(TimedOn(c.Date(1)), std::nullopt)) << c.where;
 }
 
@@ -79,10 +75,10 @@ TEST(Occurrences, RepeatingItemsGiveTheirDatesWordEndAndWarning) {
     ExpandCase(m, c);
     const std::vector<SchRecord> records = m.Live();
     EXPECT_EQ(DatesOf(records), c[7]) << c.where;
-    EXPECT_EQ(m.work.WorkRepeatKind, Word(c, 5)) << c.where;
+    EXPECT_EQ(m.work.WorkRepeatKind, c.Hex(5)) << c.where;
     for (const SchRecord& r : records) {
       EXPECT_EQ(EndText(r), c[6]) << c.where;
-      EXPECT_EQ(r.RepeatKind, static_cast<std::int16_t>(Word(c, 5))) << c.where;
+      EXPECT_EQ(r.RepeatKind, static_cast<std::int16_t>(c.Hex(5))) << c.where;
     }
     EXPECT_EQ(m.Warnings(), MessageList(c[8])) << c.where;
   }
@@ -92,7 +88,7 @@ TEST(Occurrences, RepeatingItemsGiveTheirDatesWordEndAndWarning) {
 // the same records again, under the same identity.
 TEST(Occurrences, ASeriesReadBackAndWrittenAgainIsTheSameSeries) {
   for (const CaseRow& c : Expansions()) {
-    if (Word(c, 5) == 0) continue;  // no series is left to open
+    if (c.Hex(5) == 0) continue;  // no series is left to open
     Maker m;
     ExpandCase(m, c);
     const std::vector<SchRecord> before = m.Live();
@@ -225,34 +221,6 @@ TEST(Occurrences, AStartAfterTheEndWritesNothing) {
     EXPECT_TRUE(m.Live().empty());
     EXPECT_EQ(m.s.clock.Readings(), 0);
   }
-}
-
-TEST(Occurrences, AnItemOverThirtyDaysIsWrittenAndOverThirtyOneRefused) {
-  Maker m;
-  m.SetRule(kCodeOverDays, 1, 1);
-  AppointmentInput trip = TimedOn({1999, 12, 17});
-  trip.end = {2000, 1, 15};
-  ASSERT_TRUE(m.maker.Expand(trip, std::nullopt));
-  const std::vector<SchRecord> days = m.Live();
-  ASSERT_EQ(days.size(), 30u);
-  EXPECT_EQ(StartText(days.back()), "2000-01-15");
-  for (std::size_t i = 0; i < days.size(); ++i) {
-    EXPECT_EQ(EndText(days[i]), "2000-01-15");
-    EXPECT_EQ(days[i].RepeatKind, kMultiDayKind);
-    EXPECT_EQ(days[i].StartTime, -1);  // a span has no times
-    EXPECT_EQ(days[i].SubNo, static_cast<int>(i) + 1);
-  }
-  const SpanInEditor span = LoadSpanIntoEditor(m.s.doc.Tables, 1, days[0].ParentStamp);
-  EXPECT_EQ(span.first, (CivilDate{1999, 12, 17}));
-  EXPECT_EQ(span.last, (CivilDate{2000, 1, 15}));
-  EXPECT_TRUE(m.Warnings().empty());
-
-  trip.end = {2000, 1, 16};
-  EXPECT_FALSE(m.maker.Expand(trip, std::nullopt));
-  EXPECT_EQ(m.Warnings(), MessageList(appointment_texts::kOverlap30Days));
-  trip.end = {1999, 12, 16};  // before the start
-  EXPECT_FALSE(m.maker.Expand(trip, std::nullopt));
-  EXPECT_EQ(m.Live().size(), 30u);
 }
 
 }  // namespace

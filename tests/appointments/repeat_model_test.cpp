@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
-#include "platform/key_codes.h"
 #include "tests/support/date_text.h"
+#include "tests/support/key_names.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/trace.h"
 
@@ -16,11 +15,11 @@ namespace sched {
 namespace {
 
 using testing::CaseRow;
+using testing::ReadCases;
 using testing::YesNo;
 using Field = RepeatNumberField;
 
-// The repeat dialog over its working values, as tests/data/appointments/repeat-dialog.txt
-// drives it.
+// The repeat dialog over its working values.
 struct Dialog {
   RepeatWork work;
   FakeMessages messages;
@@ -28,8 +27,13 @@ struct Dialog {
   FakeDateFormatter dates;
   RepeatModel model{work, messages, dates};
 
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
+  // Opens the dialog of an item that has the rule `word`, `count` times, starting on `start`.
+  void OpenRule(std::uint16_t word, const CivilDate& start, int count) {
+    work.WorkRepeatKind = word;
+    work.Decode(word);
+    work.RepeatFree = 0;
+    work.RepeatCount = static_cast<std::int16_t>(count);
+    model.Open(start);
   }
 };
 
@@ -42,10 +46,41 @@ std::string Range(const RepeatNumber& n) {
   return std::to_string(n.value) + " " + std::to_string(n.min) + ".." + std::to_string(n.max);
 }
 
-std::string Hex(std::uint16_t word) {
-  char text[8];
-  std::snprintf(text, sizeof text, "0x%04X", word);
-  return text;
+// A click on an option works out afresh whether its kind fits, whatever was noted before.
+TEST(RepeatModel, EachKindFitsAsOftenAsTheDaysTo2099Allow) {
+  for (const CaseRow& row : ReadCases("appointments/repeat-fits.txt", 4, 15)) {
+    Dialog d;
+    d.model.Open(row.Date(0));
+    const int option = row.Int(1);
+    const bool fits = row[2] != "-";
+    EXPECT_EQ(d.model.Option1Enabled(option), fits) << row.where;
+    d.work.CanOption(option) = !fits;
+    d.model.Option1_Click(option);
+    EXPECT_EQ(d.work.CanOption(option), fits) << row.where;
+    EXPECT_EQ(d.model.CurrentOption(), fits ? option : kOptionNone) << row.where;
+    EXPECT_EQ(d.model.Controls().Frame1Visible, fits) << row.where;
+    if (fits) {
+      EXPECT_EQ(Range(d.model.Controls().ImNumber1), "2 " + row[2]) << row.where;
+      EXPECT_EQ(Range(d.model.Controls().ImNumber2), "1 " + row[3]) << row.where;
+    } else {
+      EXPECT_EQ(d.model.Controls().Label2, " No Repeat ") << row.where;
+    }
+  }
+}
+
+TEST(RepeatModel, ARuleThatNoLongerFitsSaysSoAndOpensAtNone) {
+  for (const CaseRow& row : ReadCases("appointments/repeat-no-more.txt", 3, 6)) {
+    Dialog d;
+    d.OpenRule(row.Hex(0), row.Date(1), 3);
+    EXPECT_EQ(testing::NewMessageLines(d.messages, d.seen),
+              "[Scheduler, Exclamation, Ok] " + row[2])
+        << row.where;
+    EXPECT_EQ(d.model.CurrentOption(), kOptionNone) << row.where;
+    EXPECT_EQ(d.model.Controls().Option1, kOptionNone) << row.where;
+    EXPECT_FALSE(d.model.Controls().Frame1Visible) << row.where;
+    EXPECT_EQ(d.model.Controls().Label2, " No Repeat ") << row.where;
+    EXPECT_EQ(d.work.RepeatCount, 3) << row.where;
+  }
 }
 
 // The state and the line of a step, short for the many steps and looks below.
@@ -54,20 +89,16 @@ using R = const CaseRow&;
 
 testing::Trace<Dialog> RepeatDialogTrace() {
   testing::Trace<Dialog> t;
+  testing::AddMessageWords(t);
   const auto n = [](int value) { return std::to_string(value); };
   // A new item's dialog, without a rule, on a start date.
   t.steps["new"] = [](S d, R row) { d.model.Open(row.Date(1)); };
   // The dialog of an item with a rule: word, start, count, and where it was made with its
   // noted last date (codes) when given.
   t.steps["rule"] = [](S d, R row) {
-    const auto word = static_cast<std::uint16_t>(std::stoi(row[1], nullptr, 16));
-    d.work.WorkRepeatKind = word;
-    d.work.Decode(word);
-    d.work.RepeatFree = 0;
-    d.work.RepeatCount = static_cast<std::int16_t>(row.Int(3));
     d.work.RepeatStartCode = row[4].empty() ? 0 : row.Int(4);
     d.work.RepeatLastCode = row[5].empty() ? -1 : row.Int(5);
-    d.model.Open(row.Date(2));
+    d.OpenRule(row.Hex(1), row.Date(2), row.Int(3));
   };
   t.steps["option1"] = [](S d, R row) { d.model.Option1_Click(row.Int(1)); };
   t.steps["option2"] = [](S d, R row) { d.model.Option2_Click(row.Int(1)); };
@@ -77,9 +108,8 @@ testing::Trace<Dialog> RepeatDialogTrace() {
   t.steps["type"] = [](S d, R row) { d.model.ImNumber_Change(FieldOf(row), row.Int(2)); };
   // A key on a number box, and whether the box used it.
   t.steps["key"] = [](S d, R row) {
-    const std::map<std::string, int> keys = {
-        {"up", kKeyUp}, {"down", kKeyDown}, {"enter", kKeyEnter}, {"left", kKeyLeft}};
-    EXPECT_EQ(d.model.ImNumber_KeyDown(FieldOf(row), keys.at(row[2])), row.YesNo(3)) << row.where;
+    EXPECT_EQ(d.model.ImNumber_KeyDown(FieldOf(row), testing::KeyNamed(row[2])), row.YesNo(3))
+        << row.where;
   };
   t.steps["spin"] = [](S d, R row) { d.model.UpDown_Click(FieldOf(row), row.Int(2)); };
   t.steps["ok"] = [](S d, R row) {
@@ -87,8 +117,6 @@ testing::Trace<Dialog> RepeatDialogTrace() {
   };
   t.steps["cancel"] = [](S d, R) { d.model.CancelButton_Click(); };
   t.steps["unload"] = [](S d, R) { d.model.Form_Unload(); };
-  // A kind's flag of the working values set by hand, or the code.
-  t.steps["set-can"] = [](S d, R row) { d.work.CanOption(row.Int(1)) = row.YesNo(2); };
   t.steps["set-code"] = [](S d, R row) {
     d.work.RepeatCode = static_cast<std::int16_t>(row.Int(1));
   };
@@ -96,7 +124,13 @@ testing::Trace<Dialog> RepeatDialogTrace() {
   // What the dialog shows.
   t.looks["option"] = [n](S d, auto&) { return n(d.model.CurrentOption()); };
   t.looks["option1"] = [n](S d, auto&) { return n(d.model.Controls().Option1); };
-  t.looks["enabled"] = [](S d, auto& i) { return YesNo(d.model.Option1Enabled(stoi(i))); };
+  t.looks["enabled"] = [n](S d, auto&) {
+    std::string options;
+    for (int option = kOptionNone; option <= kOptionYearly; ++option) {
+      if (d.model.Option1Enabled(option)) options += (options.empty() ? "" : " ") + n(option);
+    }
+    return options;
+  };
   t.looks["frame"] = [](S d, auto&) { return YesNo(d.model.Controls().Frame1Visible); };
   t.looks["option2"] = [n](S d, auto&) { return n(d.model.Controls().Option2); };
   t.looks["option2-shown"] = [](S d, auto&) { return YesNo(d.model.Controls().Option2Visible); };
@@ -129,27 +163,26 @@ testing::Trace<Dialog> RepeatDialogTrace() {
   t.looks["saved"] = [n](S d, auto&) {
     return n(d.model.SavedCount()) + " " + n(d.model.SavedCode());
   };
-  t.looks["messages"] = [](S d, auto&) { return testing::NewMessageLines(d.messages, d.seen); };
 
-  // The working values the dialog leaves for the edit dialog.
-  t.looks["rule.word"] = [](S d, auto&) { return Hex(d.work.WorkRepeatKind); };
+  // The working values the dialog leaves for the edit dialog: all of the rule as "word code
+  // option free count, step stepUsed: startCode to lastCode (last date)", or a part of it.
+  t.looks["rule"] = [n](S d, auto&) {
+    const RepeatWork& w = d.work;
+    return testing::HexWord(w.WorkRepeatKind) + " " + n(w.RepeatCode) + " " + n(w.RepeatOption) +
+           " " + n(w.RepeatFree) + " " + n(w.RepeatCount) + ", " + n(w.RepeatStep) + " " +
+           n(w.RepeatStepUsed) + ": " + n(w.RepeatStartCode) + " to " + n(w.RepeatLastCode) + " (" +
+           DateText({w.RepeatLastYear, w.RepeatLastMonth, w.RepeatLastDay}) + ")";
+  };
+  t.looks["rule.word"] = [](S d, auto&) { return testing::HexWord(d.work.WorkRepeatKind); };
   t.looks["rule.code"] = [n](S d, auto&) { return n(d.work.RepeatCode); };
-  t.looks["rule.option"] = [n](S d, auto&) { return n(d.work.RepeatOption); };
   t.looks["rule.free"] = [n](S d, auto&) { return n(d.work.RepeatFree); };
   t.looks["rule.count"] = [n](S d, auto&) { return n(d.work.RepeatCount); };
   t.looks["rule.can"] = [](S d, auto& i) { return YesNo(d.work.CanOption(stoi(i))); };
-  // "step stepUsed: startCode to lastCode (lastYear-lastMonth-lastDay)"
-  t.looks["rule.span"] = [n](S d, auto&) {
-    const RepeatWork& w = d.work;
-    return n(w.RepeatStep) + " " + n(w.RepeatStepUsed) + ": " + n(w.RepeatStartCode) + " to " +
-           n(w.RepeatLastCode) + " (" +
-           DateText({w.RepeatLastYear, w.RepeatLastMonth, w.RepeatLastDay}) + ")";
-  };
   return t;
 }
 
 TEST(RepeatModel, FollowsTheTraces) {
-  RepeatDialogTrace().Run("appointments/repeat-dialog.txt", 6, 300);
+  RepeatDialogTrace().Run("appointments/repeat-dialog.txt", 6, 150);
 }
 
 }  // namespace

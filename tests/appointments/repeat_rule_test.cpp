@@ -34,7 +34,7 @@ void ExpectField(const std::optional<T>& value, const CaseRow& row, std::size_t 
 
 TEST(RepeatRule, WordsReadBackAsTheKindTheyWereBuiltFor) {
   for (const CaseRow& row : testing::ReadCases("appointments/rule-words.txt", 9, 20)) {
-    const auto word = static_cast<std::uint16_t>(std::stoi(row[0], nullptr, 16));
+    const std::uint16_t word = row.Hex(0);
     const DecodedRepeatKind d = DecodeRepeatKind(word);
     EXPECT_EQ(d.code, row.Int(1)) << row.where;
     ExpectField(d.option, row, 2, "option");

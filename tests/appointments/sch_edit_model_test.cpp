@@ -4,14 +4,13 @@
 
 #include <cstdio>
 #include <functional>
-#include <map>
 #include <memory>
 #include <sstream>
 
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
-#include "platform/key_codes.h"
 #include "tests/support/date_text.h"
+#include "tests/support/key_names.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/row_looks.h"
 #include "tests/support/test_store.h"
@@ -39,6 +38,26 @@ std::string Text(const std::optional<CivilDate>& d) {
 }
 std::string Text(const std::optional<int>& minutes) {
   return minutes ? std::to_string(*minutes) : "none";
+}
+
+TEST(TimeCombo, HoldsTheHalfHoursAndTheDaysLastMinute) {
+  const std::vector<TimeComboItem>& items = TimeComboItems();
+  ASSERT_EQ(items.size(), 49u);
+  for (int i = 0; i < 48; ++i) EXPECT_EQ(items[i].minutes, 30 * i) << i;
+  EXPECT_EQ(items[48].minutes, 1439);
+  for (const auto& [i, text] : {std::pair{0, "12:00 AM"},
+                                {1, "12:30 AM"},
+                                {24, "12:00 PM"},
+                                {47, "11:30 PM"},
+                                {48, "11:59 PM"}}) {
+    EXPECT_EQ(items[i].text, text);
+  }
+}
+
+TEST(TimeCombo, TypedTimesReadAsTheirMinute) {
+  for (const CaseRow& row : testing::ReadCases("appointments/typed-times.txt", 2, 16)) {
+    EXPECT_EQ(Text(ParseTimeText(row[0])), row[1]) << row.where;
+  }
 }
 
 // The edit dialog over a store, as tests/data/appointments/edit-dialog.txt drives it. Today is
@@ -73,9 +92,6 @@ struct Edit {
     EXPECT_LT(i, rows.size()) << "no live row " << index;
     return i < rows.size() ? rows[i] : SchDatRow{};
   }
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
-  }
 };
 
 // A text field of a step: TEXT, or TEXT repeated TIMES times and followed by TAIL.
@@ -96,6 +112,7 @@ using R = const CaseRow&;
 
 testing::Trace<Edit> EditDialogTrace() {
   testing::Trace<Edit> t;
+  testing::AddMessageWords(t);
   const auto n = [](int value) { return std::to_string(value); };
   t.steps["clock"] = [](S e, R row) {
     const CivilDate d = row.Date(1);
@@ -141,9 +158,7 @@ testing::Trace<Edit> EditDialogTrace() {
   t.steps["private"] = [](S e, R row) { e.model->Check2_Click(row.YesNo(1)); };
   t.steps["minutes"] = [](S e, R row) { e.model->ImNumber1_Change(row.Int(1)); };
   t.steps["key"] = [](S e, R row) {
-    const std::map<std::string, int> keys = {
-        {"up", kKeyUp}, {"down", kKeyDown}, {"left", kKeyLeft}};
-    EXPECT_EQ(e.model->ImNumber1_KeyDown(keys.at(row[1])), row.YesNo(2)) << row.where;
+    EXPECT_EQ(e.model->ImNumber1_KeyDown(testing::KeyNamed(row[1])), row.YesNo(2)) << row.where;
   };
   t.steps["sound"] = [](S e, R row) { e.model->Sound_Change(testing::Unescaped(row[1])); };
   // The sound box left, and whether it lets the focus go.
@@ -161,11 +176,6 @@ testing::Trace<Edit> EditDialogTrace() {
     };
     e.model->Command1_Click();
   };
-  t.steps["answer"] = [](S e, R row) {
-    const std::map<std::string, MsgAnswer> answers = {
-        {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
-    e.messages.QueueAnswer(answers.at(row[1]));
-  };
   t.steps["ok"] = [](S e, R row) {
     EXPECT_EQ(e.model->SchEditOK_Click(), row.YesNo(1)) << row.where << ": whether OK closes";
   };
@@ -174,19 +184,10 @@ testing::Trace<Edit> EditDialogTrace() {
   };
   t.steps["keep-stamp"] = [](S e, R row) { e.stamp = e.Row(row[1]).Stamp; };
 
-  // The time lists and typed times.
-  t.looks["time-items"] = [n](S, auto&) { return n(int(TimeComboItems().size())); };
-  t.looks["time-item"] = [n](S, auto& i) {
-    const TimeComboItem& item = TimeComboItems().at(std::stoul(i));
-    return item.text + " " + n(item.minutes);
-  };
-  t.looks["parsed"] = [](S, auto& text) { return Text(ParseTimeText(text)); };
-
   // What the dialog shows.
   const auto c = [](Edit& e) -> const SchEditControls& { return e.model->Controls(); };
   t.looks["caption"] = [c](S e, auto&) { return c(e).Caption; };
   t.looks["title"] = [c](S e, auto&) { return c(e).Text1; };
-  t.looks["place"] = [c](S e, auto&) { return c(e).Text3; };
   t.looks["title.size"] = [c, n](S e, auto&) { return n(int(c(e).Text1.size())); };
   t.looks["place.size"] = [c, n](S e, auto&) { return n(int(c(e).Text3.size())); };
   t.looks["memo.size"] = [c, n](S e, auto&) { return n(int(c(e).Text2.size())); };
@@ -217,7 +218,6 @@ testing::Trace<Edit> EditDialogTrace() {
     const std::optional<EditFocus> focus = e.model->TakeFocus();
     return focus ? kNames[static_cast<int>(*focus)] : "none";
   };
-  t.looks["messages"] = [](S e, auto&) { return testing::NewMessageLines(e.messages, e.seen); };
 
   // The dialog's session and the schedule.
   t.looks["changed"] = [n](S e, auto&) { return n(e.model->ChangedFlag); };
@@ -232,17 +232,17 @@ testing::Trace<Edit> EditDialogTrace() {
   t.looks["shown"] = [](S e, auto&) {
     return DateText(e.fake.doc.CurYear, e.fake.doc.CurMonth, e.fake.doc.CurDay);
   };
-  testing::AddRowLooks(t, [](S e) -> const SchDatCTL& { return e.fake.doc.Tables; });
   // Whether the row carries the kept stamp, marked as written anew.
   t.looks["row.kept-stamp"] = [](S e, auto& i) {
     return YesNo(static_cast<std::uint32_t>(e.Row(i).Stamp) ==
                  (static_cast<std::uint32_t>(e.stamp) | 0xC0000000u));
   };
+  testing::AddRowLooks(t, [](S e) -> const SchDatCTL& { return e.fake.doc.Tables; });
   return t;
 }
 
 TEST(SchEditModel, FollowsTheTraces) {
-  EditDialogTrace().Run("appointments/edit-dialog.txt", 7, 300);
+  EditDialogTrace().Run("appointments/edit-dialog.txt", 7, 250);
 }
 
 }  // namespace

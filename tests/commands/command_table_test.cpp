@@ -5,9 +5,6 @@
 #include <set>
 
 #include "commands/command_set.h"
-#include "commands/document_commands.h"
-#include "platform/fake/fake_file_dialogs.h"
-#include "tests/support/test_session.h"
 
 namespace sched {
 namespace {
@@ -47,26 +44,6 @@ TEST(CommandTable, EveryCommandIsOfferedAndEveryNameIsUnique) {
       EXPECT_EQ(depth, 0) << menu.name;
     }
   }
-}
-
-TEST(CommandTable, TheFourPopupsOfTheViews) {
-  const auto& popups = PopupTable();
-  ASSERT_EQ(popups.size(), 4u);
-  const auto names = [](const MenuDefinition& menu) {
-    std::vector<std::string> out;
-    for (const MenuEntry& e : menu.entries) {
-      if (e.kind != MenuEntry::Kind::Separator && e.kind != MenuEntry::Kind::EndSubmenu) {
-        out.push_back(e.name);
-      }
-    }
-    return out;
-  };
-  EXPECT_EQ(names(popups[1]),
-            (std::vector<std::string>{"Pop2Copy", "Pop2Paste", "Pop2New", "Pop2Update", "Pop2Del",
-                                      "Pop2Hctl", "Pop2WeekH", "Pop2YearH", "Pop2Today"}));
-  EXPECT_EQ(names(popups[2]), (std::vector<std::string>{"Pop3Paste", "Pop3New", "Pop3Hctl",
-                                                        "Pop3WeekH", "Pop3YearH", "Pop3Today"}));
-  EXPECT_EQ(names(popups[3])[5], "Pop4HCtrl");
 }
 
 // The caption of a named entry in any menu or popup; empty when there is none.
@@ -158,24 +135,6 @@ TEST(CommandSet, ACommandWithoutItsRoutineStaysOffAndDoesNothing) {
   EXPECT_TRUE(set.Enabled(CommandId::Print, CommandPlace::Toolbar, state));
   set.Run(CommandId::Print);
   EXPECT_EQ(runs, 1);
-}
-
-TEST(CommandSet, TheFileCommandsAreBoundToTheDocumentCommands) {
-  TestSession s;
-  FakeFileDialogs dialogs;
-  RecordingNotices notices;
-  AppState state;
-  DocumentCommands commands{DocumentServices{s.session, s.window, notices, s.messages, dialogs,
-                                             s.device, state, s.dir.File("cache")}};
-  CommandSet set;
-  BindDocumentCommands(set, commands);
-  std::set<CommandId> bound;
-  for (int i = 0; i < kCommandCount; ++i) {
-    if (set.Has(static_cast<CommandId>(i))) bound.insert(static_cast<CommandId>(i));
-  }
-  using enum CommandId;
-  EXPECT_EQ(bound, (std::set<CommandId>{New, OpenOnPc, SaveToPc, SaveAsOnPc, OpenOnTarvex,
-                                        SaveToTarvex, SaveAsOnTarvex}));
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <map>
 #include <sstream>
 
-#include "platform/fake/fake_file_dialogs.h"
 #include "shell/texts.h"
 #include "tests/support/case_file.h"
 #include "tests/support/message_lines.h"
@@ -17,18 +16,7 @@
 namespace sched {
 namespace {
 
-// The document commands over a session, fake dialogs and a temporary folder.
-struct Shell : TestSession {
-  FakeFileDialogs dialogs;
-  RecordingNotices notices;
-  AppState state;
-  DocumentCommands commands{DocumentServices{session, window, notices, messages, dialogs, device,
-                                             state, dir.File("cache")}};
-
-  std::string FirstTitle() const {
-    return doc.Tables.RowCount > 0 ? doc.Tables.SchDatList.At(0).Title : "";
-  }
-};
+using Shell = TestCommands;
 
 // A schedule file on the PC, open and changed.
 void OpenChangedPcFile(Shell& s) {

@@ -7,8 +7,6 @@
 #include <string>
 #include <utility>
 
-#include "commands/document_commands.h"
-#include "platform/fake/fake_file_dialogs.h"
 #include "shell/settings.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/test_session.h"
@@ -24,12 +22,7 @@ using testing::YesNo;
 // The document commands over a session, as tests/data/commands/documents.txt drives them, with
 // fake file dialogs and a fake device in a temporary folder, which is also the system's
 // temporary folder. Today is 2026/11/21.
-struct Documents : TestSession {
-  FakeFileDialogs dialogs;
-  RecordingNotices notices;
-  AppState state;
-  DocumentCommands commands{DocumentServices{session, window, notices, messages, dialogs, device,
-                                             state, dir.File("cache")}};
+struct Documents : TestCommands {
   std::optional<TempFolder> temp{dir.Path().string()};
   std::size_t seen = 0, dialogsSeen = 0;
   std::map<std::string, std::vector<std::uint8_t>> kept;
@@ -47,9 +40,6 @@ struct Documents : TestSession {
     }
     return text;
   }
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
-  }
 };
 
 using S = Documents&;
@@ -57,6 +47,7 @@ using R = const CaseRow&;
 
 testing::Trace<Documents> DocumentsTrace() {
   testing::Trace<Documents> t;
+  testing::AddMessageWords(t);
   const auto n = [](int value) { return std::to_string(value); };
   // Files.
   t.steps["make"] = [](S d, R r) { d.MakeFile(r[1], r[2]); };
@@ -98,14 +89,8 @@ testing::Trace<Documents> DocumentsTrace() {
   t.steps["dialog"] = [](S d, R r) {
     d.dialogs.QueueAnswer(r[1] == "(cancel)" ? std::nullopt : std::optional(d.Path(r[1])));
   };
-  t.steps["answer"] = [](S d, R r) {
-    const std::map<std::string, MsgAnswer> answers = {
-        {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
-    d.messages.QueueAnswer(answers.at(r[1]));
-  };
   t.steps["device-cache"] = [](S d, R) { d.device.cacheRoot = d.dir.File("cache"); };
   t.steps["device-refuses"] = [](S d, R) { d.device.putResult = 7; };
-  t.steps["device-name"] = [](S d, R r) { d.device.saveDialogAnswer = r[1]; };
   t.steps["device-clear"] = [](S d, R) { d.device.files.clear(); };
   // A file's bytes kept, to see later whether they changed.
   t.steps["keep"] = [](S d, R r) { d.kept[r[1]] = ReadBytes(d.Path(r[1])); };
@@ -173,7 +158,6 @@ testing::Trace<Documents> DocumentsTrace() {
   t.looks["last-file"] = [](S d, auto&) {
     return d.Shown(d.settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, ""));
   };
-  t.looks["messages"] = [](S d, auto&) { return testing::NewMessageLines(d.messages, d.seen); };
   // The progress display: its values, its first and last events, whether it shows.
   t.looks["progress"] = [](S d, auto&) {
     return testing::Join(d.progress.values, " ", [](int v) { return std::to_string(v); });

@@ -56,12 +56,6 @@ TEST(Calendar, MakeDateRollsPartsOver) {
   EXPECT_EQ(FromDaySerial(MakeDate(1999, 12, 31) + 1), (CivilDate{2000, 1, 1}));
 }
 
-TEST(Calendar, DateCodeOfTheLastDayFitsAndOrders) {
-  EXPECT_EQ(DateCode(2099, 12, 31), 20991231);
-  EXPECT_LT(DateCode(1901, 1, 1), DateCode(1901, 1, 2));
-  EXPECT_LT(DateCode(1998, 12, 31), DateCode(1999, 1, 1));
-}
-
 TEST(Calendar, AddMonthsClampsTheDayToTheEndOfTheTargetMonth) {
   for (const CaseRow& row : ReadCases("core/add-months.txt", 3, 15)) {
     EXPECT_EQ(AddMonths(row.Date(0), row.Int(1)), row.Date(2)) << row.where;

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QTest>
-#include <map>
 #include <memory>
 
 #include "platform/fake/fake_date_formatter.h"
@@ -49,9 +48,6 @@ struct Holidays : CountryFolder {
   std::int32_t NovemberOn() const {
     return days.doc.Tables.AncYY.At(FindYearRow(days.doc.Tables, 2026)).HolidayOn[10];
   }
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
-  }
 };
 
 // A caption's colours: its text (red or plain) and its back (green or white).
@@ -72,6 +68,7 @@ using R = const CaseRow&;
 testing::Trace<Holidays> HolidayWindowsTrace() {
   testing::Trace<Holidays> t;
   AddWidgetWords(t);
+  testing::AddMessageWords(t);
   // week, day, country, or the country dialog of an installation without its key.
   t.steps["open"] = [](S h, R r) {
     if (r[1] == "week") h.dialog = std::make_unique<SchWeekH>(h.weekModel);
@@ -89,11 +86,6 @@ testing::Trace<Holidays> HolidayWindowsTrace() {
   t.steps["close"] = [](S h, R) { h.dialog->close(); };
   t.steps["exec"] = [](S h, R r) {
     EXPECT_EQ(h.dialog->exec() == QDialog::Accepted, r.YesNo(1)) << r.where;
-  };
-  t.steps["answer"] = [](S h, R r) {
-    h.messages.QueueAnswer(r[1] == "yes"  ? MsgAnswer::Yes
-                           : r[1] == "no" ? MsgAnswer::No
-                                          : MsgAnswer::Cancel);
   };
   t.steps["in-use"] = [](S h, R r) {
     h.registry.WriteString(kSchedulerKey, kHolidayIniValue, r[1]);
@@ -166,7 +158,6 @@ testing::Trace<Holidays> HolidayWindowsTrace() {
     std::sscanf(date.c_str(), "%d-%d-%d", &y, &m, &d);
     return h.Named(y, m, d);
   };
-  t.looks["messages"] = [](S h, auto&) { return testing::NewMessageLines(h.messages, h.seen); };
   return t;
 }
 

@@ -2,8 +2,6 @@
 
 #include <QDialog>
 #include <QDir>
-#include <cstdio>
-#include <map>
 #include <memory>
 
 #include "platform/fake/fake_date_formatter.h"
@@ -56,9 +54,6 @@ struct Form {
     dialog->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
   }
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
-  }
 };
 
 using S = Form&;
@@ -67,6 +62,7 @@ using R = const CaseRow&;
 testing::Trace<Form> EditWindowTrace() {
   testing::Trace<Form> t;
   AddWidgetWords(t);
+  testing::AddMessageWords(t);
   testing::AddRowLooks(t, [](S f) -> const SchDatCTL& { return f.fake.doc.Tables; });
   t.steps["new"] = [](S f, R) {
     f.model.OpenNew();
@@ -94,11 +90,6 @@ testing::Trace<Form> EditWindowTrace() {
     item.Private = static_cast<std::int16_t>(r.YesNo(9));
     f.fake.store.InsertRecord(item);
   };
-  t.steps["answer"] = [](S f, R r) {
-    const std::map<std::string, MsgAnswer> answers = {
-        {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
-    f.messages.QueueAnswer(answers.at(r[1]));
-  };
   // A picture of the dialog in the temporary folder, for a look by eye.
   t.steps["grab"] = [](S f, R r) {
     f.Window()->grab().save(QDir::temp().filePath(QString::fromStdString(r[1])));
@@ -114,9 +105,7 @@ testing::Trace<Form> EditWindowTrace() {
     return testing::YesNo(f.repeatForm->size() == f.repeatSize);
   };
   t.looks["rule"] = [](S f, auto&) {
-    char word[8];
-    std::snprintf(word, sizeof word, "0x%04X", f.work.WorkRepeatKind);
-    return std::string(word) + " " +
+    return testing::HexWord(f.work.WorkRepeatKind) + " " +
            testing::Join(std::vector<int>{f.work.RepeatCode, f.work.RepeatFree, f.work.RepeatCount,
                                           f.work.RepeatStep, f.work.RepeatLastCode},
                          " ", [](int v) { return std::to_string(v); });
@@ -131,7 +120,6 @@ testing::Trace<Form> EditWindowTrace() {
     return std::to_string(f.fake.doc.CurYear * 10000 + f.fake.doc.CurMonth * 100 +
                           f.fake.doc.CurDay);
   };
-  t.looks["messages"] = [](S f, auto&) { return testing::NewMessageLines(f.messages, f.seen); };
   return t;
 }
 

@@ -19,15 +19,11 @@ using testing::CaseRow;
 using testing::ReadCases;
 using testing::Unescaped;
 
-void WriteText(const std::string& path, const std::string& text) {
-  WriteBytes(path, std::vector<std::uint8_t>(text.begin(), text.end()));
-}
-
 TEST(CountryFileList, ListsHolidayIniFilesInAnyCaseSortedAsAFileList) {
   TempDir dir;
   for (const char* name : {"holidayUS.ini", "HOLIDAYde.INI", "holiday.ini", "holidayJP.ini.bak",
                            "myholidayFR.ini", "holidayFR.txt", "readme.ini"}) {
-    WriteText(dir.File(name), "x");
+    dir.Write(name, "x");
   }
   std::filesystem::create_directory(dir.Path() / "holidayDir.ini");
   EXPECT_EQ(ListCountryFiles(dir.Path().string()),
@@ -44,11 +40,10 @@ TEST(CountryFileList, ACountryFileNameFollowsThePatternHolidayStarIni) {
 TEST(CountryFileList, TheTitleIsTheFirstLineUpToCrOrLf) {
   TempDir dir;
   for (const CaseRow& row : ReadCases("holidays/country-titles.txt", 2, 6)) {
-    WriteText(dir.File("holidayXX.ini"), Unescaped(row[0]));
+    dir.Write("holidayXX.ini", Unescaped(row[0]));
     EXPECT_EQ(ReadCountryTitle(dir.File("holidayXX.ini")), Unescaped(row[1])) << row.where;
   }
-  WriteText(dir.File("empty.ini"), "");
-  EXPECT_EQ(ReadCountryTitle(dir.File("empty.ini")), "");
+  EXPECT_EQ(ReadCountryTitle(dir.Write("empty.ini", "")), "");
   EXPECT_EQ(ReadCountryTitle(dir.File("gone.ini")), "");
 }
 
@@ -80,9 +75,6 @@ struct Countries : CountryFolder {
       : CountryFolder({"holidayJP.ini", "holidayUS.ini", "holidayDE.ini"}, "holidayUS.ini") {
     Write("holidayXX.ini", "Broken\nthis is no rule\n");
   }
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
-  }
 };
 
 using S = Countries&;
@@ -90,6 +82,7 @@ using R = const CaseRow&;
 
 testing::Trace<Countries> CountryDialogTrace() {
   testing::Trace<Countries> t;
+  testing::AddMessageWords(t);
   t.steps["load"] = [](S c, R r) { EXPECT_EQ(c.model.Form_Load(), r.YesNo(1)) << r.where; };
   // The dialog loaded, and the entry with the title selected.
   t.steps["choose"] = [](S c, R r) {
@@ -103,9 +96,6 @@ testing::Trace<Countries> CountryDialogTrace() {
   t.steps["select"] = [](S c, R r) { c.model.SetListIndex(r.Int(1)); };
   t.steps["ok"] = [](S c, R) { c.model.OKButton_Click(); };
   t.steps["cancel"] = [](S c, R) { c.model.CancelButton_Click(); };
-  t.steps["answer"] = [](S c, R r) {
-    c.messages.QueueAnswer(r[1] == "yes" ? MsgAnswer::Yes : MsgAnswer::No);
-  };
   t.steps["in-use"] = [](S c, R r) {
     c.registry.WriteString(kSchedulerKey, kHolidayIniValue, r[1]);
   };
@@ -146,7 +136,6 @@ testing::Trace<Countries> CountryDialogTrace() {
     }
     return "other";
   };
-  t.looks["messages"] = [](S c, auto&) { return testing::NewMessageLines(c.messages, c.seen); };
   return t;
 }
 

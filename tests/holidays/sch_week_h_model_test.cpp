@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 
 #include "platform/fake/fake_messages.h"
-#include "platform/key_codes.h"
 #include "tests/support/holiday_dialog_fakes.h"
+#include "tests/support/key_names.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/trace.h"
 
@@ -31,9 +30,6 @@ struct Week {
     doc.CurMonth = 11;
     doc.CurDay = 21;
     doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
-  }
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
   }
 };
 
@@ -60,15 +56,13 @@ using R = const CaseRow&;
 
 testing::Trace<Week> WeekDialogTrace() {
   testing::Trace<Week> t;
+  testing::AddMessageWords(t);
   const auto n = [](int value) { return std::to_string(value); };
   t.steps["load"] = [](S w, R) { w.model.Form_Load(); };
   t.steps["click"] = [](S w, R r) { w.model.CSCaption1_Click(r.Int(1)); };
   // A key, and whether the dialog used it, when given.
   t.steps["key"] = [](S w, R r) {
-    const std::map<std::string, int> keys = {{"left", kKeyLeft}, {"right", kKeyRight},
-                                             {"up", kKeyUp},     {"down", kKeyDown},
-                                             {"f1", kKeyF1},     {"enter", kKeyEnter}};
-    const bool used = w.model.Form_KeyDown(keys.at(r[1]));
+    const bool used = w.model.Form_KeyDown(testing::KeyNamed(r[1]));
     if (r[2].empty()) return;
     EXPECT_EQ(used, r.YesNo(2)) << r.where;
   };
@@ -78,11 +72,6 @@ testing::Trace<Week> WeekDialogTrace() {
   // The close box, and whether the dialog closes.
   t.steps["close"] = [](S w, R r) {
     EXPECT_EQ(w.model.Form_QueryUnload(), r.YesNo(1)) << r.where << ": whether it closes";
-  };
-  t.steps["answer"] = [](S w, R r) {
-    const std::map<std::string, MsgAnswer> answers = {
-        {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
-    w.messages.QueueAnswer(answers.at(r[1]));
   };
 
   t.looks["focus"] = [n](S w, auto&) { return n(w.model.CurrentCaption()); };
@@ -95,7 +84,6 @@ testing::Trace<Week> WeekDialogTrace() {
   t.looks["dirty"] = [](S w, auto&) { return YesNo(w.doc.Dirty); };
   // What the dialog asked of the main window since the last look.
   t.looks["calls"] = [](S w, auto&) { return w.host.NewCalls(); };
-  t.looks["messages"] = [](S w, auto&) { return testing::NewMessageLines(w.messages, w.seen); };
   return t;
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -27,6 +28,19 @@ struct CaseRow {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size() || text.empty()) {
       ADD_FAILURE() << where << ": '" << text << "' is not a number";
+    }
+    return value;
+  }
+
+  // Field `i` as a 16-bit word written in hexadecimal, "0x102C"; any other text fails the test.
+  std::uint16_t Hex(std::size_t i) const {
+    const std::string& text = fields[i];
+    const std::size_t start = text.starts_with("0x") ? 2 : 0;
+    std::uint16_t value = 0;
+    const auto [end, error] =
+        std::from_chars(text.data() + start, text.data() + text.size(), value, 16);
+    if (error != std::errc() || end != text.data() + text.size() || text.size() == start) {
+      ADD_FAILURE() << where << ": '" << text << "' is not a hexadecimal word";
     }
     return value;
   }

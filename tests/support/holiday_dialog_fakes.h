@@ -78,7 +78,7 @@ struct CountryFolder {
   }
 
   void Write(const std::string& name, const std::string& text) const {
-    WriteBytes(pcapps + "/" + name, std::vector<std::uint8_t>(text.begin(), text.end()));
+    dir.Write("pcapps/" + name, text);
   }
   // Opens the file as the start of the program does; the calls are not recorded.
   void Start(const std::string& name) {

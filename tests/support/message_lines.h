@@ -1,9 +1,11 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
 #include "platform/fake/fake_messages.h"
+#include "tests/support/trace.h"
 
 namespace sched::testing {
 
@@ -31,6 +33,27 @@ inline std::string NewMessageLines(const FakeMessages& messages, std::size_t& se
     lines += (lines.empty() ? "" : " | ") + MessageLine(messages.Shown()[seen]);
   }
   return lines;
+}
+
+// The message boxes of a trace whose State holds `messages` (a FakeMessages) and `seen`:
+// "answer yes|no|cancel" queues the answer to the next question, "is messages" gives the boxes
+// shown since the last look, and at the end of a case every box shown must have been looked at.
+template <class State>
+void AddMessageWords(Trace<State>& t) {
+  t.steps["answer"] = [](State& s, const CaseRow& row) {
+    static const std::map<std::string, MsgAnswer> kAnswers = {
+        {"yes", MsgAnswer::Yes}, {"no", MsgAnswer::No}, {"cancel", MsgAnswer::Cancel}};
+    const auto answer = kAnswers.find(row[1]);
+    if (answer == kAnswers.end()) {
+      ADD_FAILURE() << row.where << ": no answer " << row[1];
+      return;
+    }
+    s.messages.QueueAnswer(answer->second);
+  };
+  t.looks["messages"] = [](State& s, auto&) { return NewMessageLines(s.messages, s.seen); };
+  t.atEnd.push_back([](State& s) {
+    EXPECT_EQ(NewMessageLines(s.messages, s.seen), "") << "messages not looked at";
+  });
 }
 
 }  // namespace sched::testing

@@ -14,13 +14,6 @@ class RecordingAlarmHooks : public AlarmHooks {
   std::vector<std::string> calls;
   std::vector<int> alarmRows;  // the rows added
 
-  bool Called(const std::string& call) const {
-    for (const auto& c : calls) {
-      if (c == call) return true;
-    }
-    return false;
-  }
-
   void ClearTodayAlarms() override { calls.push_back("ClearTodayAlarms"); }
   void AddAlarmOfRecord(int row) override {
     calls.push_back("AddAlarmOfRecord " + std::to_string(row));

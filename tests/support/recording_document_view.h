@@ -14,13 +14,6 @@ class RecordingDocumentView : public DocumentView {
   std::vector<std::string> calls;
   std::string title = "Scheduler - Untitled";
 
-  bool Called(const std::string& call) const {
-    for (const auto& c : calls) {
-      if (c == call) return true;
-    }
-    return false;
-  }
-
   void SetTitle(const std::string& text) override {
     title = text;
     calls.push_back("SetTitle " + text);
@@ -32,16 +25,12 @@ class RecordingDocumentView : public DocumentView {
   void ShowMenus() override { calls.push_back("ShowMenus"); }
 };
 
-// Records whether alarm notices are held back, and how often they were let out.
+// Records whether alarm notices are held back.
 class RecordingNotices : public NoticeGate {
  public:
   int holds = 0;  // the dialogs open now
-  int releases = 0;
   void HoldNotices() override { ++holds; }
-  void ReleaseNotices() override {
-    --holds;
-    ++releases;
-  }
+  void ReleaseNotices() override { --holds; }
 };
 
 }  // namespace sched

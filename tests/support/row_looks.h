@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdio>
 #include <string>
 
 #include "tests/support/date_text.h"
@@ -12,7 +11,8 @@ namespace sched::testing {
 // Looks at the live rows of a schedule, in the order written, for a trace whose `tables` gives
 // the state's tables: "rows", and for row N "row.date:N" (the first and last date),
 // "row.times:N", "row.title:N", "row.place:N", "row.memo:N", "row.private:N", "row.alarm:N"
-// (its lead and sound, or "off"), "row.kind:N" and "row.subno:N".
+// (its lead and sound, or "off"), "row.kind:N" and "row.subno:N". Every look of a row, these
+// and those of the trace made before, gives for "*" that of each live row, joined by " | ".
 template <class State, class Tables>
 void AddRowLooks(Trace<State>& t, Tables tables) {
   const auto row = [tables](State& s, const std::string& index) {
@@ -41,11 +41,20 @@ void AddRowLooks(Trace<State>& t, Tables tables) {
     return r.AlarmOn == 0 ? std::string("off") : n(r.AlarmLead) + " " + r.AlarmSound;
   };
   t.looks["row.kind"] = [row](State& s, auto& i) {
-    char text[8];
-    std::snprintf(text, sizeof text, "0x%04X", static_cast<std::uint16_t>(row(s, i).RepeatKind));
-    return std::string(text);
+    return HexWord(static_cast<std::uint16_t>(row(s, i).RepeatKind));
   };
   t.looks["row.subno"] = [row, n](State& s, auto& i) { return n(row(s, i).SubNo); };
+  for (auto& [name, look] : t.looks) {
+    if (!name.starts_with("row.")) continue;
+    look = [tables, one = look](State& s, const std::string& i) {
+      if (i != "*") return one(s, i);
+      std::string all;
+      for (std::size_t r = 0; r < LiveRows(tables(s)).size(); ++r) {
+        all += (all.empty() ? "" : " | ") + one(s, std::to_string(r));
+      }
+      return all;
+    };
+  }
 }
 
 }  // namespace sched::testing

@@ -2,9 +2,11 @@
 
 #include <string>
 
+#include "commands/document_commands.h"
 #include "commands/document_session.h"
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_device_files.h"
+#include "platform/fake/fake_file_dialogs.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_settings_store.h"
 #include "tests/support/recording_document_view.h"
@@ -32,12 +34,6 @@ struct TestSession : WithTempDir {
 
   TestSession() { session.ResetToToday(true); }
 
-  std::vector<std::string> Texts() const {
-    std::vector<std::string> texts;
-    for (const auto& m : messages.Shown()) texts.push_back(m.text);
-    return texts;
-  }
-
   // A schedule file in the temporary folder with one item.
   std::string MakeFile(const std::string& name, const std::string& title) {
     FakeStore maker;
@@ -45,6 +41,16 @@ struct TestSession : WithTempDir {
     const std::string path = dir.File(name);
     return maker.store.SaveScheduleFile(path) ? path : "";
   }
+};
+
+// The document commands over a test session, with fake file dialogs; the device's cache is the
+// folder "cache" of the temporary folder.
+struct TestCommands : TestSession {
+  FakeFileDialogs dialogs;
+  RecordingNotices notices;
+  AppState state;
+  DocumentCommands commands{DocumentServices{session, window, notices, messages, dialogs, device,
+                                             state, dir.File("cache")}};
 };
 
 }  // namespace sched

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstdio>
 #include <functional>
 #include <map>
 #include <memory>
@@ -17,7 +19,8 @@ namespace sched::testing {
 // gives with the expected text, its escapes undone; a look may take an argument, written
 // "look:arg". Any other line is a step named by its first field. The lines between
 // "in-next-dialog" and its "end-dialog" run in the next dialog that opens, by `nextDialog`.
-// When its case is over, a State's End() checks what must hold at the end of every case.
+// When its case is over, a State's End(), when it has one, and each check of `atEnd` look at
+// what must hold at the end of every case.
 template <class State>
 struct Trace {
   using Step = std::function<void(State&, const CaseRow&)>;
@@ -29,6 +32,7 @@ struct Trace {
   Look otherLook;
   // Runs the lines on the dialog that opens next, for traces of windows.
   std::function<void(const Trace&, State&, Lines, std::string what)> nextDialog;
+  std::vector<std::function<void(State&)>> atEnd;
 
   void Run(const std::string& name, std::size_t fields, std::size_t minLines) const {
     std::vector<std::pair<std::string, Lines>> cases;
@@ -45,7 +49,8 @@ struct Trace {
       State state;
       RunLines(state, lines, what);
       SCOPED_TRACE("at the end of case " + what);
-      state.End();
+      if constexpr (requires { state.End(); }) state.End();
+      for (const auto& check : atEnd) check(state);
     }
   }
 
@@ -55,11 +60,18 @@ struct Trace {
       SCOPED_TRACE(row.where + ", case " + what);
       if (row[0] == "in-next-dialog") {
         Lines inner;
-        for (int depth = 1; ++i < lines.size(); inner.push_back(lines[i])) {
+        int depth = 1;
+        for (; ++i < lines.size(); inner.push_back(lines[i])) {
           if (lines[i][0] == "in-next-dialog") ++depth;
           if (lines[i][0] == "end-dialog" && --depth == 0) break;
         }
-        nextDialog(*this, state, inner, what);
+        if (depth != 0) {
+          ADD_FAILURE() << row.where << ": in-next-dialog without its end-dialog";
+        } else if (!nextDialog) {
+          ADD_FAILURE() << row.where << ": in-next-dialog, but this trace opens no dialogs";
+        } else {
+          nextDialog(*this, state, inner, what);
+        }
       } else if (row[0] == "is") {
         const std::size_t colon = row[1].find(':');
         const auto look = looks.find(row[1].substr(0, colon));
@@ -96,6 +108,13 @@ inline std::string Join(const std::vector<std::string>& texts, const char* separ
 // "yes" or "no".
 inline std::string YesNo(bool value) {
   return value ? "yes" : "no";
+}
+
+// A repeat word as the case files write it, "0x102C".
+inline std::string HexWord(std::uint16_t word) {
+  char text[8];
+  std::snprintf(text, sizeof text, "0x%04X", word);
+  return text;
 }
 
 }  // namespace sched::testing

@@ -5,8 +5,8 @@
 #include <set>
 #include <string>
 
-#include "platform/key_codes.h"
 #include "tests/support/date_text.h"
+#include "tests/support/key_names.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/trace.h"
 #include "tests/views/views_test_support.h"
@@ -30,9 +30,6 @@ struct Views : ViewsFixture {
     s.doc.CurMonth = 6;
     s.doc.CurDay = 15;
   }
-  void End() {
-    EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
-  }
 };
 
 // Lines as "[one][two][]".
@@ -46,19 +43,13 @@ std::string Numbers(const std::vector<int>& numbers) {
   return testing::Join(numbers, " ", [](int n) { return std::to_string(n); });
 }
 
-int KeyOf(const std::string& name) {
-  const std::map<std::string, int> keys = {
-      {"up", kKeyUp},       {"down", kKeyDown},     {"left", kKeyLeft},    {"right", kKeyRight},
-      {"enter", kKeyEnter}, {"escape", kKeyEscape}, {"delete", kKeyDelete}};
-  return keys.contains(name) ? keys.at(name) : name[0];
-}
-
 // The state and the line of a step, short for the many steps and looks below.
 using S = Views&;
 using R = const CaseRow&;
 
 testing::Trace<Views> ViewsTrace() {
   testing::Trace<Views> t;
+  testing::AddMessageWords(t);
   const auto n = [](int value) { return std::to_string(value); };
   const auto cell = [](Views& v, const std::string& i) -> const MonthCell& {
     return v.Cell(std::stoi(i));
@@ -100,7 +91,7 @@ testing::Trace<Views> ViewsTrace() {
   t.steps["mark-cell"] = [](S v, R r) { v.views.Month().Cell(r.Int(1)).dayText = r[2]; };
   // A key on the grid, and whether the grid took it.
   t.steps["key"] = [](S v, R r) {
-    const KeyResult result = v.views.Text1_KeyDown(KeyOf(r[1]));
+    const KeyResult result = v.views.Text1_KeyDown(testing::KeyNamed(r[1]));
     EXPECT_EQ(result.consumed, r.YesNo(2)) << r.where;
     v.action = result.action;
   };
@@ -186,15 +177,29 @@ testing::Trace<Views> ViewsTrace() {
   };
 
   // The menus, and what the last mouse or key asked for.
-  t.looks["menu"] = [](S v, auto& name) {
+  // The entries on: of the delete menu, and those for the selected item.
+  const auto on = [](std::initializer_list<std::pair<bool, const char*>> entries) {
+    std::string names;
+    for (const auto& [enabled, name] : entries) {
+      if (enabled) names += (names.empty() ? "" : " ") + std::string(name);
+    }
+    return names;
+  };
+  t.looks["delete-menus"] = [on](S v, auto&) {
     const MenuState& m = v.views.Menus();
-    const std::map<std::string, bool> flags = {
-        {"DelCTRL", m.DelCTRL},         {"DelMonth", m.DelMonth},
-        {"DelYear", m.DelYear},         {"DelBefore", m.DelBefore},
-        {"DelAfter", m.DelAfter},       {"CopySchdat", m.CopySchdat},
-        {"PasteSchdat", m.PasteSchdat}, {"UpdSchDat", m.UpdSchDat},
-        {"DelSchDat", m.DelSchDat},     {"ToolbarDelete", m.ToolbarDelete}};
-    return YesNo(flags.at(name));
+    return on({{m.DelCTRL, "DelCTRL"},
+               {m.DelMonth, "DelMonth"},
+               {m.DelYear, "DelYear"},
+               {m.DelBefore, "DelBefore"},
+               {m.DelAfter, "DelAfter"}});
+  };
+  t.looks["item-menus"] = [on](S v, auto&) {
+    const MenuState& m = v.views.Menus();
+    return on({{m.CopySchdat, "CopySchdat"},
+               {m.PasteSchdat, "PasteSchdat"},
+               {m.UpdSchDat, "UpdSchDat"},
+               {m.DelSchDat, "DelSchDat"},
+               {m.ToolbarDelete, "ToolbarDelete"}});
   };
   t.looks["action"] = [n](S v, auto&) {
     static const char* const kCommands[] = {"none",  "add",    "modify",    "delete",
@@ -203,14 +208,9 @@ testing::Trace<Views> ViewsTrace() {
     return v.action.command == ViewCommand::ModifySchedule ? command + " " + n(v.action.row)
                                                            : command;
   };
-  t.looks["popup"] = [](S v, auto&) {
+  t.looks["popup"] = [on](S v, auto&) {
     const PopupItems& p = v.action.popup;
-    std::string entries;
-    for (const auto& [on, name] : {std::pair{p.Copy, "copy"}, std::pair{p.Update, "update"},
-                                   std::pair{p.Del, "delete"}, std::pair{p.Paste, "paste"}}) {
-      if (on) entries += (entries.empty() ? "" : " ") + std::string(name);
-    }
-    return entries;
+    return on({{p.Copy, "copy"}, {p.Update, "update"}, {p.Del, "delete"}, {p.Paste, "paste"}});
   };
 
   // The schedule list dialog.
@@ -221,7 +221,6 @@ testing::Trace<Views> ViewsTrace() {
     return YesNo(v.views.List().Position.left > v.listLeft);
   };
   t.looks["list.paste"] = [](S v, auto&) { return YesNo(v.views.List().Popup(false).Paste); };
-  t.looks["messages"] = [](S v, auto&) { return testing::NewMessageLines(v.messages, v.seen); };
   return t;
 }
 
