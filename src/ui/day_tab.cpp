@@ -269,17 +269,8 @@ QToolButton* DayTab::Arrow(const QString& name, Qt::ArrowType arrow, std::functi
 }
 
 void DayTab::List1_SelChange() {
-  const int row = list1_->currentRow();
-  int first = row;
-  int last = row;
-  for (const QModelIndex& index : list1_->selectionModel()->selectedRows()) {
-    first = std::min(first, index.row());
-    last = std::max(last, index.row());
-  }
-  // The other end of the selection: the one away from the current row.
-  const int rowSel = first != row ? first : last;
-  views_.List1_SelChange(list1_->selectionModel()->hasSelection() ? row : -1,
-                         list1_->selectionModel()->hasSelection() ? rowSel : -1);
+  const ListSelection selection = SelectionOf(list1_);
+  views_.List1_SelChange(selection.row, selection.rowSel);
   sink_({});
 }
 

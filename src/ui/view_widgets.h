@@ -2,8 +2,10 @@
 
 #include <QColor>
 #include <QFont>
+#include <QListWidget>
 #include <QPalette>
 #include <QRect>
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 
@@ -56,6 +58,20 @@ inline int ViewKeyOf(int qtKey) {
     case Qt::Key_F1: return kKeyF1;
     default: return 0;
   }
+}
+
+// The selection of a list widget: the current row and the selection's other end, the one away
+// from the current row; -1 for both without a selection.
+inline ListSelection SelectionOf(const QListWidget* list) {
+  if (!list->selectionModel()->hasSelection()) return {list->count(), -1, -1};
+  const int row = list->currentRow();
+  int first = row;
+  int last = row;
+  for (const QModelIndex& index : list->selectionModel()->selectedRows()) {
+    first = std::min(first, index.row());
+    last = std::max(last, index.row());
+  }
+  return {list->count(), row, first != row ? first : last};
 }
 
 // A widget's font scaled by `factor`, bold when asked.
