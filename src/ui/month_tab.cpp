@@ -206,7 +206,9 @@ void CellList::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CellList::mouseReleaseEvent(QMouseEvent* event) {
-  if (IsRightUp(event)) sink_(views_.Cell_RightUp(cell_));
+  if (IsRightUp(event)) {
+    sink_(views_.Cell_RightUp(cell_, RowAt(static_cast<int>(event->position().y()))));
+  }
 }
 
 GridKeys::GridKeys(CalendarViews& views, ViewActionSink sink, QWidget* parent)

@@ -79,6 +79,11 @@ void CalendarViews::RefreshViews() {
     gridStale_ = true;
   }
   UpdateDeleteMenus();
+  UpdateToolbar();
+}
+
+void CalendarViews::UpdateToolbar() {
+  menus_.ToolbarDelete = Tab == 1 && day_.List1Rows() > 0;
 }
 
 void CalendarViews::UpdateDeleteMenus() {
@@ -119,7 +124,7 @@ void CalendarViews::SelectCell(int cell, int row) {
   menus_.YearHolidays = true;
   if (list_.Visible) RefreshScheduleList();
   if (row != -1) month_.Cell(cell).selectedRow = row;
-  menus_.ToolbarDelete = Tab == 1 && day_.List1Rows() > 0;
+  UpdateToolbar();
   PopupActive = 0;
   list_.Active = false;
 }

@@ -108,7 +108,8 @@ class CalendarViews {
   // Mouse and keys on the month grid.
   ViewAction Cell_Click(int cell);
   ViewAction Cell_DblClick(int cell);
-  ViewAction Cell_RightUp(int cell);
+  // A right click on the cell, or on line `row` of its list, which is selected first.
+  ViewAction Cell_RightUp(int cell, int row = -1);
   ViewAction Grid1_MouseDown(int cell, int row);
   ViewAction Grid1_DblClick(int cell, int row);
   ViewAction ComDt_Click();
@@ -147,6 +148,8 @@ class CalendarViews {
   void SetCurrentDate(const CivilDate& date);
   void ZeroHolidayArrays();
   void RefreshScheduleList();
+  // Toolbar button 3: on the day tab while the day list has rows.
+  void UpdateToolbar();
   void PlaceList();
   // Day 1 of the month the combos stand on becomes the current date; the grid follows.
   void TurnToComboMonth(const CivilDate& date, bool newYear);

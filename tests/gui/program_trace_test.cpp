@@ -119,6 +119,11 @@ Qt::Key KeyOf(const std::string& name) {
   return keys.at(name);
 }
 
+void RightClickLine(QListWidget* list, int row) {
+  const QPoint at = list->visualItemRect(list->item(row)).center();
+  QTest::mouseClick(list->viewport(), Qt::RightButton, {}, at);
+}
+
 // Drops a file on a widget as the window system would.
 void DropFile(QWidget* target, const std::string& path) {
   QMimeData data;
@@ -366,6 +371,12 @@ testing::Trace<Program> ProgramTrace() {
   t.steps["today"] = [](S w, R) { w.window->TodayButton()->click(); };
   t.steps["comdt"] = [](S w, R) { w.month->ComDt()->click(); };
   t.steps["list-key"] = [](S w, R r) { QTest::keyClick(w.List(), KeyOf(r[1])); };
+  // Right clicks on a line of a cell's list, of the schedule list or of the day list.
+  t.steps["line-right"] = [](S w, R r) {
+    CellList* list = w.month->Grid1(r.Int(1));
+    QTest::mouseClick(list, Qt::RightButton, {}, QPoint(10, list->RowHeight() * r.Int(2) + 2));
+  };
+  t.steps["list-right"] = [](S w, R r) { RightClickLine(w.List(), r.Int(1)); };
   t.steps["hide-popup"] = [](S w, R r) { w.window->Popup(QString::fromStdString(r[1]))->hide(); };
   // The day tab; its arrows clicked TIMES times.
   t.steps["tab"] = [](S w, R r) { w.ShowTab(r.Int(1)); };
@@ -381,9 +392,7 @@ testing::Trace<Program> ProgramTrace() {
   t.steps["calendar-right"] = [](S w, R) {
     QTest::mouseClick(w.day->CSCal4(), Qt::RightButton, {}, QPoint(10, 10));
   };
-  t.steps["day-right"] = [](S w, R) {
-    QTest::mouseClick(w.day->List1()->viewport(), Qt::RightButton, {}, QPoint(10, 5));
-  };
+  t.steps["day-right"] = [](S w, R r) { RightClickLine(w.day->List1(), r.Int(1)); };
   const auto arrows = [](QToolButton* (DayTab::*button)(int) const) {
     return [button](S w, R r) {
       for (int i = 0; i < (r[2].empty() ? 1 : r.Int(2)); ++i) (w.day->*button)(r.Int(1))->click();
