@@ -49,8 +49,7 @@ void SchDT::ShowModel(double twipsPerPixel) {
     for (const std::string& line : list.Lines) list1_->addItem(QString::fromStdString(line));
     if (list.Row >= 0 && list.Row < list1_->count()) list1_->setCurrentRow(list.Row);
   }
-  move(static_cast<int>(list.Position.left / twipsPerPixel),
-       static_cast<int>(list.Position.top / twipsPerPixel));
+  move(Pixels(list.Position.left, twipsPerPixel), Pixels(list.Position.top, twipsPerPixel));
   if (!isVisible()) show();
 }
 

@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <QRect>
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <functional>
 
@@ -37,6 +38,12 @@ inline QColor ViewColor(DayColor color, const QPalette& palette) {
 inline QRect PixelRect(const RectF& r) {
   return QRect(static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.width + 0.5),
                static_cast<int>(r.height + 0.5));
+}
+
+// A place of the views in twips on the pixel grid; an error of the conversion's last digits
+// does not put it on the pixel before.
+inline int Pixels(double twips, double twipsPerPixel) {
+  return static_cast<int>(std::floor(twips / twipsPerPixel + 1e-6));
 }
 
 // The window system's code of the keys the views react to (Enter 13, Left 37, F1 112, ...);

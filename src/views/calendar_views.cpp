@@ -141,8 +141,11 @@ void CalendarViews::PlaceList() {
   place.cell = f.layout.Label9[static_cast<std::size_t>(cell)];
   place.headHeight = f.layout.Label8[0].height;
   place.dialogHeight = f.dialogHeight;
-  place.screenHeight = f.screenHeight;
-  list_.Position = PlaceScheduleList(place);
+  place.screenHeight = f.screen.Bottom();
+  const DialogPosition at = PlaceScheduleList(place);
+  // Wholly on the screen, moved no further than it takes.
+  const RectF kept = KeepOnArea({at.left, at.top, f.dialogWidth, f.dialogHeight}, f.screen);
+  list_.Position = {kept.left, kept.top, at.flipped};
 }
 
 void CalendarViews::RefreshScheduleList() {

@@ -159,4 +159,17 @@ RectF PlaceComDt(const FormLayout& layout, int cell, double width, double height
   return {right - width, bottom - height, width, height};
 }
 
+RectF KeepOnArea(const RectF& window, const RectF& area) {
+  RectF kept = window;
+  kept.left = std::max(std::min(window.left, area.Right() - window.width), area.left);
+  kept.top = std::max(std::min(window.top, area.Bottom() - window.height), area.top);
+  return kept;
+}
+
+RectF CentreOnArea(double width, double height, const RectF& area) {
+  return KeepOnArea(
+      {area.left + (area.width - width) / 2, area.top + (area.height - height) / 2, width, height},
+      area);
+}
+
 }  // namespace sched

@@ -104,4 +104,10 @@ double PlaceDateLabel(const RectF& tab, double labelWidth, double twipsPerUnit =
 // ComDt in the lower right corner of the selected cell, keeping its size.
 RectF PlaceComDt(const FormLayout& layout, int cell, double width, double height);
 
+// A window moved just enough to lie wholly on `area`, the screen's part that windows may take;
+// one larger than the area keeps its top left corner on it, where its caption is.
+RectF KeepOnArea(const RectF& window, const RectF& area);
+// A window of the size in the middle of `area`, and kept on it.
+RectF CentreOnArea(double width, double height, const RectF& area);
+
 }  // namespace sched

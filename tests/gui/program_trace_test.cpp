@@ -17,6 +17,7 @@
 #include "tests/support/row_looks.h"
 #include "tests/support/test_store.h"
 #include "ui/month_tab.h"
+#include "ui/screen_place.h"
 #include "views/calendar_views.h"
 
 namespace sched {
@@ -467,19 +468,24 @@ testing::Trace<Program> ProgramTrace() {
   t.looks["popup-shown"] = [](S w, auto& name) {
     return YesNo(w.window->Popup(QString::fromStdString(name))->isVisible());
   };
-  // The schedule list dialog: shown, its title and lines; whether it stands under the cell, or
-  // above it near the screen's bottom.
+  // The schedule list dialog: shown, its title and lines; where it stands by the cell: below
+  // it, above it, or on the screen's bottom edge, and always wholly on the screen.
   t.looks["list"] = [](S w, auto&) -> std::string {
     SchDT* list = w.window->ScheduleListDialog();
     if (!list->isVisible()) return "(hidden)";
     return list->windowTitle().toStdString() + " " + Lines(Items(list->List1()));
   };
-  t.looks["list-at-cell"] = [](S w, auto& c) {
-    SchDT* list = w.window->ScheduleListDialog();
+  t.looks["list-place"] = [](S w, auto& c) -> std::string {
+    const QRect list = w.window->ScheduleListDialog()->frameGeometry();
     const CellPlate* plate = w.month->Label9(std::stoi(c));
     const QRect cell(plate->mapToGlobal(QPoint(0, 0)), plate->size());
-    return YesNo(list->x() == cell.left() &&
-                 (list->y() == cell.bottom() + 1 || list->frameGeometry().bottom() <= cell.top()));
+    const QRect area = AvailableArea(w.window);
+    if (!area.contains(list)) return "off the screen";
+    if (list.left() != cell.left()) return "beside the cell";
+    // The plates stand on whole pixels, the layout's cells may end within one.
+    if (std::abs(list.top() - cell.bottom() - 1) <= 1) return "below";
+    if (list.bottom() <= cell.top()) return "above";
+    return list.bottom() == area.bottom() ? "on the screen's bottom" : "elsewhere";
   };
 
   // The day tab.
