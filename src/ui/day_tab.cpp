@@ -151,13 +151,15 @@ void DayCalendar::paintEvent(QPaintEvent*) {
   for (int place = 0; place < kPlaces; ++place) {
     const CivilDate date = PageDate(place);
     if (!InCalendar(date)) continue;
-    const QRect box = PlaceRect(g, place).adjusted(2, 2, -2, -2);
+    const QRect whole = PlaceRect(g, place);
+    const QRect box = whole.adjusted(2, 2, -2, -2);
     const bool inMonth = date.month == shown.month;
     const bool selected = date == shown;
     if (inMonth && day.Marks[static_cast<std::size_t>(date.day - 1)]) p.fillRect(box, mark);
+    // The selection's frame stands in the margin around the box, so the mark keeps its room.
     if (selected) {
       p.setPen(QPen(pal.color(QPalette::Highlight), 2));
-      p.drawRect(box.adjusted(1, 1, -1, -1));
+      p.drawRect(QRectF(whole).adjusted(1, 1, -1, -1));
     }
     p.setFont(selected ? bold : font());
     p.setPen(inMonth ? pal.color(QPalette::Text) : pal.color(QPalette::PlaceholderText));

@@ -147,8 +147,8 @@ FormLayout Form_Resize(double widthPx, double heightPx, double dpi, const Design
   return LayoutTwips(widthPx * twips, heightPx * twips, design, comYYWidthTwips).Scaled(1 / twips);
 }
 
-double PlaceDateLabel(const RectF& tab, double labelWidth, double twipsPerUnit) {
-  return tab.left + tab.width - labelWidth - 200 / twipsPerUnit;
+double PlaceDateLabel(const RectF& tab, double labelWidth, double twipsPerUnit, double leftmost) {
+  return std::max(tab.left + tab.width - labelWidth - 200 / twipsPerUnit, leftmost);
 }
 
 RectF PlaceComDt(const FormLayout& layout, int cell, double width, double height) {

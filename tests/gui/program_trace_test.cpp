@@ -1,5 +1,4 @@
 #include <QDesktopServices>
-#include <QDir>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -91,6 +90,9 @@ struct Program : ViewsGuiTest {
     EXPECT_EQ(testing::NewMessageLines(messages, seen), "") << "messages not looked at";
   }
 };
+
+// The selected cell's colour, which the day tab's calendar marks days with items in too.
+const QColor kSelectionColour(0xFF, 0xFF, 0xC0);
 
 std::string ColourName(const QColor& colour) {
   return colour == QColor(255, 0, 0) ? "red" : colour == QColor(0, 0, 0) ? "black" : "other";
@@ -252,7 +254,7 @@ testing::Trace<Program> ProgramTrace() {
     p.stamp = LiveRows(p.app->Document().Tables).at(r.Int(1)).Stamp;
   };
   t.steps["grab"] = [](S p, R r) {
-    p.Window()->grab().save(QDir::temp().filePath(QString::fromStdString(r[1])));
+    p.Window()->grab().save(PicturePath(p.dir, QString::fromStdString(r[1])));
   };
 
   // The program and its window.
@@ -431,7 +433,7 @@ testing::Trace<Program> ProgramTrace() {
   };
   t.looks["back"] = [](S w, auto& c) -> std::string {
     const QColor back = w.month->Label9(std::stoi(c))->Back();
-    if (back == QColor(0xFF, 0xFF, 0xC0)) return "selection";
+    if (back == kSelectionColour) return "selection";
     if (back == QColor(0xE0, 0xE0, 0xE0)) return "grey";
     return back == w.month->palette().color(QPalette::Base) ? "window" : "other";
   };
@@ -448,6 +450,13 @@ testing::Trace<Program> ProgramTrace() {
     return n(cell) + " " + w.month->Label1(cell)->Text().toStdString();
   };
   t.looks["comdt"] = [](S w, auto&) { return YesNo(w.month->ComDt()->isVisible()); };
+  t.looks["scrolls"] = [](S w, auto& c) { return YesNo(w.month->Grid1(std::stoi(c))->Scrolls()); };
+  // Whether ComDt leaves the selected cell's scroll bar free.
+  t.looks["comdt-clear"] = [](S w, auto&) {
+    const CellList* list = w.month->Grid1(w.Views().Month().SelectedCell);
+    const QRect track = list->ScrollTrack().translated(list->pos());
+    return YesNo(!track.intersects(w.month->ComDt()->geometry()));
+  };
   t.looks["comdt-in-cell"] = [](S w, auto& c) {
     return YesNo(w.month->Label9(std::stoi(c))->geometry().contains(w.month->ComDt()->geometry()));
   };
@@ -474,6 +483,17 @@ testing::Trace<Program> ProgramTrace() {
     SchDT* list = w.window->ScheduleListDialog();
     if (!list->isVisible()) return "(hidden)";
     return list->windowTitle().toStdString() + " " + Lines(Items(list->List1()));
+  };
+  // Where the window the lines run in stands on its screen's free area: centred, on the
+  // screen, or off it.
+  t.looks["place"] = [](S p, auto&) -> std::string {
+    const QRect window = p.Window()->frameGeometry();
+    const QRect area = AvailableArea(p.Window());
+    if (!area.contains(window)) return "off the screen";
+    return (window.center() - area.center()).manhattanLength() <= 1 ? "centred" : "on the screen";
+  };
+  t.looks["list-on-screen"] = [](S w, auto&) {
+    return YesNo(AvailableArea(w.window).contains(w.window->ScheduleListDialog()->frameGeometry()));
   };
   t.looks["list-place"] = [](S w, auto& c) -> std::string {
     const QRect list = w.window->ScheduleListDialog()->frameGeometry();
@@ -505,6 +525,18 @@ testing::Trace<Program> ProgramTrace() {
     EXPECT_EQ(bar.ScaleWidth(), w.day->Pict()->width());
     return bar.At(bar.ColumnOf(std::stoi(minute))) == TimeBar::Paint::Span ? "span" : "ground";
   };
+  // Whether the calendar marks the date as a day with items: half its place or more in the
+  // mark's colour.
+  t.looks["day.marked"] = [](S w, auto& date) {
+    DayCalendar* calendar = w.day->CSCal4();
+    const QImage place =
+        calendar->grab(calendar->DateRect(testing::CaseRow{{date}, ""}.Date(0))).toImage();
+    int marked = 0;
+    for (int y = 0; y < place.height(); ++y) {
+      for (int x = 0; x < place.width(); ++x) marked += place.pixelColor(x, y) == kSelectionColour;
+    }
+    return YesNo(2 * marked >= place.width() * place.height());
+  };
   // Whether every control of the tab lies inside it.
   t.looks["day.inside"] = [](S w, auto&) {
     bool inside = true;
@@ -521,6 +553,11 @@ TEST(Program, FollowsTheTraces) {
   const testing::Trace<Program> trace = ProgramTrace();
   trace.Run("gui/program.txt", 5, 150);
   trace.Run("gui/tabs.txt", 5, 150);
+}
+
+// Runs again at twice the scale on a small screen (see CMakeLists.txt).
+TEST(Program, KeepsItsWindowsOnTheScreen) {
+  ProgramTrace().Run("gui/on-screen.txt", 5, 20);
 }
 
 }  // namespace
