@@ -151,13 +151,15 @@ void DayCalendar::paintEvent(QPaintEvent*) {
   for (int place = 0; place < kPlaces; ++place) {
     const CivilDate date = PageDate(place);
     if (!InCalendar(date)) continue;
-    const QRect box = PlaceRect(g, place).adjusted(2, 2, -2, -2);
+    const QRect whole = PlaceRect(g, place);
+    const QRect box = whole.adjusted(2, 2, -2, -2);
     const bool inMonth = date.month == shown.month;
     const bool selected = date == shown;
     if (inMonth && day.Marks[static_cast<std::size_t>(date.day - 1)]) p.fillRect(box, mark);
+    // The selection's frame stands in the margin around the box, so the mark keeps its room.
     if (selected) {
       p.setPen(QPen(pal.color(QPalette::Highlight), 2));
-      p.drawRect(box.adjusted(1, 1, -1, -1));
+      p.drawRect(QRectF(whole).adjusted(1, 1, -1, -1));
     }
     p.setFont(selected ? bold : font());
     p.setPen(inMonth ? pal.color(QPalette::Text) : pal.color(QPalette::PlaceholderText));
@@ -269,17 +271,8 @@ QToolButton* DayTab::Arrow(const QString& name, Qt::ArrowType arrow, std::functi
 }
 
 void DayTab::List1_SelChange() {
-  const int row = list1_->currentRow();
-  int first = row;
-  int last = row;
-  for (const QModelIndex& index : list1_->selectionModel()->selectedRows()) {
-    first = std::min(first, index.row());
-    last = std::max(last, index.row());
-  }
-  // The other end of the selection: the one away from the current row.
-  const int rowSel = first != row ? first : last;
-  views_.List1_SelChange(list1_->selectionModel()->hasSelection() ? row : -1,
-                         list1_->selectionModel()->hasSelection() ? rowSel : -1);
+  const ListSelection selection = SelectionOf(list1_);
+  views_.List1_SelChange(selection.row, selection.rowSel);
   sink_({});
 }
 

@@ -4,6 +4,7 @@
 
 #include "holidays/holiday_texts.h"
 #include "ui/holiday_dialog_support.h"
+#include "ui/screen_place.h"
 
 namespace sched {
 

@@ -3,14 +3,12 @@
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
-#include <QShowEvent>
 
 #include "alarms/texts.h"
+#include "ui/screen_place.h"
 
 namespace sched {
 namespace {
@@ -63,17 +61,7 @@ Form1::Form1(const NoticeForm& form, QWidget* mainWindow)
   grid->addWidget(buttons, 5, 0, 1, 2);
 
   resize(sizeHint().expandedTo(QSize(fontMetrics().averageCharWidth() * 48, 0)));
-}
-
-void Form1::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  // In the middle of the screen the main window is on, once its size is settled.
-  const QScreen* on = mainWindow_ != nullptr && mainWindow_->screen() != nullptr
-                          ? mainWindow_->screen()
-                          : QGuiApplication::primaryScreen();
-  QRect frame = frameGeometry();
-  frame.moveCenter(on->availableGeometry().center());
-  move(frame.topLeft());
+  CentreOnScreen(this);
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

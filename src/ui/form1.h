@@ -17,7 +17,6 @@ class Form1 : public QWidget {
   Form1(const NoticeForm& form, QWidget* mainWindow);
 
  protected:
-  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:

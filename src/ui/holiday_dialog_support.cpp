@@ -1,11 +1,8 @@
 #include "ui/holiday_dialog_support.h"
 
 #include <QEvent>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QScreen>
-#include <algorithm>
 
 #include "holidays/holiday_dialog_host.h"
 #include "ui/rgb_color.h"
@@ -58,15 +55,6 @@ OkCancelButtons AddOkCancel(QDialog* dialog, QBoxLayout* layout, const char* okN
                      dialog->QDialog::reject();
                    });
   return buttons;
-}
-
-void CentreOnScreen(QWidget* window) {
-  const QScreen* screen = window->screen() ? window->screen() : QGuiApplication::primaryScreen();
-  if (screen == nullptr) return;
-  const QRect area = screen->geometry();
-  const QSize size = window->frameGeometry().size();
-  window->move(std::max(0, area.x() + (area.width() - size.width()) / 2),
-               std::max(0, area.y() + (area.height() - size.height()) / 2));
 }
 
 KeyDownFilter::KeyDownFilter(QWidget* window, std::function<bool(int)> keyDown)

@@ -27,9 +27,6 @@ OkCancelButtons AddOkCancel(QDialog* dialog, QBoxLayout* layout, const char* okN
                             const char* okText, std::function<void()> ok, const char* cancelName,
                             const char* cancelText, std::function<void()> cancel);
 
-// Puts a window in the middle of its screen; a side that would come out negative is 0.
-void CentreOnScreen(QWidget* window);
-
 // Hands the keys pressed anywhere in a window to its form model first, by their window-system
 // key codes (Left 37, Right 39, F1 112); a key that the model uses goes no further.
 class KeyDownFilter : public QObject {

@@ -110,6 +110,27 @@ int CellList::RowAt(int y) const {
   return row < static_cast<int>(lines_.size()) ? row : -1;
 }
 
+int CellList::ItemLines() const {
+  return std::max(0, static_cast<int>(lines_.size()) - 1);
+}
+
+bool CellList::Scrolls() const {
+  return ItemLines() > VisibleRows();
+}
+
+QRect CellList::ScrollTrack() const {
+  if (!Scrolls()) return {};
+  QRect track(width() - kScrollBarWidth - 1, 1, kScrollBarWidth, height() - 2);
+  if (covered_.intersects(track)) track.setBottom(covered_.top() - 2);
+  return track;
+}
+
+void CellList::KeepClear(const QRect& covered) {
+  if (covered == covered_) return;
+  covered_ = covered;
+  update();
+}
+
 void CellList::Show(const MonthCell& cell, const QColor& back) {
   std::vector<QString> lines;
   lines.reserve(cell.lines.size());
@@ -126,7 +147,8 @@ void CellList::Show(const MonthCell& cell, const QColor& back) {
   selectedRow_ = cell.selectedRow;
   setEnabled(cell.enabled);
   // The selected row scrolls into view.
-  if (highlight_ && selectedRow_ >= 0 && selectedRow_ < static_cast<int>(lines_.size())) {
+  if (Scrolls() && highlight_ && selectedRow_ >= 0 &&
+      selectedRow_ < static_cast<int>(lines_.size())) {
     if (selectedRow_ < top_) top_ = selectedRow_;
     if (selectedRow_ >= top_ + VisibleRows()) top_ = selectedRow_ - VisibleRows() + 1;
   }
@@ -134,7 +156,7 @@ void CellList::Show(const MonthCell& cell, const QColor& back) {
 }
 
 void CellList::ScrollTo(int top) {
-  const int most = std::max(0, static_cast<int>(lines_.size()) - VisibleRows());
+  const int most = Scrolls() ? static_cast<int>(lines_.size()) - VisibleRows() : 0;
   top = std::clamp(top, 0, most);
   if (top == top_) return;
   top_ = top;
@@ -142,7 +164,7 @@ void CellList::ScrollTo(int top) {
 }
 
 bool CellList::OnScrollBar(int x) const {
-  return static_cast<int>(lines_.size()) > VisibleRows() && x >= width() - kScrollBarWidth - 2;
+  return Scrolls() && x >= width() - kScrollBarWidth - 2;
 }
 
 void CellList::paintEvent(QPaintEvent*) {
@@ -150,7 +172,7 @@ void CellList::paintEvent(QPaintEvent*) {
   p.fillRect(rect(), back_);
   const int rowHeight = RowHeight();
   const int count = static_cast<int>(lines_.size());
-  const bool scrolls = count > VisibleRows();
+  const bool scrolls = Scrolls();
   const int textWidth = width() - 4 - (scrolls ? kScrollBarWidth + 2 : 0);
   const QColor text = palette().color(QPalette::Text);
   for (int row = top_, y = 0; row < count && y < height(); ++row, y += rowHeight) {
@@ -165,14 +187,16 @@ void CellList::paintEvent(QPaintEvent*) {
   }
   if (!scrolls) return;
   // A slim bar: where the shown rows stand among all.
-  const QRect track(width() - kScrollBarWidth - 1, 1, kScrollBarWidth, height() - 2);
+  const QRect track = ScrollTrack();
+  if (track.height() <= 0) return;
   p.setRenderHint(QPainter::Antialiasing);
   p.setPen(Qt::NoPen);
   QColor ground = palette().color(QPalette::Mid);
   ground.setAlpha(60);
   p.setBrush(ground);
   p.drawRoundedRect(track, 3, 3);
-  const int thumbHeight = std::max(8, track.height() * VisibleRows() / count);
+  const int thumbHeight =
+      std::min(track.height(), std::max(8, track.height() * VisibleRows() / count));
   const int thumbTop =
       track.top() + (track.height() - thumbHeight) * top_ / std::max(1, count - VisibleRows());
   p.setBrush(palette().color(QPalette::Dark));
@@ -206,7 +230,9 @@ void CellList::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CellList::mouseReleaseEvent(QMouseEvent* event) {
-  if (IsRightUp(event)) sink_(views_.Cell_RightUp(cell_));
+  if (IsRightUp(event)) {
+    sink_(views_.Cell_RightUp(cell_, RowAt(static_cast<int>(event->position().y()))));
+  }
 }
 
 GridKeys::GridKeys(CalendarViews& views, ViewActionSink sink, QWidget* parent)
@@ -354,6 +380,7 @@ void MonthTab::FitNames() {
 }
 
 void MonthTab::PlaceComDt() {
+  for (CellList* list : lists_) list->KeepClear({});
   const int cell = views_.Month().SelectedCell;
   if (!views_.Month().ComDtVisible || cell < 0 || !laidOut_) {
     comDt_->hide();
@@ -364,6 +391,8 @@ void MonthTab::PlaceComDt() {
   comDt_->setGeometry(PixelRect(place).adjusted(-2, -2, -2, -2));
   comDt_->show();
   comDt_->raise();
+  CellList* list = lists_[static_cast<std::size_t>(cell)];
+  list->KeepClear(comDt_->geometry().translated(-list->pos()));
 }
 
 void MonthTab::ApplyLayout(const FormLayout& layout) {

@@ -59,7 +59,8 @@ class CellText : public QWidget {
 };
 
 // A cell's list of appointments (Grid1): one line a row, the selected row highlighted in the
-// selected cell; it scrolls by the wheel or a click on its bar when the lines do not fit.
+// selected cell; it scrolls by the wheel or a click on its bar when its items do not fit (the
+// blank last line alone makes no bar).
 class CellList : public QWidget {
  public:
   CellList(int cell, CalendarViews& views, ViewActionSink sink, QWidget* parent);
@@ -70,6 +71,12 @@ class CellList : public QWidget {
   int VisibleRows() const;
   // The row at a point of the list, -1 below the last line.
   int RowAt(int y) const;
+  bool Scrolls() const;
+  // The scroll bar's track, empty when the list does not scroll.
+  QRect ScrollTrack() const;
+  // A part of the list that a control over it covers (ComDt), in the list's pixels: the scroll
+  // bar ends above it. Empty for none.
+  void KeepClear(const QRect& covered);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -81,6 +88,7 @@ class CellList : public QWidget {
  private:
   void ScrollTo(int top);
   bool OnScrollBar(int x) const;
+  int ItemLines() const;
 
   int cell_;
   CalendarViews& views_;
@@ -90,6 +98,7 @@ class CellList : public QWidget {
   bool highlight_ = false;
   int selectedRow_ = 0;
   int top_ = 0;
+  QRect covered_;
 };
 
 // The hidden box that has the focus on the month tab and hands the grid's keys to the views;

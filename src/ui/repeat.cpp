@@ -9,7 +9,7 @@
 #include "appointments/repeat_caption.h"
 #include "appointments/texts.h"
 #include "platform/key_codes.h"
-#include "ui/holiday_dialog_support.h"
+#include "ui/screen_place.h"
 
 namespace sched {
 

@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "views/view_texts.h"
 
@@ -29,6 +28,11 @@ SchDT::SchDT(CalendarViews& views, Messages& messages, ViewActionSink sink, Popu
   list1_->viewport()->installEventFilter(this);
   layout->addWidget(list1_);
   connect(list1_, &QListWidget::itemDoubleClicked, this, &SchDT::Activate);
+  // The item commands act on the line the keys or the mouse moved to.
+  connect(list1_, &QListWidget::itemSelectionChanged, this, [this] {
+    const ListSelection selection = SelectionOf(list1_);
+    views_.List().Select(selection.row, selection.rowSel);
+  });
   resize(340, 190);
 }
 
@@ -45,8 +49,7 @@ void SchDT::ShowModel(double twipsPerPixel) {
     for (const std::string& line : list.Lines) list1_->addItem(QString::fromStdString(line));
     if (list.Row >= 0 && list.Row < list1_->count()) list1_->setCurrentRow(list.Row);
   }
-  move(static_cast<int>(list.Position.left / twipsPerPixel),
-       static_cast<int>(list.Position.top / twipsPerPixel));
+  move(Pixels(list.Position.left, twipsPerPixel), Pixels(list.Position.top, twipsPerPixel));
   if (!isVisible()) show();
 }
 
@@ -57,10 +60,7 @@ void SchDT::Hide() {
 }
 
 void SchDT::Activate() {
-  ScheduleList& list = views_.List();
-  list.Row = list1_->currentRow();
-  list.RowSel = list.Row;
-  sink_(list.List1_DblClick());
+  sink_(views_.List().List1_DblClick());
 }
 
 void SchDT::reject() {
@@ -79,17 +79,11 @@ bool SchDT::eventFilter(QObject* watched, QEvent* event) {
   ScheduleList& list = views_.List();
   if (watched == list1_->viewport() && event->type() == QEvent::MouseButtonRelease) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
-    int first = list1_->currentRow();
-    int last = first;
-    for (const QModelIndex& index : list1_->selectionModel()->selectedRows()) {
-      first = std::min(first, index.row());
-      last = std::max(last, index.row());
-    }
-    const int row = list1_->currentRow();
+    const ListSelection selection = SelectionOf(list1_);
     if (mouse->button() == Qt::LeftButton) {
-      list.List1_Click(row, first != row ? first : last, messages_);
+      list.List1_Click(selection.row, selection.rowSel, messages_);
     } else if (mouse->button() == Qt::RightButton) {
-      list.Select(row, first != row ? first : last);
+      list.Select(selection.row, selection.rowSel);
       popup_(list.Popup(views_.ClipboardFull()));
       return true;
     }

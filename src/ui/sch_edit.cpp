@@ -16,7 +16,7 @@
 #include "platform/key_codes.h"
 #include "platform/qt/qt_date_formatter.h"
 #include "store/sch_record.h"
-#include "ui/holiday_dialog_support.h"
+#include "ui/screen_place.h"
 
 namespace sched {
 namespace {
@@ -122,7 +122,7 @@ SchEdit::SchEdit(SchEditModel& model, QWidget* parent) : QDialog(parent), model_
   text1_->setFocus();
   ShowModel();
   resize(sizeHint().width(), minimumSizeHint().height());
-  if (parent == nullptr) CentreOnScreen(this);  // over a parent, the dialog centres itself
+  CentreOnScreen(this);
 }
 
 void SchEdit::Run(SchEditModel& model, QWidget* parent) {

@@ -6,6 +6,7 @@
 
 #include "holidays/holiday_texts.h"
 #include "ui/holiday_dialog_support.h"
+#include "ui/screen_place.h"
 
 namespace sched {
 
@@ -82,7 +83,6 @@ SchWeekH::SchWeekH(SchWeekHModel& model, QWidget* parent) : QDialog(parent), mod
   model_.Form_Load();
   ShowModel();
   setReset_->setFocus();
-  adjustSize();
   CentreOnScreen(this);
 }
 

@@ -4,6 +4,7 @@
 
 #include "holidays/holiday_texts.h"
 #include "ui/holiday_dialog_support.h"
+#include "ui/screen_place.h"
 
 namespace sched {
 
@@ -52,7 +53,6 @@ SchYearH::SchYearH(SchYearHModel& model, QWidget* parent) : QDialog(parent), mod
 
   new KeyDownFilter(this, [this](int key) { return model_.Form_KeyDown(key); });
   command1_->setFocus();
-  adjustSize();
   CentreOnScreen(this);
 }
 

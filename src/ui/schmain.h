@@ -150,6 +150,7 @@ class SchMain : public QMainWindow, public DocumentView {
   // Form_Resize: both tabs' controls from the size of the tab's pages.
   void LayoutViews();
   void UpdateListFrame();
+  void ShowScheduleListDialog();
   double ViewDpi() const;
   void ShowAbout();
   // Runs a dialog of the window with alarm notices held back until it closes.

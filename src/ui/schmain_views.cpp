@@ -11,6 +11,7 @@
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
 #include "ui/schmain.h"
+#include "ui/screen_place.h"
 #include "ui/tab_corner.h"
 #include "views/calendar_views.h"
 
@@ -75,8 +76,23 @@ void SchMain::ShowViews() {
   label6_->setText(QString::fromStdString(s_.views.DateLabel));
   corner_->Place();
   UpdateListFrame();
-  schDT_->ShowModel(TwipsPerPixel(ViewDpi()));
+  ShowScheduleListDialog();
   ShowMenus();
+}
+
+void SchMain::ShowScheduleListDialog() {
+  const double twips = TwipsPerPixel(ViewDpi());
+  schDT_->ShowModel(twips);
+  // The window system's frame around the dialog is known once it shows: the first showing
+  // places it again with the frame's size.
+  const ScheduleListFrame& f = s_.views.ListFrame;
+  const QSize frame = schDT_->frameGeometry().size();
+  if (schDT_->isVisible() && (Pixels(f.dialogWidth, twips) != frame.width() ||
+                              Pixels(f.dialogHeight, twips) != frame.height())) {
+    UpdateListFrame();
+    s_.views.PlaceList();
+    schDT_->ShowModel(twips);
+  }
 }
 
 void SchMain::RunViewAction(const ViewAction& action) {
@@ -156,9 +172,11 @@ void SchMain::UpdateListFrame() {
   f.formLeft = page.x() * twips - f.layout.SSTab1.left;
   f.formTop =
       page.y() * twips - f.layout.SSTab1.top - f.design.tabStripHeight - f.layout.Label8[0].height;
-  f.dialogHeight = schDT_->frameGeometry().height() * twips;
-  const QScreen* shown = screen();
-  f.screenHeight = (shown != nullptr ? shown->availableGeometry().bottom() : 1080) * twips;
+  const QRect dialog = schDT_->frameGeometry();
+  f.dialogWidth = dialog.width() * twips;
+  f.dialogHeight = dialog.height() * twips;
+  const QRect area = AvailableArea(this);
+  f.screen = {area.x() * twips, area.y() * twips, area.width() * twips, area.height() * twips};
 }
 
 void SchMain::moveEvent(QMoveEvent* event) {

@@ -40,7 +40,8 @@ void TabCorner::Place() {
   // The label's place counts from the tab's edges.
   const QSize labelSize = label_->sizeHint();
   const RectF tab{-static_cast<double>(x()), 0, static_cast<double>(parentWidget()->width()), 0};
-  const double left = PlaceDateLabel(tab, labelSize.width(), twipsPerPixel_());
+  const double barEnd = bar_->isVisibleTo(this) ? bar_->geometry().right() + 1 + kBarGap : 0;
+  const double left = PlaceDateLabel(tab, labelSize.width(), twipsPerPixel_(), barEnd);
   label_->setGeometry(static_cast<int>(left), (height() - labelSize.height()) / 2,
                       labelSize.width(), labelSize.height());
 }

@@ -2,8 +2,11 @@
 
 #include <QColor>
 #include <QFont>
+#include <QListWidget>
 #include <QPalette>
 #include <QRect>
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <functional>
 
@@ -37,6 +40,12 @@ inline QRect PixelRect(const RectF& r) {
                static_cast<int>(r.height + 0.5));
 }
 
+// A place of the views in twips on the pixel grid; an error of the conversion's last digits
+// does not put it on the pixel before.
+inline int Pixels(double twips, double twipsPerPixel) {
+  return static_cast<int>(std::floor(twips / twipsPerPixel + 1e-6));
+}
+
 // The window system's code of the keys the views react to (Enter 13, Left 37, F1 112, ...);
 // 0 for every other key.
 inline int ViewKeyOf(int qtKey) {
@@ -56,6 +65,20 @@ inline int ViewKeyOf(int qtKey) {
     case Qt::Key_F1: return kKeyF1;
     default: return 0;
   }
+}
+
+// The selection of a list widget: the current row and the selection's other end, the one away
+// from the current row; -1 for both without a selection.
+inline ListSelection SelectionOf(const QListWidget* list) {
+  if (!list->selectionModel()->hasSelection()) return {list->count(), -1, -1};
+  const int row = list->currentRow();
+  int first = row;
+  int last = row;
+  for (const QModelIndex& index : list->selectionModel()->selectedRows()) {
+    first = std::min(first, index.row());
+    last = std::max(last, index.row());
+  }
+  return {list->count(), row, first != row ? first : last};
 }
 
 // A widget's font scaled by `factor`, bold when asked.

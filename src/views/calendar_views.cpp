@@ -79,6 +79,11 @@ void CalendarViews::RefreshViews() {
     gridStale_ = true;
   }
   UpdateDeleteMenus();
+  UpdateToolbar();
+}
+
+void CalendarViews::UpdateToolbar() {
+  menus_.ToolbarDelete = Tab == 1 && day_.List1Rows() > 0;
 }
 
 void CalendarViews::UpdateDeleteMenus() {
@@ -119,7 +124,7 @@ void CalendarViews::SelectCell(int cell, int row) {
   menus_.YearHolidays = true;
   if (list_.Visible) RefreshScheduleList();
   if (row != -1) month_.Cell(cell).selectedRow = row;
-  menus_.ToolbarDelete = Tab == 1 && day_.List1Rows() > 0;
+  UpdateToolbar();
   PopupActive = 0;
   list_.Active = false;
 }
@@ -136,8 +141,11 @@ void CalendarViews::PlaceList() {
   place.cell = f.layout.Label9[static_cast<std::size_t>(cell)];
   place.headHeight = f.layout.Label8[0].height;
   place.dialogHeight = f.dialogHeight;
-  place.screenHeight = f.screenHeight;
-  list_.Position = PlaceScheduleList(place);
+  place.screenHeight = f.screen.Bottom();
+  const DialogPosition at = PlaceScheduleList(place);
+  // Wholly on the screen, moved no further than it takes.
+  const RectF kept = KeepOnArea({at.left, at.top, f.dialogWidth, f.dialogHeight}, f.screen);
+  list_.Position = {kept.left, kept.top, at.flipped};
 }
 
 void CalendarViews::RefreshScheduleList() {

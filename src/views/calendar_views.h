@@ -25,12 +25,13 @@ struct ViewServices {
 };
 
 // What the schedule list dialog needs to place itself, in twips: the window's place, the
-// layout of the last resize, the dialog's height and the screen's height.
+// layout of the last resize, the dialog's size and the part of the screen that windows may take.
 struct ScheduleListFrame {
   double formLeft = 0;
   double formTop = 0;
+  double dialogWidth = 5100;
   double dialogHeight = 2400;
-  double screenHeight = 11520;
+  RectF screen{0, 0, 15360, 11520};
   DesignPlaces design;
   FormLayout layout = LayoutTwips(8880, 6600, DesignPlaces{}, 375);
 };
@@ -88,6 +89,8 @@ class CalendarViews {
   void SelectCell(int cell, int row = -1);
   // The schedule list dialog for the selected date, under (or above) its cell.
   void ShowScheduleList();
+  // Places the schedule list dialog by the selected cell, as the frame says now.
+  void PlaceList();
 
   // Navigation.
   void Combo1_Click();
@@ -108,7 +111,8 @@ class CalendarViews {
   // Mouse and keys on the month grid.
   ViewAction Cell_Click(int cell);
   ViewAction Cell_DblClick(int cell);
-  ViewAction Cell_RightUp(int cell);
+  // A right click on the cell, or on line `row` of its list, which is selected first.
+  ViewAction Cell_RightUp(int cell, int row = -1);
   ViewAction Grid1_MouseDown(int cell, int row);
   ViewAction Grid1_DblClick(int cell, int row);
   ViewAction ComDt_Click();
@@ -147,7 +151,8 @@ class CalendarViews {
   void SetCurrentDate(const CivilDate& date);
   void ZeroHolidayArrays();
   void RefreshScheduleList();
-  void PlaceList();
+  // Toolbar button 3: on the day tab while the day list has rows.
+  void UpdateToolbar();
   // Day 1 of the month the combos stand on becomes the current date; the grid follows.
   void TurnToComboMonth(const CivilDate& date, bool newYear);
   ListSelection CellSelection(int cell) const;

@@ -14,9 +14,9 @@ ViewAction CalendarViews::Cell_DblClick(int cell) {
   return {ViewCommand::AddSchedule, -1, {}};
 }
 
-ViewAction CalendarViews::Cell_RightUp(int cell) {
+ViewAction CalendarViews::Cell_RightUp(int cell, int row) {
   if (!month_.Cell(cell).enabled) return {};
-  SelectCell(cell);
+  SelectCell(cell, row);
   PopupActive = -1;
   return {ViewCommand::ShowPopupMenu2, -1, PopupItemsFor(CellSelection(cell), ClipboardFull())};
 }

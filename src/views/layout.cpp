@@ -147,8 +147,8 @@ FormLayout Form_Resize(double widthPx, double heightPx, double dpi, const Design
   return LayoutTwips(widthPx * twips, heightPx * twips, design, comYYWidthTwips).Scaled(1 / twips);
 }
 
-double PlaceDateLabel(const RectF& tab, double labelWidth, double twipsPerUnit) {
-  return tab.left + tab.width - labelWidth - 200 / twipsPerUnit;
+double PlaceDateLabel(const RectF& tab, double labelWidth, double twipsPerUnit, double leftmost) {
+  return std::max(tab.left + tab.width - labelWidth - 200 / twipsPerUnit, leftmost);
 }
 
 RectF PlaceComDt(const FormLayout& layout, int cell, double width, double height) {
@@ -157,6 +157,19 @@ RectF PlaceComDt(const FormLayout& layout, int cell, double width, double height
   const double right = cell % 7 == 6 ? plate.Right() : layout.Label9[c + 1].left;
   const double bottom = cell >= 35 ? plate.Bottom() : layout.Label9[c + 7].top;
   return {right - width, bottom - height, width, height};
+}
+
+RectF KeepOnArea(const RectF& window, const RectF& area) {
+  RectF kept = window;
+  kept.left = std::max(std::min(window.left, area.Right() - window.width), area.left);
+  kept.top = std::max(std::min(window.top, area.Bottom() - window.height), area.top);
+  return kept;
+}
+
+RectF CentreOnArea(double width, double height, const RectF& area) {
+  return KeepOnArea(
+      {area.left + (area.width - width) / 2, area.top + (area.height - height) / 2, width, height},
+      area);
 }
 
 }  // namespace sched

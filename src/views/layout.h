@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 
 #include "views/month_view_model.h"
 
@@ -97,11 +98,19 @@ FormLayout LayoutTwips(double width, double height, const DesignPlaces& design, 
 FormLayout Form_Resize(double widthPx, double heightPx, double dpi, const DesignPlaces& design = {},
                        double comYYWidthTwips = 375);
 
-// The date label's left edge: right-aligned on the tab, 200 twips from its edge. Lengths are in
-// twips, or in pixels with `twipsPerUnit` = TwipsPerPixel(dpi).
-double PlaceDateLabel(const RectF& tab, double labelWidth, double twipsPerUnit = 1.0);
+// The date label's left edge: right-aligned on the tab, 200 twips from its edge, but never left
+// of `leftmost`, where the controls before it end; a label without room is cut at its right.
+// Lengths are in twips, or in pixels with `twipsPerUnit` = TwipsPerPixel(dpi).
+double PlaceDateLabel(const RectF& tab, double labelWidth, double twipsPerUnit = 1.0,
+                      double leftmost = std::numeric_limits<double>::lowest());
 
 // ComDt in the lower right corner of the selected cell, keeping its size.
 RectF PlaceComDt(const FormLayout& layout, int cell, double width, double height);
+
+// A window moved just enough to lie wholly on `area`, the screen's part that windows may take;
+// one larger than the area keeps its top left corner on it, where its caption is.
+RectF KeepOnArea(const RectF& window, const RectF& area);
+// A window of the size in the middle of `area`, and kept on it.
+RectF CentreOnArea(double width, double height, const RectF& area);
 
 }  // namespace sched

@@ -105,7 +105,7 @@ void CalendarViews::CSCal4_Change(const CivilDate& date) {
   } else {
     ShowDayList();
   }
-  menus_.ToolbarDelete = day_.List1Rows() > 0;
+  UpdateToolbar();
 }
 
 void CalendarViews::GoToday() {
@@ -130,6 +130,7 @@ void CalendarViews::GoToday() {
     ShowDayList();
   }
   UpdateDeleteMenus();
+  UpdateToolbar();
   SetFocusToView(false);
   PopupActive = 0;
 }
@@ -144,8 +145,8 @@ bool CalendarViews::SSTab1_Click(int tab) {
     UpdateDeleteMenus();
     day_.CalendarDate = CurrentDate();
     ShowDayList();
-    const bool rows = day_.List1Rows() > 0;
-    menus_.DelSchDat = menus_.UpdSchDat = menus_.ToolbarDelete = rows;
+    menus_.DelSchDat = menus_.UpdSchDat = day_.List1Rows() > 0;
+    UpdateToolbar();
     Focus = FocusTarget::CSCal4;
     return resize;
   }
@@ -168,7 +169,7 @@ bool CalendarViews::SSTab1_Click(int tab) {
     list_.FillDayIndex(s_.doc.Tables, cur, true, 0);
   }
   UpdateDeleteMenus();
-  menus_.ToolbarDelete = false;
+  UpdateToolbar();
   return resize;
 }
 

@@ -61,7 +61,8 @@ void ScheduleList::Select(int row, int rowSel) {
   Active = true;
 }
 
-ViewAction ScheduleList::List1_DblClick() const {
+ViewAction ScheduleList::List1_DblClick() {
+  Active = true;
   if (!IsItemSelection(Selection())) return {};
   return {ViewCommand::ModifySchedule, List3[static_cast<std::size_t>(Row)], {}};
 }

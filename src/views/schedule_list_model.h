@@ -45,8 +45,9 @@ class ScheduleList {
   void List1_Click(int row, int rowSel, Messages& messages);
   // The user selects from `row` to `rowSel`: the item commands act on this list from now on.
   void Select(int row, int rowSel);
-  // Double click or Enter: the modify command on the line's row.
-  ViewAction List1_DblClick() const;
+  // Double click or Enter: the modify command on the selected line's row; from now on the item
+  // commands act on this list, whatever the cell's list selects.
+  ViewAction List1_DblClick();
   // The popup's entries for the dialog's selection.
   PopupItems Popup(bool clipboardFull) const;
   // Escape hides the dialog.

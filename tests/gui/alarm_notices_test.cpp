@@ -78,7 +78,7 @@ TEST_F(AlarmNoticesTest, TwoAlarmsOfAMinuteOpenTwoWindows) {
   // In the middle of the screen.
   const QRect screen = dentist->screen()->availableGeometry();
   EXPECT_LE((dentist->frameGeometry().center() - screen.center()).manhattanLength(), 2);
-  dentist->grab().save(QString::fromStdString(dir.File("alarm-notice.png")));
+  dentist->grab().save(PicturePath(dir, "alarm-notice.png"));
 
   // The next alarm is armed; closing a window leaves the other.
   EXPECT_EQ(clockAlarm.ArmedMinute(), 660);

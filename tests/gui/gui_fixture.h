@@ -18,6 +18,7 @@
 #include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
 #include "shell/install.h"
+#include "tests/gui/picture_path.h"
 #include "tests/support/fake_device_chooser.h"
 #include "tests/support/temp_dir.h"
 

@@ -1,5 +1,4 @@
 #include <QDesktopServices>
-#include <QDir>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -17,6 +16,7 @@
 #include "tests/support/row_looks.h"
 #include "tests/support/test_store.h"
 #include "ui/month_tab.h"
+#include "ui/screen_place.h"
 #include "views/calendar_views.h"
 
 namespace sched {
@@ -92,6 +92,9 @@ struct Program : ViewsGuiTest {
   }
 };
 
+// The selected cell's colour, which the day tab's calendar marks days with items in too.
+const QColor kSelectionColour(0xFF, 0xFF, 0xC0);
+
 std::string ColourName(const QColor& colour) {
   return colour == QColor(255, 0, 0) ? "red" : colour == QColor(0, 0, 0) ? "black" : "other";
 }
@@ -118,6 +121,11 @@ Qt::Key KeyOf(const std::string& name) {
                                                {"escape", Qt::Key_Escape},
                                                {"page-down", Qt::Key_PageDown}};
   return keys.at(name);
+}
+
+void RightClickLine(QListWidget* list, int row) {
+  const QPoint at = list->visualItemRect(list->item(row)).center();
+  QTest::mouseClick(list->viewport(), Qt::RightButton, {}, at);
 }
 
 // Drops a file on a widget as the window system would.
@@ -250,7 +258,7 @@ testing::Trace<Program> ProgramTrace() {
     p.stamp = LiveRows(p.app->Document().Tables).at(r.Int(1)).Stamp;
   };
   t.steps["grab"] = [](S p, R r) {
-    p.Window()->grab().save(QDir::temp().filePath(QString::fromStdString(r[1])));
+    p.Window()->grab().save(PicturePath(p.dir, QString::fromStdString(r[1])));
   };
 
   // The program and its window.
@@ -375,6 +383,12 @@ testing::Trace<Program> ProgramTrace() {
   t.steps["today"] = [](S w, R) { w.window->TodayButton()->click(); };
   t.steps["comdt"] = [](S w, R) { w.month->ComDt()->click(); };
   t.steps["list-key"] = [](S w, R r) { QTest::keyClick(w.List(), KeyOf(r[1])); };
+  // Right clicks on a line of a cell's list, of the schedule list or of the day list.
+  t.steps["line-right"] = [](S w, R r) {
+    CellList* list = w.month->Grid1(r.Int(1));
+    QTest::mouseClick(list, Qt::RightButton, {}, QPoint(10, list->RowHeight() * r.Int(2) + 2));
+  };
+  t.steps["list-right"] = [](S w, R r) { RightClickLine(w.List(), r.Int(1)); };
   t.steps["hide-popup"] = [](S w, R r) { w.window->Popup(QString::fromStdString(r[1]))->hide(); };
   // The day tab; its arrows clicked TIMES times.
   t.steps["tab"] = [](S w, R r) { w.ShowTab(r.Int(1)); };
@@ -390,9 +404,7 @@ testing::Trace<Program> ProgramTrace() {
   t.steps["calendar-right"] = [](S w, R) {
     QTest::mouseClick(w.day->CSCal4(), Qt::RightButton, {}, QPoint(10, 10));
   };
-  t.steps["day-right"] = [](S w, R) {
-    QTest::mouseClick(w.day->List1()->viewport(), Qt::RightButton, {}, QPoint(10, 5));
-  };
+  t.steps["day-right"] = [](S w, R r) { RightClickLine(w.day->List1(), r.Int(1)); };
   const auto arrows = [](QToolButton* (DayTab::*button)(int) const) {
     return [button](S w, R r) {
       for (int i = 0; i < (r[2].empty() ? 1 : r.Int(2)); ++i) (w.day->*button)(r.Int(1))->click();
@@ -430,7 +442,7 @@ testing::Trace<Program> ProgramTrace() {
   };
   t.looks["back"] = [](S w, auto& c) -> std::string {
     const QColor back = w.month->Label9(std::stoi(c))->Back();
-    if (back == QColor(0xFF, 0xFF, 0xC0)) return "selection";
+    if (back == kSelectionColour) return "selection";
     if (back == QColor(0xE0, 0xE0, 0xE0)) return "grey";
     return back == w.month->palette().color(QPalette::Base) ? "window" : "other";
   };
@@ -447,6 +459,13 @@ testing::Trace<Program> ProgramTrace() {
     return n(cell) + " " + w.month->Label1(cell)->Text().toStdString();
   };
   t.looks["comdt"] = [](S w, auto&) { return YesNo(w.month->ComDt()->isVisible()); };
+  t.looks["scrolls"] = [](S w, auto& c) { return YesNo(w.month->Grid1(std::stoi(c))->Scrolls()); };
+  // Whether ComDt leaves the selected cell's scroll bar free.
+  t.looks["comdt-clear"] = [](S w, auto&) {
+    const CellList* list = w.month->Grid1(w.Views().Month().SelectedCell);
+    const QRect track = list->ScrollTrack().translated(list->pos());
+    return YesNo(!track.intersects(w.month->ComDt()->geometry()));
+  };
   t.looks["comdt-in-cell"] = [](S w, auto& c) {
     return YesNo(w.month->Label9(std::stoi(c))->geometry().contains(w.month->ComDt()->geometry()));
   };
@@ -467,19 +486,35 @@ testing::Trace<Program> ProgramTrace() {
   t.looks["popup-shown"] = [](S w, auto& name) {
     return YesNo(w.window->Popup(QString::fromStdString(name))->isVisible());
   };
-  // The schedule list dialog: shown, its title and lines; whether it stands under the cell, or
-  // above it near the screen's bottom.
+  // The schedule list dialog: shown, its title and lines; where it stands by the cell: below
+  // it, above it, or on the screen's bottom edge, and always wholly on the screen.
   t.looks["list"] = [](S w, auto&) -> std::string {
     SchDT* list = w.window->ScheduleListDialog();
     if (!list->isVisible()) return "(hidden)";
     return list->windowTitle().toStdString() + " " + Lines(Items(list->List1()));
   };
-  t.looks["list-at-cell"] = [](S w, auto& c) {
-    SchDT* list = w.window->ScheduleListDialog();
+  // Where the window the lines run in stands on its screen's free area: centred, on the
+  // screen, or off it.
+  t.looks["place"] = [](S p, auto&) -> std::string {
+    const QRect window = p.Window()->frameGeometry();
+    const QRect area = AvailableArea(p.Window());
+    if (!area.contains(window)) return "off the screen";
+    return (window.center() - area.center()).manhattanLength() <= 1 ? "centred" : "on the screen";
+  };
+  t.looks["list-on-screen"] = [](S w, auto&) {
+    return YesNo(AvailableArea(w.window).contains(w.window->ScheduleListDialog()->frameGeometry()));
+  };
+  t.looks["list-place"] = [](S w, auto& c) -> std::string {
+    const QRect list = w.window->ScheduleListDialog()->frameGeometry();
     const CellPlate* plate = w.month->Label9(std::stoi(c));
     const QRect cell(plate->mapToGlobal(QPoint(0, 0)), plate->size());
-    return YesNo(list->x() == cell.left() &&
-                 (list->y() == cell.bottom() + 1 || list->frameGeometry().bottom() <= cell.top()));
+    const QRect area = AvailableArea(w.window);
+    if (!area.contains(list)) return "off the screen";
+    if (list.left() != cell.left()) return "beside the cell";
+    // The plates stand on whole pixels, the layout's cells may end within one.
+    if (std::abs(list.top() - cell.bottom() - 1) <= 1) return "below";
+    if (list.bottom() <= cell.top()) return "above";
+    return list.bottom() == area.bottom() ? "on the screen's bottom" : "elsewhere";
   };
 
   // The day tab.
@@ -499,6 +534,18 @@ testing::Trace<Program> ProgramTrace() {
     EXPECT_EQ(bar.ScaleWidth(), w.day->Pict()->width());
     return bar.At(bar.ColumnOf(std::stoi(minute))) == TimeBar::Paint::Span ? "span" : "ground";
   };
+  // Whether the calendar marks the date as a day with items: half its place or more in the
+  // mark's colour.
+  t.looks["day.marked"] = [](S w, auto& date) {
+    DayCalendar* calendar = w.day->CSCal4();
+    const QImage place =
+        calendar->grab(calendar->DateRect(testing::CaseRow{{date}, ""}.Date(0))).toImage();
+    int marked = 0;
+    for (int y = 0; y < place.height(); ++y) {
+      for (int x = 0; x < place.width(); ++x) marked += place.pixelColor(x, y) == kSelectionColour;
+    }
+    return YesNo(2 * marked >= place.width() * place.height());
+  };
   // Whether every control of the tab lies inside it.
   t.looks["day.inside"] = [](S w, auto&) {
     bool inside = true;
@@ -515,6 +562,11 @@ TEST(Program, FollowsTheTraces) {
   const testing::Trace<Program> trace = ProgramTrace();
   trace.Run("gui/program.txt", 5, 150);
   trace.Run("gui/tabs.txt", 5, 150);
+}
+
+// Runs again at twice the scale on a small screen (see CMakeLists.txt).
+TEST(Program, KeepsItsWindowsOnTheScreen) {
+  ProgramTrace().Run("gui/on-screen.txt", 5, 20);
 }
 
 }  // namespace

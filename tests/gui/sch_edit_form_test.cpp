@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
-#include <QDir>
 #include <memory>
 
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_messages.h"
+#include "tests/gui/picture_path.h"
 #include "tests/gui/widget_trace.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/row_looks.h"
@@ -40,6 +40,7 @@ struct Form {
   RepeatModel repeat{work, messages, dates};
   std::unique_ptr<RepeatForm> repeatForm;
   QSize repeatSize;
+  TempDir pictures;
 
   Form() {
     fake.clock.Set({2026, 11, 21, 9, 40, 0});
@@ -90,9 +91,9 @@ testing::Trace<Form> EditWindowTrace() {
     item.Private = static_cast<std::int16_t>(r.YesNo(9));
     f.fake.store.InsertRecord(item);
   };
-  // A picture of the dialog in the temporary folder, for a look by eye.
+  // A picture of the dialog, for a look by eye.
   t.steps["grab"] = [](S f, R r) {
-    f.Window()->grab().save(QDir::temp().filePath(QString::fromStdString(r[1])));
+    f.Window()->grab().save(PicturePath(f.pictures, QString::fromStdString(r[1])));
   };
   t.looks["result"] = [](S f, auto&) -> std::string {
     return static_cast<QDialog*>(f.Window())->result() == QDialog::Accepted ? "accepted"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDir>
 #include <QTest>
 
 #include "tests/gui/gui_fixture.h"
@@ -45,8 +44,8 @@ class ViewsGuiTest : public GuiTest {
     window->Tabs()->setCurrentIndex(tab);
     QApplication::processEvents();
   }
-  // Saves a picture of the window in the temporary folder, for a look by eye.
-  void Grab(const QString& name) { window->grab().save(QDir::temp().filePath(name + ".png")); }
+  // Saves a picture of the window, for a look by eye.
+  void Grab(const QString& name) { window->grab().save(PicturePath(dir, name + ".png")); }
 
   SchMain* window = nullptr;
   MonthTab* month = nullptr;

@@ -110,5 +110,25 @@ TEST(Layout, DateLabelRightAligned) {
   EXPECT_DOUBLE_EQ(PlaceDateLabel({8, 44, 576, 328}, 100, 15), 8 + 576 - 100 - 200.0 / 15);
 }
 
+TEST(Layout, WindowsStayWhollyOnTheScreensArea) {
+  const RectF area{0, 40, 1280, 860};  // a panel takes the screen's top 40
+  const struct {
+    RectF window;
+    double left;
+    double top;
+  } cases[] = {
+      {{100, 100, 300, 200}, 100, 100},   // on the area: it stays
+      {{1100, 800, 300, 200}, 980, 700},  // over the right and bottom edges: moved back
+      {{-50, 0, 300, 200}, 0, 40},        // over the left and top edges
+      {{500, 500, 1400, 1000}, 0, 40},    // larger than the area: its top left corner on it
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(KeepOnArea(c.window, area), (RectF{c.left, c.top, c.window.width, c.window.height}))
+        << c.window.left << "," << c.window.top;
+  }
+  EXPECT_EQ(CentreOnArea(400, 300, area), (RectF{440, 320, 400, 300}));
+  EXPECT_EQ(CentreOnArea(1400, 300, area), (RectF{0, 320, 1400, 300}));
+}
+
 }  // namespace
 }  // namespace sched
