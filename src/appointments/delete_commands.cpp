@@ -7,6 +7,7 @@
 #include "appointments/texts.h"
 #include "core/app_texts.h"
 #include "store/chains.h"
+#include "store/series_check.h"
 
 namespace sched {
 namespace {

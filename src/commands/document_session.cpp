@@ -7,6 +7,7 @@
 #include "core/app_texts.h"
 #include "platform/std/safe_file.h"
 #include "shell/settings.h"
+#include "store/file_location.h"
 #include "store/scl_format.h"
 #include "store/stamp.h"
 

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cstdint>
-#include <numeric>
 #include <span>
 #include <string>
 #include <string_view>
@@ -8,7 +7,9 @@
 
 #include "core/calendar.h"
 #include "core/codepage.h"
+#include "store/row_order.h"
 #include "store/schedule_store.h"
+#include "store/series_check.h"
 
 namespace sched {
 namespace {
@@ -276,61 +277,6 @@ class SclLoader {
   ClaimedBytes claimed_;
   bool claimVarPart_ = true;
 };
-
-int SortDayChain(SchDatCTL& ctl, int first, int count) {
-  auto& list = ctl.SchDatList;
-  std::vector<int> order(static_cast<std::size_t>(count));
-  std::iota(order.begin(), order.end(), first);
-  std::stable_sort(order.begin(), order.end(),
-                   [&](int a, int b) { return list.At(a).StartTime < list.At(b).StartTime; });
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    list.At(order[i]).Next = i + 1 < order.size() ? order[i + 1] : -1;
-  }
-  return order.front();
-}
-
-void CheckSeries(SchDatCTL& ctl) {
-  if (ctl.RowCount <= 0) return;
-  auto& list = ctl.SchDatList;
-  for (int i = 0; i < list.Rows(); ++i) {
-    SchDatRow& row = list.At(i);
-    if (row.RepeatKind == 0 || row.Deleted != kLive) {
-      if (row.Deleted == kSeriesMark) row.Deleted = kLive;
-      continue;
-    }
-    bool found = false;
-    for (int j : SeriesRows(ctl, row.Series())) {
-      SchDatRow& other = list.At(j);
-      if (j > i && other.Deleted == kLive && other.RepeatKind != 0) {
-        other.Deleted = kSeriesMark;
-        found = true;
-      }
-    }
-    // A series of one is a plain item.
-    if (!found) row.RepeatKind = 0;
-  }
-}
-
-std::string FormatLocation(const std::string& path, int onPc) {
-  const std::size_t slash = path.find_last_of("/\\");
-  const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
-  return (onPc == 1 ? "PC:" : "Tarvex:") + name;
-}
-
-void ScheduleStore::ClearIndex() {
-  ClearTables(doc_.Tables);
-}
-
-void ScheduleStore::ResetHeader() {
-  doc_.Header = SclHeader{};
-  doc_.WeekHoliday = {1, 0, 0, 0, 0, 0, 0};
-  svc_.alarms.ClearTodayAlarms();
-  doc_.Tables.YearCount = 0;
-  doc_.Tables.MonthCount = 0;
-  doc_.Tables.RowCount = 0;
-  doc_.Dirty = false;
-  doc_.ShownYearMasks = doc_.PrevYearMasks = doc_.NextYearMasks = YearMasks{};
-}
 
 SclLoadResult ScheduleStore::LoadSchedule(std::span<const std::uint8_t> bytes) {
   ClearIndex();
