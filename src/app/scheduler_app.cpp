@@ -1,5 +1,7 @@
 #include "app/scheduler_app.h"
 
+#include <iostream>
+
 #include "core/app_texts.h"
 #include "core/calendar.h"
 #include "shell/device_service.h"
@@ -12,8 +14,8 @@ namespace sched {
 SchedulerApp::SchedulerApp(AppPorts ports)
     : p_(ports),
       noticeWindows_(p_.dates),
-      alarms_(
-          AlarmServices{doc_.Tables, p_.clock, p_.clockAlarm, p_.beep, p_.desktop, noticeWindows_}),
+      alarms_(AlarmServices{doc_.Tables, p_.clock, p_.clockAlarm, p_.beep, p_.desktop,
+                            noticeWindows_, std::cerr}),
       messages_(p_.messages, alarms_) {}
 
 // Here, where the views are a complete type; the window, made after them, goes first.

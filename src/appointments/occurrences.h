@@ -48,8 +48,7 @@ class OccurrenceMaker {
   // item keep its identity. A repeat kind reads RepeatCount and RepeatStep, and
   // WorkRepeatKind as the word it replaces (a "Last" weekday stays "Last"); it leaves the word
   // it stored in WorkRepeatKind. False, with nothing written, when the start time is after the
-  // end time, or a span ends before it starts or is longer than 30 days ("A schedule can
-  // overlap 30 days at most.").
+  // end time, or a span ends before it starts or is longer than kLongestSpan days.
   bool Expand(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
 
   // The working record after a write: the first occurrence written.
@@ -104,9 +103,5 @@ struct SpanInEditor {
 };
 SpanInEditor LoadSpanIntoEditor(const SchDatCTL& ctl, std::int32_t parentSubNo,
                                 std::int32_t parentStamp);
-
-// Removes the item the record stands for: its whole series, or the one item. Both are found by
-// an index of the store, not by a walk of all rows.
-void RemoveSeries(ScheduleStore& store, const SchRecord& saved);
 
 }  // namespace sched

@@ -137,8 +137,6 @@ void DocumentCommands::New() {
   s_.window.ShowFirstTab();
   doc.ScheduleFile.clear();
   doc.DevicePath.clear();
-  doc.Header.PrivateCount = 0;
-  doc.Tables.RowCount = 0;
   s_.session.ResetToToday(true);
   s_.session.RefreshViews();
   s_.window.SetTitle(kUntitledCaption);

@@ -97,7 +97,7 @@ std::optional<WindowPlacement> ReadWindowPlacement(SettingsStore& settings,
   std::optional<WindowPlacement> placement =
       ParseWindowPlacement(settings.GetSetting(kSettingsApp, section, kWindowPlacementKey, ""));
   // A window never comes back as an icon.
-  if (placement && placement->showState == 2) placement->showState = 1;
+  if (placement && placement->showState == kShowMinimized) placement->showState = kShowNormal;
   return placement;
 }
 

@@ -144,7 +144,6 @@ class CalendarViews {
 
  private:
   void WriteDateLabel(const CivilDate& date);
-  void SetCurrentDate(const CivilDate& date);
   void ZeroHolidayArrays();
   void RefreshScheduleList();
   void PlaceList();

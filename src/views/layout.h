@@ -3,6 +3,7 @@
 #include <array>
 
 #include "views/month_view_model.h"
+#include "views/time_bar.h"
 
 namespace sched {
 
@@ -15,14 +16,6 @@ struct RectF {
   double Right() const { return left + width; }
   double Bottom() const { return top + height; }
   friend bool operator==(const RectF&, const RectF&) = default;
-};
-
-// A line from (x1, y1) to (x2, y2).
-struct LineF {
-  double x1 = 0;
-  double y1 = 0;
-  double x2 = 0;
-  double y2 = 0;
 };
 
 // Twips in one pixel: 15 at 96 dots per inch.
