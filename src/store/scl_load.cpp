@@ -60,10 +60,10 @@ constexpr std::size_t kMostRowsReserved = 1 << 20;
 
 // Reads a schedule file held in memory into the tables. A file is a tree of offsets; the
 // loader follows them, and gives up with SclFormatError at anything a well-formed file cannot
-// hold: an offset outside the file, a byte read for two parts (a loop, a shared chain, or parts
-// laid over each other), text running past the end, a month, day or time out of range. Each
-// byte being read for one part only bounds the work, the rows and their text by the size of
-// the file.
+// hold: a link outside the file, a part cut by the end of the file, a byte read for two parts (a
+// loop, a shared chain, or parts laid over each other), a year, month, day, date or time out of
+// range. Each byte being read for one part only bounds the work, the rows and their text by the
+// size of the file.
 class SclLoader {
  public:
   SclLoader(ScheduleStore& store, std::span<const std::uint8_t> bytes)
@@ -74,11 +74,11 @@ class SclLoader {
   }
 
   void Run() {
-    Claim(0, kHeaderSize);
+    Claim(0, kHeaderSize, "header");
     doc_.Header = ReadHeader(in_);
     std::vector<std::int32_t> years;
     for (std::int32_t at = doc_.Header.FirstYear; at != -1;) {
-      Enter(at, kYearSize);
+      Enter(at, kYearSize, "year");
       years.push_back(at);
       at = ReadYear(in_).Next;
     }
@@ -94,27 +94,31 @@ class SclLoader {
   }
 
  private:
-  // Marks the bytes of a part as read. A byte read for a second part means a loop, a shared
-  // chain or parts laid over each other; without this, records laid over each other could
-  // each hold a long text made of the same bytes.
-  void Claim(std::int64_t offset, std::int64_t size) {
-    if (offset < 0 || offset > in_.Size()) throw SclFormatError(offset, "offset outside the file");
-    if (offset + size > in_.Size()) throw SclFormatError(offset, "part cut by the end of the file");
+  // Marks the bytes of a part as read; `part` names it in the reason of a failure. A byte read
+  // for a second part means a loop, a shared chain or parts laid over each other; without
+  // this, records laid over each other could each hold a long text made of the same bytes.
+  void Claim(std::int64_t offset, std::int64_t size, std::string_view part) {
+    if (offset < 0 || offset > in_.Size()) {
+      throw SclFormatError(offset, std::string(part) + " outside the file");
+    }
+    if (offset + size > in_.Size()) {
+      throw SclFormatError(offset, std::string(part) + " cut by the end of the file");
+    }
     if (!claimed_.Claim(static_cast<std::size_t>(offset),
                         static_cast<std::size_t>(offset + size))) {
       throw SclFormatError(offset, "a byte is read for two parts");
     }
   }
 
-  void Enter(std::int32_t offset, std::int32_t size) {
-    Claim(offset, size);
+  void Enter(std::int32_t offset, std::int32_t size, std::string_view part) {
+    Claim(offset, size, part);
     in_.Seek(offset);
   }
 
   // Claims the next `count` bytes of a record's variable part, unless they were claimed by an
   // earlier reading of the same record.
-  void ClaimNext(std::int64_t count) {
-    if (claimVarPart_) Claim(in_.Position(), count);
+  void ClaimNext(std::int64_t count, std::string_view part) {
+    if (claimVarPart_) Claim(in_.Position(), count, part);
   }
 
   void LoadYear(std::int32_t offset, const SclYear& year) {
@@ -131,7 +135,7 @@ class SclLoader {
       row.FirstMonth = firstRow;
       int index = 0;
       for (std::int32_t at = year.FirstMonth; at != -1; ++index) {
-        Enter(at, kMonthSize);
+        Enter(at, kMonthSize, "month");
         const SclMonth month = ReadMonth(in_);
         LoadMonth(at, firstRow, index, month, year.Year);
         ++t_.MonthCount;
@@ -221,27 +225,30 @@ class SclLoader {
   }
 
   void ReadFixedAt(std::int32_t offset, SchRecord& fixed) {
-    Enter(offset, kRecordFixedSize);
+    Enter(offset, kRecordFixedSize, "record");
     ReadRecordFixed(in_, fixed);
     ++doc_.LoadedRecords;
   }
 
-  std::string ReadText() {
-    ClaimNext(2);
+  // One of a record's texts, its length first; `part` names it.
+  std::string ReadText(std::string_view part) {
+    ClaimNext(2, part);
     const std::uint16_t length = in_.U16();
     if (length == 0) return {};
-    ClaimNext(length);
+    ClaimNext(length, part);
     return TableText(in_.Bytes(length));
   }
 
   static void CheckRecord(std::int64_t offset, const SchRecord& f) {
-    if (!IsValidDate(f.Year, f.Month, f.Day) || !IsValidDate(f.EndYear, f.EndMonth, f.EndDay)) {
-      throw SclFormatError(offset, "date out of range");
+    if (!IsValidDate(f.Year, f.Month, f.Day)) {
+      throw SclFormatError(offset, "start date out of range");
+    }
+    if (!IsValidDate(f.EndYear, f.EndMonth, f.EndDay)) {
+      throw SclFormatError(offset, "end date out of range");
     }
     const auto timeOk = [](std::int16_t minutes) { return minutes >= -1 && minutes < 1440; };
-    if (!timeOk(f.StartTime) || !timeOk(f.EndTime)) {
-      throw SclFormatError(offset, "time out of range");
-    }
+    if (!timeOk(f.StartTime)) throw SclFormatError(offset, "start time out of range");
+    if (!timeOk(f.EndTime)) throw SclFormatError(offset, "end time out of range");
   }
 
   // Adds the record's row unless it is a private record of the device above the user's level;
@@ -251,15 +258,16 @@ class SclLoader {
     // The fixed part fills the row as a working record would; the texts follow from the file.
     SchDatRow row = BuildRecordLine(f);
     const bool dropped = f.Private != 0 && doc_.ScheduleOnPc == 0 && f.Private < doc_.PrivateLevel;
-    row.Title = ReadText();
-    row.Place = ReadText();
-    row.Memo = ReadText();
-    ClaimNext(2);
+    row.Title = ReadText("title");
+    row.Place = ReadText("place");
+    row.Memo = ReadText("memo");
+    ClaimNext(2, "alarm flag");
     row.AlarmOn = in_.I16();
     if (row.AlarmOn == 1) {
-      ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes) + 2);
+      ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes), "alarm sound");
       const std::string_view sound = in_.Bytes(kAlarmSoundBytes);
       row.AlarmSound = Cp1252ToUtf8(sound.substr(0, sound.find('\0')));
+      ClaimNext(2, "alarm lead");
       row.AlarmLead = in_.I16();
     }
     if (dropped) return false;
