@@ -66,7 +66,7 @@ class OccurrenceMaker {
   bool ExpandYearlyWeekday(const AppointmentInput& input,
                            const std::optional<ReplacedItem>& replaced);
   // The six repeat kinds (`option` 1 to 6): the rule word from the start date, the count cut at
-  // 2099/12/31, one record an occurrence, each ending on the last occurrence's plain date.
+  // kEndLimit, one record an occurrence, each ending on the last occurrence's plain date.
   bool ExpandRepeat(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced,
                     int option);
 
