@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <iostream>
+
 #include "alarms/alarm_engine.h"
 #include "bench/schedule_maker.h"
 #include "platform/fake/fake_beep.h"
@@ -34,7 +36,8 @@ struct AlarmedDocument {
   FakeBeep beep;
   FakeDesktopNotices desktop;
   NoWindows windows;
-  AlarmEngine engine{AlarmServices{doc.Tables, clock, clockAlarm, beep, desktop, windows}};
+  AlarmEngine engine{
+      AlarmServices{doc.Tables, clock, clockAlarm, beep, desktop, windows, std::cerr}};
   ScheduleStore store{doc, StoreServices{engine, progress, clock}};
 
   AlarmedDocument() {

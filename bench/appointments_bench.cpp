@@ -80,7 +80,7 @@ class SeriesDocument : public BenchDocument {
   bool ConfirmSeries() {
     const SchDatCTL& t = doc_.Tables;
     const std::int32_t lowest = GetSeriesLowestSubNo(t, series_.ParentSubNo, series_.ParentStamp);
-    RemoveSeries(store_, series_);
+    store_.DeleteItem(series_);
     SetWeeklyRule();
     const ReplacedItem replaced{static_cast<std::int16_t>(lowest), series_.Stamp,
                                 series_.ParentSubNo};

@@ -5,11 +5,6 @@
 namespace sched {
 namespace {
 
-// The day of the year, 1 to 366.
-int DayOfYear(const CivilDate& date) {
-  return MakeDate(date.year, date.month, date.day) - MakeDate(date.year, 1, 1) + 1;
-}
-
 std::string DesktopBody(const AlarmEntry& alarm) {
   return alarm.Place.empty() ? alarm.TimeText : alarm.TimeText + "\n" + alarm.Place;
 }
@@ -62,7 +57,8 @@ void AlarmEngine::CurTimeCtl1_Alarm() {
   if (BeepAlarm) {
     s_.CurTimeCtl1.SetAlarmEnabled(false);
     const int now = NowMinute();
-    // A failing notice must not keep the next alarm from being armed: it is dropped unsaid.
+    // A failing notice must not keep the next alarm from being armed. The user is not told;
+    // the error stream is.
     try {
       for (auto i = static_cast<std::size_t>(nextAlarmIndex_ + 1); i < todayAlarms_.size(); ++i) {
         // The clock rings at second 0 of the alarm's minute; an alarm whose minute went by
@@ -73,7 +69,8 @@ void AlarmEngine::CurTimeCtl1_Alarm() {
           ++nextAlarmIndex_;
         }
       }
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
+      s_.errors << "scheduler: an alarm could not be shown: " << error.what() << '\n';
     }
   }
   AdvanceNextAlarm();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 #include <vector>
 
 #include "alarms/alarm_entry.h"
@@ -22,7 +23,8 @@ struct AlarmServices {
   ClockAlarm& CurTimeCtl1;  // rings at the minute of the next alarm
   Beep& beep;
   DesktopNotices& desktop;
-  NoticeHost& windows;  // the notice windows
+  NoticeHost& windows;   // the notice windows
+  std::ostream& errors;  // a line for each alarm whose notice failed
 };
 
 // Today's alarms, rung on the PC: the list of the day's alarms in ringing order, the clock alarm
@@ -38,7 +40,6 @@ class AlarmEngine final : public AlarmHooks, public NoticeGate {
   int NextAlarmIndex() const { return nextAlarmIndex_; }
   const std::vector<PendingNotice>& PendingNotices() const { return pendingNotices_; }
   bool NoticesHeld() const { return holds_ > 0; }
-  CivilDate CurrentDay() const { return currentDay_; }
   std::int32_t TodayCode() const { return todayCode_; }
 
   // The menu switch "&Ring an alarm on PC": while off, no alarm beeps or shows.

@@ -15,8 +15,8 @@ SchedulerApp::SchedulerApp(AppPorts ports, InstallSource source)
     : p_(ports),
       source_(std::move(source)),
       noticeWindows_(p_.dates),
-      alarms_(
-          AlarmServices{doc_.Tables, p_.clock, p_.clockAlarm, p_.beep, p_.desktop, noticeWindows_}),
+      alarms_(AlarmServices{doc_.Tables, p_.clock, p_.clockAlarm, p_.beep, p_.desktop,
+                            noticeWindows_, std::cerr}),
       messages_(p_.messages, alarms_) {}
 
 // Here, where the views are a complete type; the window, made after them, goes first.

@@ -56,7 +56,6 @@ class SchedulerApp {
   std::optional<int> Start(const QStringList& arguments);
 
   SchMain* Window() const { return window_.get(); }
-  DocumentCommands* Commands() const { return commands_.get(); }
   DocumentSession* Session() const { return session_.get(); }
   CommandSet& CommandTable() { return commandSet_; }
   ScheduleDocument& Document() { return doc_; }

@@ -35,10 +35,10 @@ class CopyPaste {
   // One plain item on the shown date, under a new stamp.
   void PasteSingle(int row);
   // An item over several dates: as many days from the shown date as the copy spans, cut at
-  // 2099/12/31.
+  // kEndLimit.
   void PasteOverDays(int row);
   // A series of the copy's kind, interval and count from the shown date, which gives the rule
-  // its weekday, day and month; cut at 2099/12/31. It stands for PasteDaily, PasteWeekly,
+  // its weekday, day and month; cut at kEndLimit. It stands for PasteDaily, PasteWeekly,
   // PasteMonthly, PasteYearly, PasteMonthlyWeekday and PasteYearlyWeekday alike.
   void PasteRepeat(int row, const DecodedRepeatKind& kind);
 

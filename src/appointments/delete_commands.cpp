@@ -7,6 +7,7 @@
 #include "appointments/texts.h"
 #include "core/app_texts.h"
 #include "store/chains.h"
+#include "store/series_check.h"
 
 namespace sched {
 namespace {
@@ -57,7 +58,7 @@ bool DeleteCommands::DeleteSelection(const std::vector<int>& rows) {
         !Ask(kDeleteQuestion + std::string(kDeleteKindsAgain[*kind]) + saved.Title + "?")) {
       continue;
     }
-    RemoveSeries(store_, saved);
+    store_.DeleteItem(saved);
     removed = true;
   }
   return removed;
@@ -68,7 +69,7 @@ bool DeleteCommands::DelMonth_Click(int year, int month) {
   const int yearRow = FindYearRow(t, year);
   if (yearRow < 0 || FindMonthRow(t, yearRow, month) < 0) return false;
   if (!Ask(kDeleteMonth + std::to_string(year) + "/" + std::to_string(month) + ".\r\n" +
-           kAreYouSure)) {
+           texts::kAreYouSure)) {
     return false;
   }
   return DeleteDays({DateCode(year, month, 1), DateCode(year, month, 31)});
@@ -76,14 +77,15 @@ bool DeleteCommands::DelMonth_Click(int year, int month) {
 
 bool DeleteCommands::DelYear_Click(int year) {
   if (FindYearRow(store_.Document().Tables, year) < 0) return false;
-  if (!Ask(kDeleteYear + std::to_string(year) + ".\r\n" + kAreYouSure)) {
+  if (!Ask(kDeleteYear + std::to_string(year) + ".\r\n" + texts::kAreYouSure)) {
     return false;
   }
   return DeleteDays({DateCode(year, 1, 1), DateCode(year, 12, 31)});
 }
 
 bool DeleteCommands::DelBefore_Click(const CivilDate& date) {
-  if (!Ask(kDeleteOlder + dates_.ShortDate(date.year, date.month, date.day) + ". " + kAreYouSure)) {
+  if (!Ask(kDeleteOlder + dates_.ShortDate(date.year, date.month, date.day) + ". " +
+           texts::kAreYouSure)) {
     return false;
   }
   return DeleteDays({INT32_MIN, DateCode(date.year, date.month, date.day) - 1});
@@ -91,7 +93,7 @@ bool DeleteCommands::DelBefore_Click(const CivilDate& date) {
 
 bool DeleteCommands::DelAfter_Click(const CivilDate& date) {
   if (!Ask(kDeleteNewer + dates_.ShortDate(date.year, date.month, date.day) + ".\r\n" +
-           kAreYouSure)) {
+           texts::kAreYouSure)) {
     return false;
   }
   return DeleteDays({DateCode(date.year, date.month, date.day) + 1, INT32_MAX});

@@ -2,10 +2,12 @@
 
 #include <utility>
 
+#include "appointments/item_limits.h"
 #include "appointments/texts.h"
 #include "core/app_texts.h"
 #include "core/text_case.h"
 #include "store/scl_format.h"
+#include "store/stamp.h"
 
 namespace sched {
 namespace {
@@ -17,10 +19,6 @@ std::optional<Times> TimesOf(const AppointmentInput& input) {
   if (input.allDay) return Times{-1, -1};
   if (input.startMinutes > input.endMinutes) return std::nullopt;
   return Times{input.startMinutes, input.endMinutes};
-}
-
-std::int32_t WithTopBits(std::int32_t stamp) {
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(stamp) | 0xC0000000u);
 }
 
 }  // namespace
@@ -52,7 +50,7 @@ bool OccurrenceMaker::ExpandSingle(const AppointmentInput& input,
 bool OccurrenceMaker::ExpandOverDays(const AppointmentInput& input,
                                      const std::optional<ReplacedItem>& replaced) {
   const int days = DaySerial(input.end) - DaySerial(input.start) + 1;
-  if (days > 30) {
+  if (days > kLongestSpan) {
     ShowWarning(messages_, appointment_texts::kOverlap30Days);
     return false;
   }
@@ -113,13 +111,13 @@ bool OccurrenceMaker::ExpandRepeat(const AppointmentInput& input,
 
 SeriesIdentity OccurrenceMaker::IdentityOfSeries(const std::optional<ReplacedItem>& replaced) {
   if (!replaced) return NewSeriesIdentity(store_);
-  const std::int32_t stamp = WithTopBits(replaced->Stamp);
+  const std::int32_t stamp = SetTopBits(replaced->Stamp);
   return {static_cast<std::int16_t>(replaced->SubNo - 1), stamp, replaced->ParentSubNo, stamp};
 }
 
 SeriesIdentity OccurrenceMaker::IdentityOfSingle(const std::optional<ReplacedItem>& replaced) {
   if (!replaced) return NewSingleIdentity(store_);
-  return {static_cast<std::int16_t>(replaced->SubNo - 1), WithTopBits(replaced->Stamp), 0, 0};
+  return {static_cast<std::int16_t>(replaced->SubNo - 1), SetTopBits(replaced->Stamp), 0, 0};
 }
 
 void OccurrenceMaker::FillItem(const AppointmentInput& input, std::int16_t repeatKind,
@@ -144,10 +142,7 @@ void OccurrenceMaker::Write(const SeriesDates& dates, int last, const CivilDate&
                             SeriesIdentity& identity) {
   record_ = WriteSeries(store_, record_, dates, last, end, identity);
   const CivilDate shown = dates.Of(last);
-  ScheduleDocument& doc = store_.Document();
-  doc.CurYear = shown.year;
-  doc.CurMonth = shown.month;
-  doc.CurDay = shown.day;
+  store_.Document().SetShownDate(shown);
 }
 
 SeriesInEditor LoadSeriesIntoEditor(const SchDatCTL& ctl, RepeatWork& work, std::uint16_t word,
@@ -175,10 +170,6 @@ SpanInEditor LoadSpanIntoEditor(const SchDatCTL& ctl, std::int32_t parentSubNo,
                                 std::int32_t parentStamp) {
   const SeriesRange range = GetSeriesRange(ctl, parentSubNo, parentStamp);
   return {DateOfCode(range.firstCode), DateOfCode(range.lastCode)};
-}
-
-void RemoveSeries(ScheduleStore& store, const SchRecord& saved) {
-  store.DeleteItem(saved);
 }
 
 }  // namespace sched

@@ -48,8 +48,7 @@ class OccurrenceMaker {
   // item keep its identity. A repeat kind reads RepeatCount and RepeatStep, and
   // WorkRepeatKind as the word it replaces (a "Last" weekday stays "Last"); it leaves the word
   // it stored in WorkRepeatKind. False, with nothing written, when the start time is after the
-  // end time, or a span ends before it starts or is longer than 30 days ("A schedule can
-  // overlap 30 days at most.").
+  // end time, or a span ends before it starts or is longer than kLongestSpan days.
   bool Expand(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced);
 
   // The working record after a write: the first occurrence written.
@@ -67,7 +66,7 @@ class OccurrenceMaker {
   bool ExpandYearlyWeekday(const AppointmentInput& input,
                            const std::optional<ReplacedItem>& replaced);
   // The six repeat kinds (`option` 1 to 6): the rule word from the start date, the count cut at
-  // 2099/12/31, one record an occurrence, each ending on the last occurrence's plain date.
+  // kEndLimit, one record an occurrence, each ending on the last occurrence's plain date.
   bool ExpandRepeat(const AppointmentInput& input, const std::optional<ReplacedItem>& replaced,
                     int option);
 
@@ -104,9 +103,5 @@ struct SpanInEditor {
 };
 SpanInEditor LoadSpanIntoEditor(const SchDatCTL& ctl, std::int32_t parentSubNo,
                                 std::int32_t parentStamp);
-
-// Removes the item the record stands for: its whole series, or the one item. Both are found by
-// an index of the store, not by a walk of all rows.
-void RemoveSeries(ScheduleStore& store, const SchRecord& saved);
 
 }  // namespace sched

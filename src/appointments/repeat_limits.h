@@ -29,7 +29,7 @@ struct RepeatPlan {
 // day, clamped to the month's end; the kinds by weekday take their weekday of the month.
 CivilDate LastOccurrence(const RepeatPlan& plan, int count, int interval);
 
-// True when the last of `count` occurrences falls on 2099/12/31 or before.
+// True when the last of `count` occurrences falls on kEndLimit or before.
 bool FitsInCalendar(const RepeatPlan& plan, int count, int interval);
 
 // The largest value from `from` up to `to` for which `fits` holds; `from` when none above it

@@ -207,7 +207,7 @@ std::optional<RepeatNumberField> RepeatModel::TakeFocus() {
 }
 
 // Shows an existing rule. A start that has moved since the rule was made gets its last
-// occurrence anew, with the count lowered until the rule ends by 2099/12/31.
+// occurrence anew, with the count lowered until the rule ends by kEndLimit.
 void RepeatModel::RepeatDialogFromRule(int code) {
   const std::optional<int> option = OptionOfCode(code);
   if (!option) return;
@@ -253,7 +253,7 @@ void RepeatModel::RepeatOptionDefaults(int k) {
 }
 
 // Lowers each number's maximum to the largest value with which the last occurrence still
-// falls by 2099/12/31, the other number as it is. The current value stays inside the range.
+// falls by kEndLimit, the other number as it is. The current value stays inside the range.
 void RepeatModel::LimitRepeatNumbers(int kind) {
   const RepeatPlan plan = Plan(kind);
   const RepeatUnit unit = UnitOfOption(kind);

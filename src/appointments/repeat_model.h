@@ -43,7 +43,7 @@ struct RepeatControls {
   std::string Label2;                 // the sentence of the rule
 };
 
-// The dialog's own dates. The last date any occurrence may take (ImDateWK) is 2099/12/31.
+// The dialog's own dates. The last date any occurrence may take (ImDateWK) is kEndLimit.
 struct RepeatDates {
   CivilDate StartDate;               // the first occurrence
   CivilDate DateReserve;             // the last occurrence of the rule shown
@@ -52,7 +52,7 @@ struct RepeatDates {
 };
 
 // The repeat dialog (Repeat): the rule of a one-day appointment, kept inside what fits before
-// 2099/12/31. It fills the edit session's working values and writes nothing to the store.
+// kEndLimit. It fills the edit session's working values and writes nothing to the store.
 class RepeatModel {
  public:
   RepeatModel(RepeatWork& work, Messages& messages, const DateFormatter& dates)
@@ -64,7 +64,7 @@ class RepeatModel {
   void Open(const CivilDate& editStart);
 
   // None removes the rule; Day to Year choose a kind with its defaults, or fall back to None
-  // when not even two occurrences fit before 2099/12/31.
+  // when not even two occurrences fit before kEndLimit.
   void Option1_Click(int index);
   // By day or by day of week, for months and years.
   void Option2_Click(int index);
@@ -91,7 +91,7 @@ class RepeatModel {
 
   const RepeatControls& Controls() const { return c_; }
   const RepeatDates& Dates() const { return d_; }
-  // Whether Option1(index) can be chosen: its kind still fits before 2099/12/31.
+  // Whether Option1(index) can be chosen: its kind still fits before kEndLimit.
   bool Option1Enabled(int index) const;
   // The number box that must take the focus now, its text selected; once.
   std::optional<RepeatNumberField> TakeFocus();

@@ -97,7 +97,7 @@ struct RepeatWork {
   // Reads the word into RepeatCode and whatever else it holds: RepeatStep (the interval
   // field), RepeatOption, RepeatOrdinal, RepeatIsLast.
   void Decode(std::uint16_t word);
-  // Which kinds still fit before 2099/12/31 from the start date.
+  // Which kinds still fit before kEndLimit from the start date.
   void SetAvailability(const CivilDate& start);
   // The flag of a kind (`option` 1 to 6).
   bool& CanOption(int option);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "appointments/item_limits.h"
 #include "appointments/texts.h"
 #include "core/app_texts.h"
 #include "core/codepage.h"
@@ -12,9 +13,6 @@ namespace {
 
 constexpr int kDefaultSpan = 30;  // minutes of a new item
 constexpr int kLastMinute = 23 * 60 + 59;
-constexpr int kTitleLimit = 56;
-constexpr int kMemoLimit = 1024;
-constexpr int kMaxLead = 999;
 constexpr int kLeadStep = 5;
 constexpr int kSoundNameBytes = 8;
 
@@ -102,7 +100,7 @@ void SchEditModel::OpenModify(int row) {
     c_.ImDate1 = {series.first, series.first};
     c_.EndDateEnabled = false;
     ShowTimes(series.StartTime, series.EndTime);
-    MoveShownDate(series.first);
+    s_.store.Document().SetShownDate(series.first);
     SetStartDate(Record, series.first);
   } else if (Work.WorkRepeatKind == kOverDaysWord) {
     Work.RepeatCode = kCodeOverDays;
@@ -197,13 +195,6 @@ void SchEditModel::SetAllDay(bool on) {
     SetDefaultTimes();
   }
   EnableAlarmControls();
-}
-
-void SchEditModel::MoveShownDate(const CivilDate& date) {
-  ScheduleDocument& doc = s_.store.Document();
-  doc.CurYear = date.year;
-  doc.CurMonth = date.month;
-  doc.CurDay = date.day;
 }
 
 void SchEditModel::Warn(const std::string& text) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "appointments/item_limits.h"
 #include "appointments/occurrences.h"
 #include "appointments/repeat_model.h"
 #include "appointments/repeat_rule.h"
@@ -65,9 +66,9 @@ struct SchEditControls {
   std::string Text1;  // title
   std::string Text3;  // place
   std::string Text2;  // memo
-  int Text1MaxLength = 56;
-  int Text3MaxLength = 56;
-  int Text2MaxLength = 1024;
+  int Text1MaxLength = kTitleLimit;
+  int Text3MaxLength = kTitleLimit;
+  int Text2MaxLength = kMemoLimit;
   // The two dates; empty while a box holds no whole date.
   std::array<std::optional<CivilDate>, 2> ImDate1;
   bool EndDateEnabled = true;  // ImDate1(1) and its drop-down calendar
@@ -112,9 +113,9 @@ class SchEditModel {
   void Check3_Click(bool on);
   void Check1_Click(bool on);
   void Check2_Click(bool on);
-  // A typed value; over 999 becomes 999, under 0 becomes 0.
+  // A typed value, held within 0 to kMaxLead.
   void ImNumber1_Change(int value);
-  // Up and Down change the minutes by 5 within 0 to 999; true when the key was used.
+  // Up and Down change the minutes by a step within 0 to kMaxLead; true when the key was used.
   bool ImNumber1_KeyDown(int key);
   void Sound_Change(const std::string& name);
   // False when the name is too long: the focus goes back to the sound list.
@@ -163,7 +164,6 @@ class SchEditModel {
   // The repeat button and the kinds that fit, after a change of the dates.
   void ShowDateButtons();
   // The shown date, which the views and the other commands read.
-  void MoveShownDate(const CivilDate& date);
   void Warn(const std::string& text);
   // The checks of OK in their order; false after the first that fails.
   bool CheckFields();

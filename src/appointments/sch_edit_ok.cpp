@@ -1,15 +1,10 @@
 // The edit dialog's buttons: the repeat dialog, OK and Cancel.
+#include "appointments/item_limits.h"
 #include "appointments/sch_edit_model.h"
 #include "appointments/texts.h"
 #include "core/app_texts.h"
 
 namespace sched {
-namespace {
-
-constexpr int kMaxLead = 999;
-constexpr int kLongestSpan = 30;  // days an item over several dates may cover
-
-}  // namespace
 
 void SchEditModel::Command1_Click() {
   if (!c_.ImDate1[0]) return;
@@ -99,7 +94,7 @@ bool SchEditModel::SchEditOK_Click() {
                   store.Document().Tables, SavedRecord.ParentSubNo, SavedRecord.ParentStamp))
             : SavedRecord.SubNo;
     replaced = ReplacedItem{subNo, SavedRecord.Stamp, SavedRecord.ParentSubNo};
-    RemoveSeries(store, SavedRecord);
+    store.DeleteItem(SavedRecord);
   }
   const SchDatCTL& tables = store.Document().Tables;
   const int firstRow =
@@ -116,20 +111,20 @@ bool SchEditModel::SchEditOK_Click() {
   Record = maker.Record();
   written_ = true;
   newRow_ = firstRow;
-  MoveShownDate(shownDate_);
+  s_.store.Document().SetShownDate(shownDate_);
   return true;
 }
 
 bool SchEditModel::SchEditCAN_Click() {
   if (ChangedFlag != 0) {
-    switch (s_.messages.Show({appointment_texts::kSaveChanges, kAppTitle, MsgIcon::Exclamation,
-                              MsgButtons::YesNoCancel})) {
+    switch (s_.messages.Show(
+        {texts::kAskSaveChanges, kAppTitle, MsgIcon::Exclamation, MsgButtons::YesNoCancel})) {
       case MsgAnswer::Yes: return SchEditOK_Click();
       case MsgAnswer::Cancel: focus_ = EditFocus::Text1; return false;
       default: break;
     }
   }
-  MoveShownDate(shownDate_);
+  s_.store.Document().SetShownDate(shownDate_);
   Record = SavedRecord;
   return true;
 }

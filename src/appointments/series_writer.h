@@ -21,7 +21,7 @@ struct SeriesDates {
   // The start plus i strides, the day clamped to the month's end but not moved to a weekday:
   // the end date of every record of a series whose last occurrence is i.
   CivilDate Plain(int i) const;
-  // The highest i, `last` at most and 0 at least, whose occurrence is not past 2099/12/31.
+  // The highest i, `last` at most and 0 at least, whose occurrence is not past kEndLimit.
   int LastFitting(int last) const;
 };
 // One occurrence a day from `first`: a plain item, or the days of an item over several dates.
@@ -38,7 +38,7 @@ struct RuleOnDate {
 RuleOnDate RuleFromDate(int option, int step, const CivilDate& first,
                         std::uint16_t replacedWord = 0);
 
-// Cuts a repeating item of `count` occurrences at 2099/12/31 and tells the user: `shortened`
+// Cuts a repeating item of `count` occurrences at kEndLimit and tells the user: `shortened`
 // when more than the first occurrence is left; when only the first is, the item loses its rule
 // (`word` becomes 0) with "Removing regular information.". Gives the last occurrence's index.
 int CutAtEndLimit(const SeriesDates& dates, int count, const char* shortened, std::uint16_t& word,

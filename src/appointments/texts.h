@@ -34,11 +34,9 @@ inline constexpr const char* kSpecifyDate = "Specify the date.";
 inline constexpr const char* kInvalidAlarmTime = "Invalid alarm time!";
 inline constexpr const char* kOverlap30Days = "A schedule can overlap 30 days at most.";
 inline constexpr const char* kInvalidTime = "Invalid time.";
-inline constexpr const char* kSaveChanges = "Do you want to save the changes?";
 inline constexpr const char* kTooLong = "Input string is too long.";
 inline constexpr const char* kMaximumLength = "Maximum string length is";
 inline constexpr const char* kCharacters = "chacters";  // spelled so
-inline constexpr const char* kCannotModifyMultiple = "Cannot modify multiple rows.";
 
 // The making of occurrences.
 inline constexpr const char* kBeyond2099 = "Cannot set schedules beyond 2099/12/31.";
@@ -88,7 +86,6 @@ inline constexpr const char* kDeleteMonth = "Delete schedule in ";
 inline constexpr const char* kDeleteYear = "Delete schedule data in ";
 inline constexpr const char* kDeleteOlder = "Delete the schedule data older than ";
 inline constexpr const char* kDeleteNewer = "Delete the Schedule data newer than ";
-inline constexpr const char* kAreYouSure = "Are you sure?";
 // Asked once in a bulk command, at its first repeating row or row of an item over several days.
 inline constexpr const char* kRepeatsDetected = "Repeat schedules have been detected.";
 inline constexpr const char* kLeaveRepeats = "Do you want to leave these schedules?";

@@ -22,8 +22,8 @@ void AppointmentCommands::AddSchedule() {
 void AppointmentCommands::ModifySchedule() {
   const ItemChoice item = s_.views.SelectedItem();
   if (item.multiple) {
-    s_.messages.Show({appointment_texts::kCannotModifyMultiple, kAppTitle, MsgIcon::Exclamation,
-                      MsgButtons::Ok});
+    s_.messages.Show(
+        {texts::kCannotModifyMultiple, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
     return;
   }
   if (item.row < 0) {

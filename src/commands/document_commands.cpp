@@ -1,10 +1,10 @@
 #include "commands/document_commands.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 
 #include "core/app_texts.h"
+#include "core/path_parts.h"
 #include "core/text_case.h"
 #include "shell/device_service.h"
 #include "shell/texts.h"
@@ -26,11 +26,11 @@ bool IsCsv(const std::string& path) {
 }
 
 std::string FolderOf(const std::string& path) {
-  return std::filesystem::path(path).parent_path().string();
+  return std::string(SplitPath(path).folder);
 }
 
 std::string NameOf(const std::string& path) {
-  return std::filesystem::path(path).filename().string();
+  return std::string(SplitPath(path).name);
 }
 
 // The file's name without its folder and without its last four characters (".scl", ".csv").
@@ -137,8 +137,6 @@ void DocumentCommands::New() {
   s_.window.ShowFirstTab();
   doc.ScheduleFile.clear();
   doc.DevicePath.clear();
-  doc.Header.PrivateCount = 0;
-  doc.Tables.RowCount = 0;
   s_.session.ResetToToday(true);
   s_.session.RefreshViews();
   s_.window.SetTitle(kUntitledCaption);

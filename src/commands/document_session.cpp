@@ -7,6 +7,7 @@
 #include "core/app_texts.h"
 #include "platform/std/safe_file.h"
 #include "shell/settings.h"
+#include "store/file_location.h"
 #include "store/scl_format.h"
 #include "store/stamp.h"
 
@@ -41,7 +42,7 @@ void DocumentSession::StartProgress(const char* caption) {
 
 void DocumentSession::FinishProgress() {
   ProgressDisplay& progress = s_.progress;
-  progress.SetValue(130);
+  progress.SetValue(kProgressDone);
   PauseTick(s_.clock);
   progress.SetValue(0);
   progress.SetVisible(false);
@@ -67,7 +68,7 @@ void DocumentSession::AfterLoad() {
   ScheduleDocument& doc = Doc();
   s_.views.UpdateDeleteMenus();
   s_.view.ShowMenus();
-  s_.progress.SetValue(115);
+  s_.progress.SetValue(kProgressViewsShown);
   RefreshViews();
   if (s_.store.MonthHasData(doc.CurYear, doc.CurMonth).monthRow == -1) s_.views.DisableSclDel();
   if (s_.views.List().Visible) s_.views.ShowScheduleList();
@@ -85,8 +86,6 @@ void DocumentSession::ReportReadError() {
   doc.Dirty = false;
   s_.view.ShowFirstTab();
   doc.ScheduleFile.clear();
-  doc.Header.PrivateCount = 0;
-  doc.Tables.RowCount = 0;
   ResetToToday(true);
   s_.view.SetTitle(kUntitledCaption);
   s_.progress.SetVisible(false);
@@ -134,12 +133,10 @@ bool DocumentSession::SendToDevice(const std::string& temp) {
 void DocumentSession::ResetToToday(bool noRedraw) {
   const DateTime now = s_.clock.Now();
   ScheduleDocument& doc = Doc();
-  doc.CurYear = now.year;
-  doc.CurMonth = now.month;
-  doc.CurDay = now.day;
+  const CivilDate today{now.year, now.month, now.day};
+  doc.SetShownDate(today);
   doc.CopiedRow = -1;  // a copy does not outlive the document it was taken from
-  s_.views.ShowDate({now.year, now.month, now.day});
-  doc.CopiedRow = -1;
+  s_.views.ShowDate(today);
   s_.store.ResetHeader();
   s_.store.ClearIndex();
   s_.views.ClearDayLists();

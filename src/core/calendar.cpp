@@ -35,6 +35,10 @@ std::int32_t MakeDate(int year, int month, int day) {
   return DaySerial({normYear, normMonth, 1}) + (day - 1);
 }
 
+int DayOfYear(const CivilDate& date) {
+  return MakeDate(date.year, date.month, date.day) - MakeDate(date.year, 1, 1) + 1;
+}
+
 CivilDate AddDays(const CivilDate& date, int days) {
   return FromDaySerial(DaySerial(date) + days);
 }

@@ -52,6 +52,9 @@ std::int32_t MakeDate(int year, int month, int day);
 
 CivilDate AddDays(const CivilDate& date, int days);
 
+// The day of the year, 1 to 366.
+int DayOfYear(const CivilDate& date);
+
 // The date moved by whole months, its day clamped to the end of the target month: January 31
 // plus one month is February 28 (29 in a leap year), February 29 plus twelve months is
 // February 28 in a common year, and a day that exists in the target month is kept.

@@ -11,14 +11,14 @@
 
 namespace sched {
 
-// The named holidays of one country file, by date, for 1901-2099. A year is evaluated on its
-// first lookup and kept; later lookups of it are an array access.
+// The named holidays of one country file, by date, for kFirstYear to kLastYear. A year is evaluated
+// on its first lookup and kept; later lookups of it are an array access.
 class HolidayTable {
  public:
   explicit HolidayTable(CountryFile file);
 
   // The UTF-8 name of the holiday on that date; nullptr when there is none, and for dates that
-  // do not exist or lie outside 1901-2099.
+  // do not exist or lie outside kFirstYear to kLastYear.
   const std::string* Find(int year, int month, int day);
 
   const CountryFile& File() const { return file_; }

@@ -5,7 +5,6 @@ namespace sched::holiday_texts {
 
 inline constexpr const char* kSettingHoliday = "Setting Holiday";
 inline constexpr const char* kSettingWeekend = "Setting Weekend";
-inline constexpr const char* kAskSaveChanges = "Do you want to save the changes?";
 inline constexpr const char* kSelectCountry = "Select Country Information";
 
 // The weekday captions of the weekly dialog, Sunday first ("Fri" has two blanks).
@@ -17,7 +16,6 @@ inline constexpr const char* kSetReset = "Select/Deselect";
 inline constexpr const char* kSettingHolidayBack = "Setting back to Holiday.";
 inline constexpr const char* kSettingWorkday = "Setting a Workday.";
 inline constexpr const char* kSettingAHoliday = "Setting a Holiday.";
-inline constexpr const char* kAreYouSure = "Are you sure?";
 
 inline constexpr const char* kCountryFileInvalid =
     "Not found or invalid format file \nNot setting holidays.";

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "core/number_text.h"
 #include "core/text_case.h"
 
 namespace sched::rule_tokens {
@@ -82,11 +83,10 @@ std::vector<std::string_view> SplitWords(std::string_view text) {
 }
 
 int ParseNumber(std::string_view text, int min, int max, std::string_view what) {
-  int value = 0;
-  const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (!IsDigits(text) || ec != std::errc{} || end != text.data() + text.size()) {
-    Fail("bad " + std::string(what) + " " + Quoted(text));
-  }
+  // Digits alone: a sign is for ParseSigned to take.
+  const std::optional<int> number = IsDigits(text) ? ParseInt(text) : std::nullopt;
+  if (!number) Fail("bad " + std::string(what) + " " + Quoted(text));
+  const int value = *number;
   if (value < min || value > max) {
     Fail(std::string(what) + " " + Quoted(text) + " out of range " + std::to_string(min) + " to " +
          std::to_string(max));

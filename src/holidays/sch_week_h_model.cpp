@@ -1,5 +1,6 @@
 #include "holidays/sch_week_h_model.h"
 
+#include "core/app_texts.h"
 #include "core/calendar.h"
 #include "holidays/holiday_texts.h"
 
@@ -20,7 +21,7 @@ void SchWeekHModel::Form_Load() {
   for (int i = 0; i < 7; ++i) {
     PaintForeColor(i);
     captions_[At(i)].BackColor = kColorWhite;
-    captions_[At(i)].FocusMark = captions_[At(i)].ForeColor == kColorRed;
+    captions_[At(i)].FocusMark = captions_[At(i)].ForeColor == kRedColor;
   }
   currentCaption_ = WeekdayOf({doc_.CurYear, doc_.CurMonth, doc_.CurDay});
   MoveFocus(currentCaption_);
@@ -60,9 +61,8 @@ void SchWeekHModel::Command1_Click() {
 
 bool SchWeekHModel::Form_QueryUnload() {
   if (weekChanged_ != -1 || weekDecided_ != 0) return true;
-  const MsgAnswer answer =
-      messages_.Show({holiday_texts::kAskSaveChanges, holiday_texts::kSettingWeekend,
-                      MsgIcon::Exclamation, MsgButtons::YesNoCancel});
+  const MsgAnswer answer = messages_.Show({texts::kAskSaveChanges, holiday_texts::kSettingWeekend,
+                                           MsgIcon::Exclamation, MsgButtons::YesNoCancel});
   switch (answer) {
     case MsgAnswer::Cancel: return false;
     case MsgAnswer::No: doc_.WeekHoliday = saved_; return true;
@@ -75,13 +75,13 @@ bool SchWeekHModel::Form_QueryUnload() {
 }
 
 void SchWeekHModel::PaintForeColor(int index) {
-  captions_[At(index)].ForeColor = doc_.WeekHoliday[At(index)] != 0 ? kColorRed : kColorButtonText;
+  captions_[At(index)].ForeColor = doc_.WeekHoliday[At(index)] != 0 ? kRedColor : kColorButtonText;
 }
 
 void SchWeekHModel::MoveFocus(int index) {
   CaptionLook& left = captions_[At(currentCaption_)];
   left.BackColor = kColorWhite;
-  left.FocusMark = left.ForeColor == kColorRed;
+  left.FocusMark = left.ForeColor == kRedColor;
   currentCaption_ = index;
   CaptionLook& taken = captions_[At(index)];
   taken.BackColor = kColorDarkGreen;

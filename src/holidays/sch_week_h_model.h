@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "core/colors.h"
 #include "holidays/holiday_dialog_host.h"
 #include "platform/messages.h"
 #include "store/document.h"
@@ -10,7 +11,6 @@
 namespace sched {
 
 // Colours as numbers with red in the low byte; the high bit marks a system colour.
-inline constexpr std::uint32_t kColorRed = 255;
 inline constexpr std::uint32_t kColorButtonText = 0x80000012;
 inline constexpr std::uint32_t kColorDarkGreen = 0x8000;
 inline constexpr std::uint32_t kColorWhite = 0xFFFFFF;

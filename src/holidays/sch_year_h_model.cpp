@@ -1,5 +1,6 @@
 #include "holidays/sch_year_h_model.h"
 
+#include "core/app_texts.h"
 #include "holidays/holiday_texts.h"
 
 namespace sched {
@@ -43,7 +44,7 @@ void SchYearHModel::Form_Load() {
   const DayQuestion question =
       ChooseDayQuestion((off & bit) != 0, dayIsWeekly_ != 0, (on & bit) != 0, named);
   editsOff_ = question.EditsOff;
-  label2_ = std::string(question.statement) + "\n\r" + holiday_texts::kAreYouSure;
+  label2_ = std::string(question.statement) + "\n\r" + texts::kAreYouSure;
 }
 
 void SchYearHModel::Command1_Click() {

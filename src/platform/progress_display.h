@@ -4,8 +4,12 @@
 
 namespace sched {
 
+// The bar runs from 0 to 100 while a file is read or written; the values above mark the steps
+// after it, up to the bar's maximum.
+inline constexpr int kProgressViewsShown = 115;  // the loaded file's views are drawn
+inline constexpr int kProgressDone = 130;        // the bar's maximum: all is done
+
 // The caption beside the progress bar, the bar itself and the mouse pointer of the main window.
-// The bar's maximum is above 100: values up to 130 mark the steps after reading or writing.
 class ProgressDisplay {
  public:
   virtual ~ProgressDisplay() = default;

@@ -25,7 +25,6 @@ class CacheDeviceFiles : public DeviceFiles {
   explicit CacheDeviceFiles(std::string cacheRoot, DeviceServiceWindows windows = {});
 
   void SetWindows(const DeviceServiceWindows& windows) { windows_ = windows; }
-  const std::string& CacheRoot() const { return root_; }
 
   bool Sor_IsExist(const std::string& devicePath) override;
   std::optional<std::string> Sor_GetFile(const std::string& devicePath) override;

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/path_parts.h"
 #include "core/text_case.h"
 
 namespace sched {
@@ -14,8 +15,7 @@ ResolvedFile ResolveFileName(DeviceFiles& device, const std::string& name) {
   if (!file.path.empty() && file.path.back() == '"') file.path.pop_back();
   if (!file.path.empty() && file.path.front() == '"') file.path.erase(0, 1);
 
-  const std::size_t separator = file.path.find_last_of("/\\");
-  std::string folder = separator == std::string::npos ? "" : file.path.substr(0, separator);
+  std::string folder(SplitPath(file.path).folder);
   while (folder.size() > 1 && (folder.back() == '/' || folder.back() == '\\')) folder.pop_back();
 
   file.ScheduleOnPc = device.Sor_IsOnPcFile(file.path) ? 1 : 0;
@@ -36,7 +36,7 @@ std::vector<std::string> ReadDeviceSounds(DeviceFiles& device) {
 }
 
 std::string AlarmSoundName(const std::string& path) {
-  std::string name = path.substr(path.find_last_of("\\/") + 1);
+  const std::string_view name = SplitPath(path).name;
   return ToUpperAscii(name.substr(0, name.find_last_of('.')));
 }
 

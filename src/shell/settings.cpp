@@ -1,29 +1,16 @@
 #include "shell/settings.h"
 
-#include <charconv>
 #include <filesystem>
 #include <system_error>
 
+#include "core/number_text.h"
 #include "core/registry_keys.h"
+#include "core/text_case.h"
 #include "shell/device_service.h"
-#include "store/schedule_store.h"
+#include "store/file_location.h"
 
 namespace sched {
 namespace {
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-std::optional<int> ParseInt(std::string_view text) {
-  text = Trimmed(text);
-  int value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (text.empty() || error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return value;
-}
 
 // The path of a "File1" value after its first field. The name in the middle field may hold
 // commas as the path does, so the path is the rest after the comma at which the middle field
@@ -58,8 +45,8 @@ LastFile RestoreLastFile(SettingsStore& settings, DeviceFiles& device, const std
   LastFile last;
   const std::string value = settings.GetSetting(kSettingsApp, section, kLastFileKey, "");
   if (value.empty()) return last;
+  // The first field, PC or device, is worked out again from the path.
   const std::size_t comma = value.find(',');
-  last.ScheduleOnPc = ParseInt(std::string_view(value).substr(0, comma)).value_or(1);
   const std::string stored =
       comma == std::string::npos ? "" : LastFilePath(std::string_view(value).substr(comma + 1));
 
@@ -91,7 +78,8 @@ std::optional<WindowPlacement> ParseWindowPlacement(const std::string& text) {
   for (int i = 0; i < 5; ++i) {
     const std::size_t stop = i < 4 ? text.find(',', start) : text.size();
     if (stop == std::string::npos) return std::nullopt;
-    const std::optional<int> number = ParseInt(std::string_view(text).substr(start, stop - start));
+    const std::optional<int> number =
+        ParseInt(Trim(std::string_view(text).substr(start, stop - start)));
     if (!number) return std::nullopt;
     numbers[i] = *number;
     start = stop + 1;
@@ -109,7 +97,7 @@ std::optional<WindowPlacement> ReadWindowPlacement(SettingsStore& settings,
   std::optional<WindowPlacement> placement =
       ParseWindowPlacement(settings.GetSetting(kSettingsApp, section, kWindowPlacementKey, ""));
   // A window never comes back as an icon.
-  if (placement && placement->showState == 2) placement->showState = 1;
+  if (placement && placement->showState == kShowMinimized) placement->showState = kShowNormal;
   return placement;
 }
 

@@ -37,9 +37,14 @@ LastFile RestoreLastFile(SettingsStore& settings, DeviceFiles& device, const std
 // True when the data link component is installed: its "Install" value is the number 1.
 bool IsPimLinkInstalled(Registry& registry);
 
-// A window's place: show state (1 normal, 2 minimised, 3 maximised) and its outer edges.
+// The show states of a window's place, as they are stored.
+inline constexpr int kShowNormal = 1;
+inline constexpr int kShowMinimized = 2;
+inline constexpr int kShowMaximized = 3;
+
+// A window's place: its show state and its outer edges.
 struct WindowPlacement {
-  int showState = 1;
+  int showState = kShowNormal;
   int left = 0;
   int top = 0;
   int right = 0;

@@ -5,7 +5,6 @@
 // The shell's own words, as the user reads them.
 namespace sched::texts {
 
-inline constexpr const char* kAskSaveChanges = "Do you want to save the changes?";
 inline constexpr const char* kAskConversion = "Do you want to perform a Scheduler file conversion?";
 inline constexpr const char* kNotSchedulerFile = "This is not a Scheduler file.";
 inline constexpr const char* kCsvNotSaved = "Csv file is not saved.";

@@ -41,9 +41,15 @@ struct ScheduleDocument {
   CivilDate CopiedFirstDate;
   CivilDate CopiedLastDate;
 
+  // The shown date, the day the views stand on.
   int CurYear = kFirstYear;
   int CurMonth = 1;
   int CurDay = 1;
+  void SetShownDate(const CivilDate& date) {
+    CurYear = date.year;
+    CurMonth = date.month;
+    CurDay = date.day;
+  }
 };
 
 }  // namespace sched

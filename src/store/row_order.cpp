@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <numeric>
 #include <tuple>
 #include <vector>
 
@@ -31,6 +32,18 @@ std::vector<int> LiveRowsInDateOrder(const SchDatCTL& ctl) {
     }
   }
   return rows;
+}
+
+int SortDayChain(SchDatCTL& ctl, int first, int count) {
+  auto& list = ctl.SchDatList;
+  std::vector<int> order(static_cast<std::size_t>(count));
+  std::iota(order.begin(), order.end(), first);
+  std::stable_sort(order.begin(), order.end(),
+                   [&](int a, int b) { return list.At(a).StartTime < list.At(b).StartTime; });
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    list.At(order[i]).Next = i + 1 < order.size() ? order[i + 1] : -1;
+  }
+  return order.front();
 }
 
 }  // namespace sched

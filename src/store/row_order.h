@@ -10,4 +10,8 @@ namespace sched {
 // its chain.
 std::vector<int> LiveRowsInDateOrder(const SchDatCTL& ctl);
 
+// Gives the first row of a day chain after sorting rows first .. first+count-1 by StartTime,
+// keeping equal times in their order, and relinks them.
+int SortDayChain(SchDatCTL& ctl, int first, int count);
+
 }  // namespace sched

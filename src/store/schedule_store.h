@@ -90,17 +90,7 @@ SchDatRow BuildRecordLine(const SchRecord& record);
 // The working record of a row: the reverse of BuildRecordLine.
 SchRecord RowToRecord(const SchDatRow& row);
 
-// Gives the first row of a day chain after sorting rows first .. first+count-1 by StartTime,
-// keeping equal times in their order, and relinks them.
-int SortDayChain(SchDatCTL& ctl, int first, int count);
-
-// A repeating row whose series has no other live row becomes a plain item.
-void CheckSeries(SchDatCTL& ctl);
-
 // Bit i (Sunday 0 to Saturday 6) for each weekday that is a weekly holiday.
 std::uint16_t WeekHolidayMask(const std::array<std::int16_t, 7>& weekHoliday);
-
-// "PC:" or "Tarvex:" and the file's name.
-std::string FormatLocation(const std::string& path, int onPc);
 
 }  // namespace sched

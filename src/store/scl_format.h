@@ -114,11 +114,11 @@ class ByteWriter {
 SclHeader ReadHeader(ByteReader& in);
 SclYear ReadYear(ByteReader& in);
 SclMonth ReadMonth(ByteReader& in);
-// The 38-byte fixed part into the fixed fields of `record`.
+// The fixed part (kRecordFixedSize bytes) into the fixed fields of `record`.
 void ReadRecordFixed(ByteReader& in, SchRecord& record);
 
 void WriteHeader(ByteWriter& out, const SclHeader& header);
-// Writes the header over the first 12 bytes.
+// Writes the header over the first kHeaderSize bytes.
 void PatchHeader(ByteWriter& out, const SclHeader& header);
 void WriteYear(ByteWriter& out, const SclYear& year);
 void WriteMonth(ByteWriter& out, const SclMonth& month);

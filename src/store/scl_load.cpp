@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cstdint>
-#include <numeric>
 #include <span>
 #include <string>
 #include <string_view>
@@ -8,7 +7,9 @@
 
 #include "core/calendar.h"
 #include "core/codepage.h"
+#include "store/row_order.h"
 #include "store/schedule_store.h"
+#include "store/series_check.h"
 
 namespace sched {
 namespace {
@@ -59,10 +60,10 @@ constexpr std::size_t kMostRowsReserved = 1 << 20;
 
 // Reads a schedule file held in memory into the tables. A file is a tree of offsets; the
 // loader follows them, and gives up with SclFormatError at anything a well-formed file cannot
-// hold: an offset outside the file, a byte read for two parts (a loop, a shared chain, or parts
-// laid over each other), text running past the end, a month, day or time out of range. Each
-// byte being read for one part only bounds the work, the rows and their text by the size of
-// the file.
+// hold: a link outside the file, a part cut by the end of the file, a byte read for two parts (a
+// loop, a shared chain, or parts laid over each other), a year, month, day, date or time out of
+// range. Each byte being read for one part only bounds the work, the rows and their text by the
+// size of the file.
 class SclLoader {
  public:
   SclLoader(ScheduleStore& store, std::span<const std::uint8_t> bytes)
@@ -73,11 +74,11 @@ class SclLoader {
   }
 
   void Run() {
-    Claim(0, kHeaderSize);
+    Claim(0, kHeaderSize, "header");
     doc_.Header = ReadHeader(in_);
     std::vector<std::int32_t> years;
     for (std::int32_t at = doc_.Header.FirstYear; at != -1;) {
-      Enter(at, kYearSize);
+      Enter(at, kYearSize, "year");
       years.push_back(at);
       at = ReadYear(in_).Next;
     }
@@ -93,27 +94,31 @@ class SclLoader {
   }
 
  private:
-  // Marks the bytes of a part as read. A byte read for a second part means a loop, a shared
-  // chain or parts laid over each other; without this, records laid over each other could
-  // each hold a long text made of the same bytes.
-  void Claim(std::int64_t offset, std::int64_t size) {
-    if (offset < 0 || offset > in_.Size()) throw SclFormatError(offset, "offset outside the file");
-    if (offset + size > in_.Size()) throw SclFormatError(offset, "part cut by the end of the file");
+  // Marks the bytes of a part as read; `part` names it in the reason of a failure. A byte read
+  // for a second part means a loop, a shared chain or parts laid over each other; without
+  // this, records laid over each other could each hold a long text made of the same bytes.
+  void Claim(std::int64_t offset, std::int64_t size, std::string_view part) {
+    if (offset < 0 || offset > in_.Size()) {
+      throw SclFormatError(offset, std::string(part) + " outside the file");
+    }
+    if (offset + size > in_.Size()) {
+      throw SclFormatError(offset, std::string(part) + " cut by the end of the file");
+    }
     if (!claimed_.Claim(static_cast<std::size_t>(offset),
                         static_cast<std::size_t>(offset + size))) {
       throw SclFormatError(offset, "a byte is read for two parts");
     }
   }
 
-  void Enter(std::int32_t offset, std::int32_t size) {
-    Claim(offset, size);
+  void Enter(std::int32_t offset, std::int32_t size, std::string_view part) {
+    Claim(offset, size, part);
     in_.Seek(offset);
   }
 
   // Claims the next `count` bytes of a record's variable part, unless they were claimed by an
   // earlier reading of the same record.
-  void ClaimNext(std::int64_t count) {
-    if (claimVarPart_) Claim(in_.Position(), count);
+  void ClaimNext(std::int64_t count, std::string_view part) {
+    if (claimVarPart_) Claim(in_.Position(), count, part);
   }
 
   void LoadYear(std::int32_t offset, const SclYear& year) {
@@ -130,7 +135,7 @@ class SclLoader {
       row.FirstMonth = firstRow;
       int index = 0;
       for (std::int32_t at = year.FirstMonth; at != -1; ++index) {
-        Enter(at, kMonthSize);
+        Enter(at, kMonthSize, "month");
         const SclMonth month = ReadMonth(in_);
         LoadMonth(at, firstRow, index, month, year.Year);
         ++t_.MonthCount;
@@ -220,27 +225,30 @@ class SclLoader {
   }
 
   void ReadFixedAt(std::int32_t offset, SchRecord& fixed) {
-    Enter(offset, kRecordFixedSize);
+    Enter(offset, kRecordFixedSize, "record");
     ReadRecordFixed(in_, fixed);
     ++doc_.LoadedRecords;
   }
 
-  std::string ReadText() {
-    ClaimNext(2);
+  // One of a record's texts, its length first; `part` names it.
+  std::string ReadText(std::string_view part) {
+    ClaimNext(2, part);
     const std::uint16_t length = in_.U16();
     if (length == 0) return {};
-    ClaimNext(length);
+    ClaimNext(length, part);
     return TableText(in_.Bytes(length));
   }
 
   static void CheckRecord(std::int64_t offset, const SchRecord& f) {
-    if (!IsValidDate(f.Year, f.Month, f.Day) || !IsValidDate(f.EndYear, f.EndMonth, f.EndDay)) {
-      throw SclFormatError(offset, "date out of range");
+    if (!IsValidDate(f.Year, f.Month, f.Day)) {
+      throw SclFormatError(offset, "start date out of range");
+    }
+    if (!IsValidDate(f.EndYear, f.EndMonth, f.EndDay)) {
+      throw SclFormatError(offset, "end date out of range");
     }
     const auto timeOk = [](std::int16_t minutes) { return minutes >= -1 && minutes < 1440; };
-    if (!timeOk(f.StartTime) || !timeOk(f.EndTime)) {
-      throw SclFormatError(offset, "time out of range");
-    }
+    if (!timeOk(f.StartTime)) throw SclFormatError(offset, "start time out of range");
+    if (!timeOk(f.EndTime)) throw SclFormatError(offset, "end time out of range");
   }
 
   // Adds the record's row unless it is a private record of the device above the user's level;
@@ -250,15 +258,16 @@ class SclLoader {
     // The fixed part fills the row as a working record would; the texts follow from the file.
     SchDatRow row = BuildRecordLine(f);
     const bool dropped = f.Private != 0 && doc_.ScheduleOnPc == 0 && f.Private < doc_.PrivateLevel;
-    row.Title = ReadText();
-    row.Place = ReadText();
-    row.Memo = ReadText();
-    ClaimNext(2);
+    row.Title = ReadText("title");
+    row.Place = ReadText("place");
+    row.Memo = ReadText("memo");
+    ClaimNext(2, "alarm flag");
     row.AlarmOn = in_.I16();
     if (row.AlarmOn == 1) {
-      ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes) + 2);
+      ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes), "alarm sound");
       const std::string_view sound = in_.Bytes(kAlarmSoundBytes);
       row.AlarmSound = Cp1252ToUtf8(sound.substr(0, sound.find('\0')));
+      ClaimNext(2, "alarm lead");
       row.AlarmLead = in_.I16();
     }
     if (dropped) return false;
@@ -276,61 +285,6 @@ class SclLoader {
   ClaimedBytes claimed_;
   bool claimVarPart_ = true;
 };
-
-int SortDayChain(SchDatCTL& ctl, int first, int count) {
-  auto& list = ctl.SchDatList;
-  std::vector<int> order(static_cast<std::size_t>(count));
-  std::iota(order.begin(), order.end(), first);
-  std::stable_sort(order.begin(), order.end(),
-                   [&](int a, int b) { return list.At(a).StartTime < list.At(b).StartTime; });
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    list.At(order[i]).Next = i + 1 < order.size() ? order[i + 1] : -1;
-  }
-  return order.front();
-}
-
-void CheckSeries(SchDatCTL& ctl) {
-  if (ctl.RowCount <= 0) return;
-  auto& list = ctl.SchDatList;
-  for (int i = 0; i < list.Rows(); ++i) {
-    SchDatRow& row = list.At(i);
-    if (row.RepeatKind == 0 || row.Deleted != kLive) {
-      if (row.Deleted == kSeriesMark) row.Deleted = kLive;
-      continue;
-    }
-    bool found = false;
-    for (int j : SeriesRows(ctl, row.Series())) {
-      SchDatRow& other = list.At(j);
-      if (j > i && other.Deleted == kLive && other.RepeatKind != 0) {
-        other.Deleted = kSeriesMark;
-        found = true;
-      }
-    }
-    // A series of one is a plain item.
-    if (!found) row.RepeatKind = 0;
-  }
-}
-
-std::string FormatLocation(const std::string& path, int onPc) {
-  const std::size_t slash = path.find_last_of("/\\");
-  const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
-  return (onPc == 1 ? "PC:" : "Tarvex:") + name;
-}
-
-void ScheduleStore::ClearIndex() {
-  ClearTables(doc_.Tables);
-}
-
-void ScheduleStore::ResetHeader() {
-  doc_.Header = SclHeader{};
-  doc_.WeekHoliday = {1, 0, 0, 0, 0, 0, 0};
-  svc_.alarms.ClearTodayAlarms();
-  doc_.Tables.YearCount = 0;
-  doc_.Tables.MonthCount = 0;
-  doc_.Tables.RowCount = 0;
-  doc_.Dirty = false;
-  doc_.ShownYearMasks = doc_.PrevYearMasks = doc_.NextYearMasks = YearMasks{};
-}
 
 SclLoadResult ScheduleStore::LoadSchedule(std::span<const std::uint8_t> bytes) {
   ClearIndex();

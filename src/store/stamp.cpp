@@ -34,6 +34,10 @@ std::int32_t SetTopBit(std::int32_t stamp) {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(stamp) | kTopBit);
 }
 
+std::int32_t SetTopBits(std::int32_t stamp) {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(stamp) | kTopBits);
+}
+
 void PauseTick(const Clock& clock) {
   const std::uint64_t entry = clock.TickCount();
   while (clock.TickCount() == entry) std::this_thread::sleep_for(std::chrono::milliseconds(1));

@@ -16,6 +16,8 @@ std::int32_t StampOf(const DateTime& time);
 int IsLinkDone(std::int32_t stamp);
 std::int32_t ClearLinkBit(std::int32_t stamp);
 std::int32_t SetTopBit(std::int32_t stamp);
+// The stamp with both top bits set, as every stamp the program makes has them.
+std::int32_t SetTopBits(std::int32_t stamp);
 
 // Returns when the system timer has moved on from its value on entry.
 void PauseTick(const Clock& clock);

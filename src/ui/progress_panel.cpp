@@ -8,7 +8,7 @@ ProgressPanel::ProgressPanel(QWidget* parent)
     : caption_(new QLabel(parent)), bar_(new QProgressBar(parent)) {
   caption_->setObjectName("LabelProgress");
   bar_->setObjectName("ProgressBar");
-  bar_->setRange(0, 130);  // values above 100 mark the steps after reading or writing
+  bar_->setRange(0, kProgressDone);
   bar_->setTextVisible(false);
   bar_->setFixedWidth(220);
   caption_->hide();

@@ -11,6 +11,7 @@
 #include <functional>
 #include <vector>
 
+#include "appointments/item_limits.h"
 #include "appointments/texts.h"
 #include "core/calendar.h"
 #include "platform/key_codes.h"
@@ -238,7 +239,7 @@ void SchEdit::BuildAlarm(QGridLayout* grid) {
       },
       this);
   imNumber1_->setObjectName("ImNumber1");
-  imNumber1_->setRange(0, 999);
+  imNumber1_->setRange(0, kMaxLead);
   imNumber1_->setAlignment(Qt::AlignRight);
   imNumber1_->setKeyboardTracking(false);
   connect(imNumber1_, &QSpinBox::valueChanged, this, [this](int value) {

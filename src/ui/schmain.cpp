@@ -329,12 +329,12 @@ void SchMain::RestoreWindowPlacement() {
   const ScreenRect fitted = FitToArea({stored.x(), stored.y(), stored.width(), stored.height()},
                                       {area.x(), area.y(), area.width(), area.height()});
   setGeometry(fitted.left, fitted.top, fitted.width, fitted.height);
-  if (placement->showState == 3) setWindowState(Qt::WindowMaximized);
+  if (placement->showState == kShowMaximized) setWindowState(Qt::WindowMaximized);
 }
 
 void SchMain::SaveWindowPlacement() {
   const QRect normal = isMaximized() || isMinimized() ? normalGeometry() : geometry();
-  const int state = isMaximized() ? 3 : isMinimized() ? 2 : 1;
+  const int state = isMaximized() ? kShowMaximized : isMinimized() ? kShowMinimized : kShowNormal;
   sched::SaveWindowPlacement(
       s_.settings, kDayviewSection,
       {state, normal.left(), normal.top(), normal.right() + 1, normal.bottom() + 1});

@@ -20,12 +20,6 @@ CivilDate CalendarViews::CurrentDate() const {
   return {s_.doc.CurYear, s_.doc.CurMonth, s_.doc.CurDay};
 }
 
-void CalendarViews::SetCurrentDate(const CivilDate& date) {
-  s_.doc.CurYear = date.year;
-  s_.doc.CurMonth = date.month;
-  s_.doc.CurDay = date.day;
-}
-
 void CalendarViews::WriteDateLabel(const CivilDate& date) {
   DateLabel = FormatDateWeekday(s_.dates, std::to_string(date.year), std::to_string(date.month),
                                 std::to_string(date.day), WeekdayOf(date));
@@ -120,7 +114,7 @@ void CalendarViews::SelectCell(int cell, int row) {
   month_.MoveSelection(cell);
   UpdateDeleteMenus();
   WriteDateLabel(DateHelper);
-  SetCurrentDate(DateHelper);
+  s_.doc.SetShownDate(DateHelper);
   menus_.YearHolidays = true;
   if (list_.Visible) RefreshScheduleList();
   if (row != -1) month_.Cell(cell).selectedRow = row;

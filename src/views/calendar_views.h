@@ -134,7 +134,7 @@ class CalendarViews {
 
   int Tab = 0;          // SSTab1: 0 the month, 1 the day
   int Combo1Index = 0;  // month list, 0 January
-  int Combo2Index = 0;  // year list, 0 for 1901
+  int Combo2Index = 0;  // year list, 0 for kFirstYear
   std::int16_t ViewsReady = 0;
   std::int16_t ArrowMoved = 0;
   std::int16_t BackFromDay = 0;
@@ -148,7 +148,6 @@ class CalendarViews {
 
  private:
   void WriteDateLabel(const CivilDate& date);
-  void SetCurrentDate(const CivilDate& date);
   void ZeroHolidayArrays();
   void RefreshScheduleList();
   // Toolbar button 3: on the day tab while the day list has rows.

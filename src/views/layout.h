@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "views/month_view_model.h"
+#include "views/time_bar.h"
 
 namespace sched {
 
@@ -16,14 +17,6 @@ struct RectF {
   double Right() const { return left + width; }
   double Bottom() const { return top + height; }
   friend bool operator==(const RectF&, const RectF&) = default;
-};
-
-// A line from (x1, y1) to (x2, y2).
-struct LineF {
-  double x1 = 0;
-  double y1 = 0;
-  double x2 = 0;
-  double y2 = 0;
 };
 
 // Twips in one pixel: 15 at 96 dots per inch.

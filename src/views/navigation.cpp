@@ -34,7 +34,7 @@ void CalendarViews::Combo2_Click() {
 }
 
 void CalendarViews::TurnToComboMonth(const CivilDate& date, bool newYear) {
-  SetCurrentDate(date);
+  s_.doc.SetShownDate(date);
   DateHelper = date;
   WriteDateLabel(date);
   if (FillOnCombo == 0) return;
@@ -93,7 +93,7 @@ void CalendarViews::CSCal4_Change(const CivilDate& date) {
   day_.CalendarDate = date;
   WriteDateLabel(date);
   const CivilDate old = CurrentDate();
-  SetCurrentDate(date);
+  s_.doc.SetShownDate(date);
   ZeroHolidayArrays();
   if (Tab == 1) {
     UpdateDeleteMenus();
@@ -112,7 +112,7 @@ void CalendarViews::GoToday() {
   list_.Visible = false;
   const DateTime now = s_.clock.Now();
   const CivilDate today{now.year, now.month, now.day};
-  SetCurrentDate(today);
+  s_.doc.SetShownDate(today);
   month_.ShownYear = today.year;
   month_.ShownMonth = today.month;
   if (Tab == 1) {

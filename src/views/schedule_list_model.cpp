@@ -51,8 +51,7 @@ int ScheduleList::FillDayIndex(const SchDatCTL& ctl, const CivilDate& date, bool
 void ScheduleList::List1_Click(int row, int rowSel, Messages& messages) {
   Select(row, rowSel);
   if (row == rowSel) return;
-  messages.Show(
-      {view_texts::kCannotModifyMultiple, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+  messages.Show({texts::kCannotModifyMultiple, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
 }
 
 void ScheduleList::Select(int row, int rowSel) {

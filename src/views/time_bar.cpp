@@ -10,7 +10,7 @@ constexpr double kMinutesOfDay = 1440.0;
 
 }  // namespace
 
-BarBox SpanBox(int startTime, int endTime, int scaleWidth, int scaleHeight) {
+LineF SpanBox(int startTime, int endTime, int scaleWidth, int scaleHeight) {
   const double k = scaleWidth / kMinutesOfDay;
   return {startTime * k, -1.0, endTime * k, static_cast<double>(scaleHeight)};
 }

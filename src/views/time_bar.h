@@ -5,17 +5,17 @@
 
 namespace sched {
 
-// One filled box on the time bar, in the bar's pixels.
-struct BarBox {
+// Two points: a line from (x1, y1) to (x2, y2), or the box of which they are opposite corners.
+struct LineF {
   double x1 = 0;
   double y1 = 0;
   double x2 = 0;
   double y2 = 0;
 };
 
-// The box that stands for a span of minutes on a bar of the given size: 0:00 at the left
-// edge, 24:00 at the right, from above the top to the bottom.
-BarBox SpanBox(int startTime, int endTime, int scaleWidth, int scaleHeight);
+// The box, in the bar's pixels, that stands for a span of minutes on a bar of the given size:
+// 0:00 at the left edge, 24:00 at the right, from above the top to the bottom.
+LineF SpanBox(int startTime, int endTime, int scaleWidth, int scaleHeight);
 
 // The time bar. Every box covers the bar's whole height, so its picture is one colour per pixel
 // column: the ground or the span colour.

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "core/colors.h"
+
 namespace sched {
 
 // Colours of the views as numbers, red in the low byte. The window colour is the system
@@ -9,7 +11,6 @@ namespace sched {
 inline constexpr std::uint32_t kWindowColor = 0x80000005u;
 inline constexpr std::uint32_t kGreyColor = 0xE0E0E0u;
 inline constexpr std::uint32_t kSelectionColor = 0xC0FFFFu;  // also the day marks of the calendar
-inline constexpr std::uint32_t kRedColor = 255u;
 inline constexpr std::uint32_t kBlackColor = 0u;
 inline constexpr std::uint32_t kTimeSpanColor = 0x800000u;  // dark blue of the time bar's spans
 

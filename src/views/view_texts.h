@@ -32,6 +32,5 @@ inline constexpr const char* kAllDayList = "Allday  ";
 
 // The schedule list dialog.
 inline constexpr const char* kScheduleListCaption = "List of Schedule";
-inline constexpr const char* kCannotModifyMultiple = "Cannot modify multiple rows.";
 
 }  // namespace sched::view_texts

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -21,14 +23,16 @@ using testing::CaseRow;
 using testing::Join;
 
 // What rang, in order: "beep", "desktop [SUMMARY] [BODY]", "window [TITLE] [DATE] [TIME]
-// [PLACE] [MEMO]".
+// [PLACE] [MEMO]". While `windowsFail` is set, a notice window cannot be opened.
 struct Rings : Beep, DesktopNotices, NoticeHost {
   std::vector<std::string> events;
+  bool windowsFail = false;
   void Sound() override { events.push_back("beep"); }
   void Post(const std::string& summary, const std::string& body) override {
     events.push_back("desktop [" + summary + "] [" + body + "]");
   }
   void OpenNoticeWindow(const PendingNotice& n) override {
+    if (windowsFail) throw std::runtime_error("no window for " + n.Title);
     events.push_back("window [" + n.Title + "] [" + n.DateText + "] [" + n.TimeText + "] [" +
                      n.Place + "] [" + n.Memo + "]");
   }
@@ -43,7 +47,8 @@ struct AlarmDay {
   FakeClock clock{{2026, 11, 23, 8, 0, 0}};
   FakeClockAlarm clockAlarm;
   Rings rings;
-  AlarmEngine engine{AlarmServices{doc.Tables, clock, clockAlarm, rings, rings, rings}};
+  std::ostringstream errors;
+  AlarmEngine engine{AlarmServices{doc.Tables, clock, clockAlarm, rings, rings, rings, errors}};
   ScheduleStore store{doc, StoreServices{engine, progress, clock}};
   FakeMessages shownMessages;
   HeldMessages messages{shownMessages, engine};
@@ -53,7 +58,10 @@ struct AlarmDay {
     store.ResetHeader();
   }
   // Every ring of a case is looked at.
-  void End() { EXPECT_EQ(Join(rings.events), "") << "rings not looked at"; }
+  void End() {
+    EXPECT_EQ(Join(rings.events), "") << "rings not looked at";
+    EXPECT_EQ(errors.str(), "") << "errors not looked at";
+  }
 
   DateTime Now() const { return clock.Now(); }
 
@@ -149,6 +157,7 @@ testing::Trace<AlarmDay> AlarmTrace() {
   t.steps["watch"] = [](S d, R) { d.engine.WatchDayChange(); };
   t.steps["hold"] = [](S d, R) { d.engine.HoldNotices(); };
   t.steps["release"] = [](S d, R) { d.engine.ReleaseNotices(); };
+  t.steps["windows-fail"] = [](S d, R r) { d.rings.windowsFail = r.YesNo(1); };
   // A message box that stays open while the clock runs to the moment.
   t.steps["message-open-until"] = [](S d, R r) {
     struct Open : Messages {
@@ -188,6 +197,11 @@ testing::Trace<AlarmDay> AlarmTrace() {
   };
   t.looks["next"] = [](S d, auto&) { return std::to_string(d.engine.NextAlarmIndex()); };
   t.looks["today"] = [](S d, auto&) { return std::to_string(d.engine.TodayCode()); };
+  t.looks["errors"] = [](S d, auto&) {
+    const std::string errors = d.errors.str();
+    d.errors.str("");
+    return errors;
+  };
   t.looks["held"] = [](S d, auto&) { return testing::YesNo(d.engine.NoticesHeld()); };
   t.looks["pending"] = [](S d, auto&) {
     return Join(d.engine.PendingNotices(), " | ", [](const PendingNotice& n) { return n.Title; });

@@ -109,7 +109,7 @@ TEST(Occurrences, ASeriesReadBackAndWrittenAgainIsTheSameSeries) {
 
     const std::int32_t lowest =
         GetSeriesLowestSubNo(m.s.doc.Tables, opened.ParentSubNo, opened.ParentStamp);
-    RemoveSeries(m.s.store, opened);
+    m.s.store.DeleteItem(opened);
     again.WorkRepeatKind = static_cast<std::uint16_t>(opened.RepeatKind);
     OccurrenceMaker maker(m.s.store, m.messages, again);
     const ReplacedItem replaced{static_cast<std::int16_t>(lowest), opened.Stamp,

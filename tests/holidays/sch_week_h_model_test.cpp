@@ -42,7 +42,7 @@ std::string Flags(const WeekFlags& flags) {
 // A caption as its fore colour (r red, b button text), back colour (g green, w white) and
 // focus mark (+ or -).
 std::string Look(const CaptionLook& c) {
-  return std::string(c.ForeColor == kColorRed          ? "r"
+  return std::string(c.ForeColor == kRedColor          ? "r"
                      : c.ForeColor == kColorButtonText ? "b"
                                                        : "?") +
          (c.BackColor == kColorDarkGreen ? "g"

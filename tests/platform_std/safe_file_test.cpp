@@ -122,6 +122,23 @@ TEST(SafeFile, WritesThroughLinksToTheFileTheyName) {
   EXPECT_FALSE(Write(dir.File("round1.scl"), "nowhere"));
 }
 
+// A name without a folder lies in the working folder, and so does the temporary file.
+TEST(SafeFile, ABareNameIsWrittenInTheWorkingFolder) {
+  TempDir dir;
+  fs::create_directory(dir.File("real"));
+  Link("real/data.scl", dir.File("link.scl"));
+  const fs::path before = fs::current_path();
+  fs::current_path(dir.Path());
+  const bool bare = Write("bare.scl", "bare");
+  const bool linked = Write("link.scl", "linked");
+  fs::current_path(before);
+  EXPECT_TRUE(bare);
+  EXPECT_TRUE(linked);
+  EXPECT_EQ(Read(dir.File("bare.scl")), "bare");
+  EXPECT_EQ(Read(dir.File("real/data.scl")), "linked");
+  EXPECT_EQ(Names(dir.Path()), (std::vector<std::string>{"bare.scl", "link.scl", "real"}));
+}
+
 TEST(SafeFile, ARefusedTargetIsLeftAsItWas) {
   struct Case {
     std::string name;  // what is written to

@@ -47,17 +47,5 @@ TEST(DayChain, StopsAtTheEndAtABadLinkAndAfterEveryRowOnce) {
   }
 }
 
-TEST(MonthChain, FollowsNextMonthFromTheFirstMonth) {
-  Table<AncMMRow> months;
-  for (int next : {2, -1, 1}) {
-    AncMMRow row;
-    row.NextMonth = next;
-    months.Put(row);
-  }
-  std::vector<int> rows;
-  for (int row : MonthChain(months, 0)) rows.push_back(row);
-  EXPECT_EQ(rows, (std::vector<int>{0, 2, 1}));
-}
-
 }  // namespace
 }  // namespace sched

@@ -48,6 +48,7 @@ TEST(Stamp, LinkAndTopBits) {
   EXPECT_EQ(static_cast<std::uint32_t>(linked), 0x81234567u);
   EXPECT_EQ(IsLinkDone(linked), -1);
   EXPECT_EQ(static_cast<std::uint32_t>(SetTopBit(0x01234567)), 0x81234567u);
+  EXPECT_EQ(static_cast<std::uint32_t>(SetTopBits(linked)), 0xC1234567u);
 }
 
 TEST(TextForms, LineEndsAndTabs) {

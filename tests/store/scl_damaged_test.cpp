@@ -166,6 +166,7 @@ class Layout {
     if (!next.empty()) patches_.push_back({name + ".next", next, 4});
   }
 
+ public:
   // A number, or "end", "PART" or "PART.FIELD", and then "+N" or "-N".
   std::int32_t Eval(const std::string& text) const {
     const std::size_t sign = text.find_first_of("+-", 1);
@@ -192,9 +193,13 @@ class Layout {
     if (field.starts_with("day")) offset = 6 + 4 * (std::stoi(field.substr(3)) - 1);
     if (field == "title" && r) offset = kRecordFixedSize;
     if (field == "memo" && r) offset = kRecordFixedSize + 4 + size(r->Title) + size(r->Place);
+    if (field == "alarm" && r) {
+      offset = kRecordFixedSize + 6 + size(r->Title) + size(r->Place) + size(r->Memo);
+    }
     return at + offset + add;
   }
 
+ private:
   ByteWriter out_;
   std::map<std::string, std::int32_t> parts_;
   std::map<std::string, SchRecord> records_;
@@ -202,10 +207,13 @@ class Layout {
   std::vector<Patch> patches_;
 };
 
-// The cases of tests/data/store/damaged-files.txt: name, rows of the twin, steps.
+// The cases of tests/data/store/damaged-files.txt: name, rows of the twin, the reason of the
+// refusal and where it was found, steps.
 struct DamagedCase {
   std::string name;
   int twinRows = 0;
+  std::string what;
+  std::string at;
   std::vector<CaseRow> steps;
 };
 
@@ -213,7 +221,8 @@ std::vector<DamagedCase> DamagedCases() {
   std::vector<DamagedCase> cases;
   for (const CaseRow& row : testing::ReadCases("store/damaged-files.txt", 7, 100)) {
     if (row[0] == "case") {
-      cases.push_back({row[1] + " (" + row.where + ")", row.Int(2), {}});
+      if (row[3].empty() || row[4].empty()) ADD_FAILURE() << row.where << ": no reason or place";
+      cases.push_back({row[1] + " (" + row.where + ")", row.Int(2), row[3], row[4], {}});
     } else if (cases.empty()) {
       ADD_FAILURE() << row.where << ": a step before the first case";
     } else {
@@ -233,19 +242,25 @@ void ExpectEmptyAfterFailure(const TestStore& s, bool loaded) {
   EXPECT_FALSE(s.doc.Dirty);
 }
 
-// Each damaged file is refused, as a PC file and as a device file, and leaves an empty
-// document behind, though the document held something before. Its twin, which differs only in
-// the fault, loads without a message: the damaged file fails for its fault and not for the way
-// the case lays it out.
-TEST(DamagedFile, IsRefusedAndLeavesAnEmptyDocumentWhereItsTwinLoads) {
+// Each damaged file is refused for its fault, found where the case says, as a PC file and as
+// a device file, and leaves an empty document behind, though the document held something
+// before. Its twin, which differs only in the fault, loads: the damaged file fails for its
+// fault and not for the way the case lays it out.
+TEST(DamagedFile, IsRefusedForItsFaultWhereItsTwinLoads) {
   for (const DamagedCase& c : DamagedCases()) {
     SCOPED_TRACE(c.name);
     for (int onPc : {1, 0}) {
       TestStore s;
       s.store.InsertRecord(MakeItem(2020, 5, 5, 600, 660, "Earlier"));
       s.doc.Dirty = true;
-      WriteBytes(s.dir.File("damaged.scl"), Layout().Build(c.steps, true));
-      ExpectEmptyAfterFailure(s, s.LoadFrom(s.dir.File("damaged.scl"), onPc));
+      s.doc.ScheduleOnPc = onPc;
+      Layout damaged;
+      WriteBytes(s.dir.File("damaged.scl"), damaged.Build(c.steps, true));
+      const SclLoadResult result = s.store.LoadScheduleFile(s.dir.File("damaged.scl"));
+      ExpectEmptyAfterFailure(s, static_cast<bool>(result));
+      if (!result.error) continue;
+      EXPECT_EQ(result.error->what, c.what);
+      EXPECT_EQ(result.error->offset, damaged.Eval(c.at)) << c.at;
     }
     TestStore s;
     WriteBytes(s.dir.File("twin.scl"), Layout().Build(c.steps, false));

@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <iterator>
-
 #include "tests/support/test_store.h"
 
 namespace sched {
@@ -159,29 +156,6 @@ TEST(SclSave, AMultiDayItemOfOneDateIsWrittenAsADayRecord) {
   // July 9's head points at the record; the month's multi-day chain is empty.
   EXPECT_EQ(bytes[monthAt + 6 + 8 * 4], 12);
   EXPECT_EQ(bytes[monthAt + 130], 0xFF);
-}
-
-TEST(SclSave, AFailedSaveLeavesTheOldFileAsItWas) {
-  TestStore s;
-  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "first"));
-  const auto before = s.SaveTo("keep.scl");
-  s.store.InsertRecord(MakeItem(1998, 7, 10, 540, 600, "second"));
-  std::filesystem::permissions(s.dir.File("keep.scl"), std::filesystem::perms::owner_read);
-  EXPECT_FALSE(s.store.SaveScheduleFile(s.dir.File("keep.scl")));
-  EXPECT_EQ(ReadBytes(s.dir.File("keep.scl")), before);
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(s.dir.Path()), {}), 1);
-  EXPECT_FALSE(s.store.SaveScheduleFile(s.dir.File("no such folder/x.scl")));
-}
-
-TEST(SclSave, ASaveReplacesTheWholeFile) {
-  TestStore s;
-  WriteBytes(s.dir.File("old.scl"), std::vector<std::uint8_t>(5000, 0xAB));
-  s.store.InsertRecord(MakeItem(1998, 7, 9, 540, 600, "new"));
-  const auto bytes = s.SaveTo("old.scl");
-  EXPECT_LT(bytes.size(), 5000u);
-  EXPECT_EQ(bytes, s.store.BuildScheduleBytes());
-  // Nothing but the file is left in its folder.
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(s.dir.Path()), {}), 1);
 }
 
 TEST(SclSave, TextsTooLongForTheRecordsSizeFieldAreCutMemoFirst) {

@@ -199,7 +199,6 @@ testing::Trace<Store> StoreTrace() {
   t.looks["ends"] = byDate([](const SchDatRow& r) { return r.EndCode(); });
   t.looks["subnos"] = byDate([](const SchDatRow& r) { return r.SubNo; });
   t.looks["kinds"] = byDate([](const SchDatRow& r) { return r.RepeatKind; });
-  t.looks["months-of-rows"] = byDate([](const SchDatRow& r) { return r.Month; });
   // A series' first and last date, and its lowest SubNo: "series:PARENTSUBNO,PARENTSTAMP".
   t.looks["series"] = [n](S st, auto& a) -> std::string {
     const SeriesRange range = GetSeriesRange(st.s.doc.Tables, st.Pair(a).first, st.Pair(a).second);
@@ -242,25 +241,6 @@ testing::Trace<Store> StoreTrace() {
 
 TEST(Store, FollowsTheTraces) {
   StoreTrace().Run("store/tables.txt", 9, 200);
-}
-
-TEST(RecordOps, BuildRecordLineAndBack) {
-  SchRecord r = MakeItem(1998, 7, 9, 540, 600, "Tab\there");
-  r.Memo = "one\r\ntwo\tthree";
-  r.Private = 3;
-  r.AlarmOn = 1;
-  r.AlarmSound = "SCHALARM";
-  r.AlarmLead = 15;
-  const SchDatRow row = BuildRecordLine(r);
-  EXPECT_EQ(row.Title, "Tab here");
-  EXPECT_EQ(row.Memo, "one\r\ntwo three");
-  EXPECT_EQ(row.Cell(kColPrivate), "1");
-  EXPECT_EQ(row.Cell(kColDeleted), "0");
-  EXPECT_EQ(row.Cell(kColPrev), "-1");
-  const SchRecord back = RowToRecord(row);
-  EXPECT_EQ(back.Private, 1);
-  EXPECT_EQ(back.AlarmLead, 15);
-  EXPECT_EQ(back.Title, "Tab here");
 }
 
 }  // namespace

@@ -26,25 +26,6 @@ TEST(Table, AnEmptyTableHasOneRowWithAnEmptyFirstCell) {
   EXPECT_EQ(table.Rows(), 1);
 }
 
-TEST(Table, CellsShowNumbersAsSignedDecimalText) {
-  Table<SchDatRow> table;
-  SchDatRow row;
-  row.Stamp = static_cast<std::int32_t>(0xC0123456u);
-  row.RepeatKind = -32768;
-  row.Title = "Meeting";
-  table.PutFirst(row);
-  EXPECT_EQ(table.Cell(0, kColStamp), "-1072548778");
-  EXPECT_EQ(table.Cell(0, kColRepeatKind), "-32768");
-  EXPECT_EQ(table.Cell(0, kColPrev), "-1");
-  EXPECT_EQ(table.Cell(0, kColTitle), "Meeting");
-  EXPECT_EQ(table.Cell(0, kColDeleted), "0");
-
-  table.SetCell(0, kColDeleted, "1");
-  EXPECT_EQ(table.At(0).Deleted, kDeleted);
-  table.SetCell(0, kColStamp, "-1072548778");
-  EXPECT_EQ(static_cast<std::uint32_t>(table.At(0).Stamp), 0xC0123456u);
-}
-
 TEST(Table, ALineRoundTripsThroughTheCellsOfEachTable) {
   const std::string schLine =
       "-1\t5\t9\t7\t1998\t12\t7\t1998\t540\t600\t3\t-1072548778\t1\t-1072548778\t4100\t1\t"

@@ -19,7 +19,7 @@ int SpanColumns(const TimeBar& bar) {
 }
 
 TEST(TimeBar, SpanBoxMapsMinutesLinearly) {
-  const BarBox box = SpanBox(540, 600, 720, 20);
+  const LineF box = SpanBox(540, 600, 720, 20);
   EXPECT_DOUBLE_EQ(box.x1, 270);
   EXPECT_DOUBLE_EQ(box.x2, 300);
   EXPECT_DOUBLE_EQ(box.y1, -1);

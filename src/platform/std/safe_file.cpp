@@ -12,6 +12,8 @@
 #include <random>
 #include <string_view>
 
+#include "core/path_parts.h"
+
 namespace sched {
 namespace {
 
@@ -38,15 +40,10 @@ class Descriptor {
   int fd_;
 };
 
+// The folder of a path; the working folder for a bare name.
 std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-std::string NameOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? path : path.substr(slash + 1);
+  const std::string_view folder = SplitPath(path).folder;
+  return folder.empty() ? "." : std::string(folder);
 }
 
 // The file that a path names once the links at its end are followed, as an editor saves
@@ -66,9 +63,9 @@ std::optional<std::string> FollowLinks(std::string path) {
 
 // What every temporary file of one target's name starts with; the name is cut so that the
 // whole temporary name stays within the file system's limit.
-std::string TempPrefix(const std::string& name) {
+std::string TempPrefix(std::string_view name) {
   const std::size_t room = kMaxNameLength - kSavingInfix.size() - kSuffixLength;
-  return name.substr(0, std::min(name.size(), room)) + std::string(kSavingInfix);
+  return std::string(name.substr(0, std::min(name.size(), room))) + std::string(kSavingInfix);
 }
 
 std::string RandomSuffix() {
@@ -154,7 +151,9 @@ void RemoveLeftovers(const std::string& folder, const std::string& prefix) {
 
 bool WriteFileSafely(const std::string& path, std::span<const std::uint8_t> bytes) {
   const std::optional<std::string> target = FollowLinks(path);
-  if (!target || NameOf(*target).empty()) return false;
+  if (!target) return false;
+  const std::string_view name = SplitPath(*target).name;
+  if (name.empty()) return false;
 
   struct stat old {};
   const bool exists = ::stat(target->c_str(), &old) == 0;
@@ -166,7 +165,7 @@ bool WriteFileSafely(const std::string& path, std::span<const std::uint8_t> byte
   }
 
   const std::string folder = FolderOf(*target);
-  const std::string prefix = TempPrefix(NameOf(*target));
+  const std::string prefix = TempPrefix(name);
   std::string temp;
   const Descriptor fd(CreateTempFile(folder, prefix, temp));
   if (!fd.Valid()) return false;
