@@ -211,9 +211,7 @@ int RunAdd(const std::vector<std::string>& args, std::ostream&, std::ostream& er
 
   // The dialog opens on the date the rule is chosen for, or on the item's date.
   ScheduleDocument& doc = cli.Document();
-  doc.CurYear = r.ruleDate.year;
-  doc.CurMonth = r.ruleDate.month;
-  doc.CurDay = r.ruleDate.day;
+  doc.SetShownDate(r.ruleDate);
 
   StreamMessages messages(err);
   IsoDateFormatter dates;

@@ -1,7 +1,5 @@
 #include "cli/cli_store.h"
 
-#include <algorithm>
-
 #include "shell/texts.h"
 #include "store/scl_format.h"
 
@@ -21,8 +19,7 @@ bool CliStore::Load(const std::string& path) {
     return false;
   }
   const std::span<const std::uint8_t> data = bytes->Span();
-  if (data.size() < kSclMagic.size() ||
-      !std::equal(kSclMagic.begin(), kSclMagic.end(), data.begin())) {
+  if (!HasSclMagic(data)) {
     err_ << texts::kNotSchedulerFile << '\n';
     return false;
   }

@@ -29,9 +29,7 @@ int RunMonth(const std::vector<std::string>& args, std::ostream& out, std::ostre
   CliStore cli(err);
   if (!cli.Load(args[0])) return kExitRefused;
   ScheduleDocument& doc = cli.Document();
-  doc.CurYear = year;
-  doc.CurMonth = month;
-  doc.CurDay = 1;
+  doc.SetShownDate({year, month, 1});
   MonthView view(doc, holidays);
   view.FillMonthGrid(year, month);
   view.FillMonthLists();

@@ -21,9 +21,7 @@ int RunPaste(const std::vector<std::string>& args, std::ostream&, std::ostream& 
   StreamMessages messages(err, options.Flag("--single") ? MsgAnswer::No : MsgAnswer::Yes);
   CopyPaste copyPaste(cli.Store(), messages);
   if (!copyPaste.CopySchedule(false, ItemOfDay(doc.Tables, from, index))) return kExitRefused;
-  doc.CurYear = to.year;
-  doc.CurMonth = to.month;
-  doc.CurDay = to.day;
+  doc.SetShownDate(to);
   if (!copyPaste.PasteSchedule()) return kExitRefused;
   return cli.Save(options.file) ? kExitDone : kExitRefused;
 }

@@ -1,6 +1,8 @@
 #include "commands/document_commands.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <fstream>
 
 #include "core/app_texts.h"
@@ -43,9 +45,9 @@ std::string StemOf(const std::string& path) {
 
 bool CheckFileMagic(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  char magic[4] = {};
-  if (!in.read(magic, sizeof magic)) return false;
-  return std::equal(std::begin(magic), std::end(magic), kSclMagic.begin());
+  std::array<std::uint8_t, kSclMagic.size()> first{};
+  if (!in.read(reinterpret_cast<char*>(first.data()), first.size())) return false;
+  return HasSclMagic(first);
 }
 
 bool DocumentCommands::Ask(const std::string& text, MsgButtons buttons, MsgIcon icon,

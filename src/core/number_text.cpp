@@ -14,10 +14,4 @@ std::optional<int> ParseInt(std::string_view text, int base, int low, int high) 
   return value;
 }
 
-std::string_view TrimBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 }  // namespace sched

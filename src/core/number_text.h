@@ -11,7 +11,4 @@ namespace sched {
 std::optional<int> ParseInt(std::string_view text, int base = 10, int low = INT_MIN,
                             int high = INT_MAX);
 
-// `text` without the spaces and tabs at its ends.
-std::string_view TrimBlanks(std::string_view text);
-
 }  // namespace sched

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -17,6 +18,14 @@ namespace sched {
 // The bytes of a schedule file: little-endian, packed, offsets from the start of the file,
 // -1 for none, 8-bit text behind a 16-bit byte count.
 inline constexpr std::array<char, 4> kSclMagic = {'Q', '3', '9', 'E'};
+// Whether the bytes begin as a schedule file does.
+inline bool HasSclMagic(std::span<const std::uint8_t> bytes) {
+  return bytes.size() >= kSclMagic.size() &&
+         std::equal(kSclMagic.begin(), kSclMagic.end(), bytes.begin(),
+                    [](char magic, std::uint8_t byte) {
+                      return static_cast<std::uint8_t>(magic) == byte;
+                    });
+}
 inline constexpr std::int32_t kHeaderSize = 12;
 inline constexpr std::int32_t kYearSize = 106;
 inline constexpr std::int32_t kMonthSize = 134;

@@ -21,10 +21,10 @@
 #include "core/app_texts.h"
 #include "shell/clock_text.h"
 #include "shell/settings.h"
-#include "shell/window_fit.h"
 #include "ui/day_tab.h"
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
+#include "ui/screen_place.h"
 #include "ui/tab_corner.h"
 #include "ui/toolbar_icons.h"
 #include "views/calendar_views.h"
@@ -326,9 +326,7 @@ void SchMain::RestoreWindowPlacement() {
     return;
   }
   const QRect area = screen->availableGeometry();
-  const ScreenRect fitted = FitToArea({stored.x(), stored.y(), stored.width(), stored.height()},
-                                      {area.x(), area.y(), area.width(), area.height()});
-  setGeometry(fitted.left, fitted.top, fitted.width, fitted.height);
+  setGeometry(ToQRect(FitToArea(ToRectF(stored), ToRectF(area))));
   if (placement->showState == kShowMaximized) setWindowState(Qt::WindowMaximized);
 }
 

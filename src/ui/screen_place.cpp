@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QRectF>
 #include <QScreen>
 
 #include "views/layout.h"
@@ -25,11 +26,8 @@ class CentreOnShow : public QObject {
   void Centre() {
     const QRect area = AvailableArea(window_);
     const QSize frame = window_->frameGeometry().size();
-    const RectF place =
-        CentreOnArea(frame.width(), frame.height(),
-                     {static_cast<double>(area.x()), static_cast<double>(area.y()),
-                      static_cast<double>(area.width()), static_cast<double>(area.height())});
-    window_->move(static_cast<int>(place.left), static_cast<int>(place.top));
+    const RectF place = CentreOnArea(frame.width(), frame.height(), ToRectF(area));
+    window_->move(ToQRect(place).topLeft());
   }
 
   QWidget* window_;
@@ -39,6 +37,15 @@ class CentreOnShow : public QObject {
 
 void CentreOnScreen(QWidget* window) {
   new CentreOnShow(window);
+}
+
+RectF ToRectF(const QRect& rect) {
+  return {static_cast<double>(rect.x()), static_cast<double>(rect.y()),
+          static_cast<double>(rect.width()), static_cast<double>(rect.height())};
+}
+
+QRect ToQRect(const RectF& rect) {
+  return QRectF(rect.left, rect.top, rect.width, rect.height).toRect();
 }
 
 QRect AvailableArea(const QWidget* widget) {

@@ -166,6 +166,12 @@ RectF KeepOnArea(const RectF& window, const RectF& area) {
   return kept;
 }
 
+RectF FitToArea(const RectF& window, const RectF& area) {
+  return KeepOnArea({window.left, window.top, std::min(window.width, area.width),
+                     std::min(window.height, area.height)},
+                    area);
+}
+
 RectF CentreOnArea(double width, double height, const RectF& area) {
   return KeepOnArea(
       {area.left + (area.width - width) / 2, area.top + (area.height - height) / 2, width, height},

@@ -103,6 +103,9 @@ RectF PlaceComDt(const FormLayout& layout, int cell, double width, double height
 // A window moved just enough to lie wholly on `area`, the screen's part that windows may take;
 // one larger than the area keeps its top left corner on it, where its caption is.
 RectF KeepOnArea(const RectF& window, const RectF& area);
+// A window made no larger than `area` and kept on it, so that a place saved on a larger screen,
+// or at a smaller scale, comes back with every control in reach.
+RectF FitToArea(const RectF& window, const RectF& area);
 // A window of the size in the middle of `area`, and kept on it.
 RectF CentreOnArea(double width, double height, const RectF& area);
 

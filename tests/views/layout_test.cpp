@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "tests/support/case_file.h"
 
 namespace sched {
@@ -128,6 +130,20 @@ TEST(Layout, WindowsStayWhollyOnTheScreensArea) {
   }
   EXPECT_EQ(CentreOnArea(400, 300, area), (RectF{440, 320, 400, 300}));
   EXPECT_EQ(CentreOnArea(1400, 300, area), (RectF{0, 320, 1400, 300}));
+}
+
+RectF RectOf(const std::string& text) {
+  RectF rect;
+  std::istringstream(text) >> rect.left >> rect.top >> rect.width >> rect.height;
+  return rect;
+}
+
+TEST(Layout, RestoredPlacesFitTheScreensArea) {
+  for (const CaseRow& row : ReadCases("views/window-fits.txt", 3, 8)) {
+    const RectF fitted = FitToArea(RectOf(row[0]), RectOf(row[1]));
+    EXPECT_EQ(fitted, RectOf(row[2])) << row.where << ": " << fitted.left << " " << fitted.top
+                                      << " " << fitted.width << " " << fitted.height;
+  }
 }
 
 }  // namespace
