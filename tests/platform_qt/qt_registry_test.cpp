@@ -72,6 +72,7 @@ TEST(QtRegistry, NumbersAndStringsKeepTheirType) {
     registry.WriteNumber(kPimLinkKey, kPimLinkInstallValue, number);
     EXPECT_EQ(registry.ReadNumber(kPimLinkKey, kPimLinkInstallValue), number);
     EXPECT_FALSE(registry.ReadString(kPimLinkKey, kPimLinkInstallValue));
+    EXPECT_EQ(IsPimLinkInstalled(registry), number == 1u) << number;
   }
   registry.WriteString(kPimLinkKey, kPimLinkInstallValue, "1");
   EXPECT_FALSE(registry.ReadNumber(kPimLinkKey, kPimLinkInstallValue));
@@ -83,6 +84,7 @@ TEST(QtRegistry, KeysExistWhenMadeOrWhenTheyHoldValues) {
   QtRegistry registry(IniFileIn(dir, "registry.ini"));
   EXPECT_FALSE(registry.KeyExists(kSchedulerKey));
   EXPECT_FALSE(registry.ReadString(kSchedulerKey, kHolidayIniValue));
+  EXPECT_FALSE(IsPimLinkInstalled(registry));
   ASSERT_TRUE(registry.CreateKey(kSchedulerKey));
   EXPECT_TRUE(registry.KeyExists(kSchedulerKey));
   EXPECT_TRUE(registry.KeyExists(kInstallKey));  // its parent
@@ -95,7 +97,7 @@ TEST(QtRegistry, KeysExistWhenMadeOrWhenTheyHoldValues) {
 
 TEST(QtRegistry, AHandEditedListValueReadsAsItsText) {
   TempDir dir;
-  WriteText(dir.File("registry.ini"), "[Software]\nQTL\\Sorvane-e\\PC\\InstallDir=/a,b\n");
+  dir.Write("registry.ini", "[Software]\nQTL\\Sorvane-e\\PC\\InstallDir=/a,b\n");
   QtRegistry registry(IniFileIn(dir, "registry.ini"));
   EXPECT_EQ(ReadInstallDir(registry), "/a,b");
 }
