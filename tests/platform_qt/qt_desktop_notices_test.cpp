@@ -106,33 +106,24 @@ TEST_F(DesktopNoticesTest, ANoticeReachesTheService) {
   }
 }
 
-TEST_F(DesktopNoticesTest, WithoutTheServiceAPostIsLostQuietly) {
+// Without the service, or on a bus that is not there, a post is lost at once and quietly; later
+// posts still arrive once the service is there, and the lost ones do not come back.
+TEST_F(DesktopNoticesTest, WithoutTheServiceOrABusAPostIsLostQuietly) {
   QtDesktopNotices notices;
+  QtDesktopNotices offTheBus(QDBusConnection("none"));
   QElapsedTimer posting;
   posting.start();
   notices.Post("Lost", "no one listens");
+  offTheBus.Post("Nowhere", "no bus");
   EXPECT_LT(posting.elapsed(), 1000);
   QTest::qWait(300);
-  // Later posts still arrive once the service is there; the lost one does not come back.
   StartService();
+  offTheBus.Post("Nowhere", "no bus");
   notices.Post("Found", "someone listens");
   ASSERT_TRUE(WaitForNotices(1));
   QTest::qWait(300);
   ASSERT_EQ(service_.received.size(), 1u);
   EXPECT_EQ(service_.received[0].summary, "Found");
-}
-
-TEST_F(DesktopNoticesTest, WithoutABusAPostIsNothing) {
-  StartService();
-  QtDesktopNotices notices(QDBusConnection("none"));
-  notices.Post("Nowhere", "no bus");
-  QTest::qWait(500);
-  EXPECT_TRUE(service_.received.empty());
-  // The notices of the session bus are not disturbed by it.
-  QtDesktopNotices onTheBus;
-  onTheBus.Post("Here", "on the bus");
-  ASSERT_TRUE(WaitForNotices(1));
-  EXPECT_EQ(service_.received[0].summary, "Here");
 }
 
 }  // namespace

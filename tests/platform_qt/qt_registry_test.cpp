@@ -44,18 +44,11 @@ TEST(QtRegistry, KeyAndValueNamesIgnoreCaseAndATrailingBackslash) {
   TempDir dir;
   QtRegistry registry(IniFileIn(dir, "registry.ini"));
   registry.WriteString("Software\\QTL\\Sorvane-e\\PC", "InstallDir", "first");
-  struct Case {
-    const char* key;
-    const char* name;
-  };
-  const Case spellings[] = {
-      {"Software\\QTL\\Sorvane-e\\PC", "InstallDir"},
-      {"software\\qtl\\sorvane-e\\pc", "installdir"},
-      {"SOFTWARE\\QTL\\SORVANE-E\\PC\\", "INSTALLDIR"},
-      {"\\Software\\\\QTL\\Sorvane-e\\PC", "InstallDir"},
-  };
-  for (const Case& c : spellings) {
-    EXPECT_EQ(registry.ReadString(c.key, c.name), "first") << c.key << " " << c.name;
+  for (const auto& [key, name] : {std::pair{"Software\\QTL\\Sorvane-e\\PC", "InstallDir"},
+                                  {"software\\qtl\\sorvane-e\\pc", "installdir"},
+                                  {"SOFTWARE\\QTL\\SORVANE-E\\PC\\", "INSTALLDIR"},
+                                  {"\\Software\\\\QTL\\Sorvane-e\\PC", "InstallDir"}}) {
+    EXPECT_EQ(registry.ReadString(key, name), "first") << key << " " << name;
   }
   // A write in another spelling replaces the value and keeps the stored spelling.
   registry.WriteString("software\\qtl\\sorvane-e\\pc\\", "INSTALLDIR", "second");
