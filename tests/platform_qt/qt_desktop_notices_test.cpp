@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QVariantMap>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sched {
@@ -72,32 +73,28 @@ class DesktopNoticesTest : public ::testing::Test {
 };
 
 TEST_F(DesktopNoticesTest, ANoticeReachesTheService) {
-  struct Case {
-    std::string summary;
-    std::string body;
-  };
-  const Case cases[] = {
+  const std::pair<std::string, std::string> cases[] = {
       {"Dentist", "10:30 Dr. Brown"},
       {"Zahnarzt – Müller", "Termin um 10:30\nPraxis am Markt"},
       {"Meeting", ""},
   };
   StartService();
   QtDesktopNotices notices;
-  for (const Case& c : cases) {
+  for (const auto& [summary, body] : cases) {
     // The service answers on this very thread, so a post that waited for the answer would hang
     // here until the call timed out.
     QElapsedTimer posting;
     posting.start();
-    notices.Post(c.summary, c.body);
-    EXPECT_LT(posting.elapsed(), 1000) << c.summary;
+    notices.Post(summary, body);
+    EXPECT_LT(posting.elapsed(), 1000) << summary;
   }
   ASSERT_TRUE(WaitForNotices(std::size(cases)));
   ASSERT_EQ(service_.received.size(), std::size(cases));
   for (std::size_t i = 0; i < std::size(cases); ++i) {
     const ReceivedNotice& notice = service_.received[i];
     EXPECT_EQ(notice.appName, "Scheduler");
-    EXPECT_EQ(notice.summary.toStdString(), cases[i].summary);
-    EXPECT_EQ(notice.body.toStdString(), cases[i].body);
+    EXPECT_EQ(notice.summary.toStdString(), cases[i].first);
+    EXPECT_EQ(notice.body.toStdString(), cases[i].second);
     // A new notification each time, never one replacing another, for as long as the service
     // keeps its notices.
     EXPECT_EQ(notice.replacesId, 0u);

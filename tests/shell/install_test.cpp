@@ -10,7 +10,6 @@
 #include "shell/paths.h"
 #include "shell/startup.h"
 #include "tests/shell/shell_test_support.h"
-#include "tests/support/test_store.h"
 
 namespace sched {
 namespace {
@@ -76,17 +75,6 @@ TEST_F(InstallFixture, AFreshMachineGetsTheWholeLayout) {
   const std::vector<std::uint8_t> systemIni = ReadBytes(paths.SystemIniPath);
   ASSERT_GE(systemIni.size(), 8u);
   EXPECT_EQ(systemIni[6] | systemIni[7] << 8, 1);  // private level 1
-}
-
-TEST_F(InstallFixture, TheSampleScheduleLoadsOnThePcAndOnTheDevice) {
-  Install();
-  const InstallPaths paths = MakeInstallPaths(defaultDir);
-  const std::string pcSample = paths.PimDataDir + "/Sample.scl";
-  const std::string deviceSample = paths.CacheDir + "/Sample.scl";
-  EXPECT_EQ(ReadBytes(pcSample), ReadBytes(deviceSample));
-  TestStore s;
-  EXPECT_TRUE(s.LoadFrom(pcSample));
-  EXPECT_GT(s.doc.LoadedRecords, 10);
 }
 
 TEST_F(InstallFixture, ASecondRunChangesNothing) {
