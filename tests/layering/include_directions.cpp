@@ -1,79 +1,39 @@
 #include "include_directions.h"
 
 #include <algorithm>
-#include <optional>
-
-#include "core/text_case.h"
+#include <regex>
 
 namespace sched::layering {
 namespace {
 
-constexpr std::string_view kHeader = "| folder | may include | Qt |";
+constexpr const char* kHeader = "| folder | may include | Qt |";
+const std::regex kHeaderLine(R"(\s*\| folder \| may include \| Qt \|\s*)");
+// A row: | `folder` | `other`, `another` (or nothing) | yes or no |
+const std::regex kRow(
+    R"(\s*\|\s*`([^`]+)`\s*\|\s*(nothing|`[^`]+`(\s*,\s*`[^`]+`)*)\s*\|\s*(yes|no)\s*\|\s*)");
+const std::regex kQuoted("`([^`]+)`");
+// An include line and what it names, written <path> or "path".
+const std::regex kInclude(R"re(\s*#\s*include\s*(<([^>]+)>|"([^"]+)"))re");
 
-// A cell or line without its blanks, a CR of a line ending included.
-std::string_view Trim(std::string_view text) {
-  return sched::Trim(text, " \t\r");
-}
-
-// A name written as `name`, or nothing when the cell is not that.
-std::optional<std::string> Quoted(std::string_view cell) {
-  cell = Trim(cell);
-  if (cell.size() < 3 || cell.front() != '`' || cell.back() != '`') return std::nullopt;
-  return std::string(cell.substr(1, cell.size() - 2));
-}
-
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-  std::vector<std::string_view> parts;
-  for (std::size_t start = 0;;) {
-    const auto end = text.find(separator, start);
-    parts.push_back(text.substr(start, end - start));
-    if (end == std::string_view::npos) return parts;
+std::vector<std::string> Lines(std::string_view text) {
+  std::vector<std::string> lines;
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find('\n', start), text.size());
+    lines.emplace_back(text.substr(start, end - start));
     start = end + 1;
   }
+  return lines;
 }
 
-// Reads one row "| `folder` | `a`, `b` | yes |" into `directions`, or says what is wrong.
-std::optional<std::string> ReadRow(std::string_view row, Directions& directions) {
-  std::vector<std::string_view> cells = Split(Trim(row), '|');
-  if (cells.size() != 5 || !Trim(cells.front()).empty() || !Trim(cells.back()).empty()) {
-    return "a row needs three cells";
-  }
-  const std::optional<std::string> folder = Quoted(cells[1]);
-  if (!folder) return "the folder is not written as `name`";
-  FolderRule rule;
-  if (Trim(cells[2]) != "nothing") {
-    for (std::string_view item : Split(cells[2], ',')) {
-      const std::optional<std::string> other = Quoted(item);
-      if (!other) return "\"" + std::string(Trim(item)) + "\" is not written as `name`";
-      rule.mayInclude.insert(*other);
-    }
-  }
-  const std::string_view qt = Trim(cells[3]);
-  if (qt != "yes" && qt != "no") return "the Qt cell is neither yes nor no";
-  rule.qt = qt == "yes";
-  if (!directions.emplace(*folder, rule).second) return "`" + *folder + "` has two rows";
-  return std::nullopt;
+bool IsTableLine(const std::string& line) {
+  const std::size_t first = line.find_first_not_of(" \t");
+  return first != std::string::npos && line[first] == '|';
 }
 
-struct Include {
-  std::string path;
-  bool angled = false;
-};
-
-// The header a line includes, when it is an #include line.
-std::optional<Include> IncludeOn(std::string_view line) {
-  line = Trim(line);
-  if (line.empty() || line.front() != '#') return std::nullopt;
-  line = Trim(line.substr(1));
-  constexpr std::string_view kInclude = "include";
-  if (!line.starts_with(kInclude)) return std::nullopt;
-  line = Trim(line.substr(kInclude.size()));
-  if (line.empty()) return std::nullopt;
-  const char close = line.front() == '<' ? '>' : '"';
-  if (line.front() != '<' && line.front() != '"') return std::nullopt;
-  const auto end = line.find(close, 1);
-  if (end == std::string_view::npos) return std::nullopt;
-  return Include{std::string(line.substr(1, end - 1)), close == '>'};
+// The folder of a path under src/: "platform/std/console.h" -> "platform/std".
+std::string FolderOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  return slash == std::string::npos ? "" : path.substr(0, slash);
 }
 
 // A depth-first walk that reports each way back to a folder still on the path.
@@ -114,16 +74,28 @@ class CycleFinder {
 
 Directions ParseDirections(std::string_view markdown, std::vector<std::string>& errors) {
   Directions directions;
-  const std::vector<std::string_view> lines = Split(markdown, '\n');
-  const auto header = std::find_if(lines.begin(), lines.end(),
-                                   [](std::string_view line) { return Trim(line) == kHeader; });
+  const std::vector<std::string> lines = Lines(markdown);
+  const auto header = std::find_if(lines.begin(), lines.end(), [](const std::string& line) {
+    return std::regex_match(line, kHeaderLine);
+  });
   if (header == lines.end() || header + 1 == lines.end()) {
     errors.push_back("no table headed \"" + std::string(kHeader) + "\"");
     return directions;
   }
-  for (auto line = header + 2; line != lines.end() && Trim(*line).starts_with('|'); ++line) {
-    if (const std::optional<std::string> error = ReadRow(*line, directions)) {
-      errors.push_back("line " + std::to_string(line - lines.begin() + 1) + ": " + *error);
+  for (auto line = header + 2; line != lines.end() && IsTableLine(*line); ++line) {
+    const std::string at = "line " + std::to_string(line - lines.begin() + 1) + ": ";
+    std::smatch row;
+    if (!std::regex_match(*line, row, kRow)) {
+      errors.push_back(at + "not a row | `folder` | `folder`, ... or nothing | yes or no |");
+      continue;
+    }
+    FolderRule rule{{}, row[4] == "yes"};
+    const std::string others = row[2];
+    for (std::sregex_iterator it(others.begin(), others.end(), kQuoted), end; it != end; ++it) {
+      rule.mayInclude.insert((*it)[1]);
+    }
+    if (!directions.emplace(row[1], rule).second) {
+      errors.push_back(at + "`" + row[1].str() + "` has two rows");
     }
   }
   if (directions.empty()) errors.push_back("the table has no rows");
@@ -135,11 +107,6 @@ Directions ParseDirections(std::string_view markdown, std::vector<std::string>& 
   return directions;
 }
 
-std::string FolderOf(std::string_view path) {
-  const auto slash = path.rfind('/');
-  return std::string(slash == std::string_view::npos ? std::string_view{} : path.substr(0, slash));
-}
-
 std::vector<std::string> CheckFile(const Directions& directions, const std::string& file,
                                    std::string_view text) {
   const std::string folder = FolderOf(file);
@@ -148,23 +115,23 @@ std::vector<std::string> CheckFile(const Directions& directions, const std::stri
     return {"src/" + file + ": the folder \"" + folder + "\" has no row in the table"};
   }
   std::vector<std::string> breaches;
-  const std::vector<std::string_view> lines = Split(text, '\n');
+  const std::vector<std::string> lines = Lines(text);
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const std::optional<Include> include = IncludeOn(lines[i]);
-    if (!include) continue;
-    const std::string where = "src/" + file + ":" + std::to_string(i + 1) + ": ";
-    const std::string quoted =
-        include->angled ? "<" + include->path + ">" : "\"" + include->path + "\"";
-    if (include->angled) {
-      if (include->path.starts_with('Q') && !rule->second.qt) {
-        breaches.push_back(where + folder + " may not include Qt (#include " + quoted + ")");
+    std::smatch include;
+    if (!std::regex_search(lines[i], include, kInclude, std::regex_constants::match_continuous)) {
+      continue;
+    }
+    const std::string where = "src/" + file + ":" + std::to_string(i + 1) + ": " + folder;
+    const std::string what = " (#include " + include[1].str() + ")";
+    if (include[2].matched) {
+      if (include[2].str().starts_with('Q') && !rule->second.qt) {
+        breaches.push_back(where + " may not include Qt" + what);
       }
       continue;
     }
-    const std::string target = FolderOf(include->path);
+    const std::string target = FolderOf(include[3]);
     if (target.empty() || target == folder || rule->second.mayInclude.contains(target)) continue;
-    breaches.push_back(where + folder + " may not include " + target + " (#include " + quoted +
-                       ")");
+    breaches.push_back(where + " may not include " + target + what);
   }
   return breaches;
 }

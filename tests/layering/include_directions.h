@@ -22,9 +22,6 @@ using Directions = std::map<std::string, FolderRule>;
 // one when there is no table.
 Directions ParseDirections(std::string_view markdown, std::vector<std::string>& errors);
 
-// The folder of a path under src/: "platform/std/console.h" -> "platform/std".
-std::string FolderOf(std::string_view path);
-
 // The includes of one file that go against the directions, one line each as
 // "src/<file>:<line>: ...". `file` is the path under src/.
 std::vector<std::string> CheckFile(const Directions& directions, const std::string& file,

@@ -44,18 +44,11 @@ TEST(QtRegistry, KeyAndValueNamesIgnoreCaseAndATrailingBackslash) {
   TempDir dir;
   QtRegistry registry(IniFileIn(dir, "registry.ini"));
   registry.WriteString("Software\\QTL\\Sorvane-e\\PC", "InstallDir", "first");
-  struct Case {
-    const char* key;
-    const char* name;
-  };
-  const Case spellings[] = {
-      {"Software\\QTL\\Sorvane-e\\PC", "InstallDir"},
-      {"software\\qtl\\sorvane-e\\pc", "installdir"},
-      {"SOFTWARE\\QTL\\SORVANE-E\\PC\\", "INSTALLDIR"},
-      {"\\Software\\\\QTL\\Sorvane-e\\PC", "InstallDir"},
-  };
-  for (const Case& c : spellings) {
-    EXPECT_EQ(registry.ReadString(c.key, c.name), "first") << c.key << " " << c.name;
+  for (const auto& [key, name] : {std::pair{"Software\\QTL\\Sorvane-e\\PC", "InstallDir"},
+                                  {"software\\qtl\\sorvane-e\\pc", "installdir"},
+                                  {"SOFTWARE\\QTL\\SORVANE-E\\PC\\", "INSTALLDIR"},
+                                  {"\\Software\\\\QTL\\Sorvane-e\\PC", "InstallDir"}}) {
+    EXPECT_EQ(registry.ReadString(key, name), "first") << key << " " << name;
   }
   // A write in another spelling replaces the value and keeps the stored spelling.
   registry.WriteString("software\\qtl\\sorvane-e\\pc\\", "INSTALLDIR", "second");
@@ -72,6 +65,7 @@ TEST(QtRegistry, NumbersAndStringsKeepTheirType) {
     registry.WriteNumber(kPimLinkKey, kPimLinkInstallValue, number);
     EXPECT_EQ(registry.ReadNumber(kPimLinkKey, kPimLinkInstallValue), number);
     EXPECT_FALSE(registry.ReadString(kPimLinkKey, kPimLinkInstallValue));
+    EXPECT_EQ(IsPimLinkInstalled(registry), number == 1u) << number;
   }
   registry.WriteString(kPimLinkKey, kPimLinkInstallValue, "1");
   EXPECT_FALSE(registry.ReadNumber(kPimLinkKey, kPimLinkInstallValue));
@@ -83,6 +77,7 @@ TEST(QtRegistry, KeysExistWhenMadeOrWhenTheyHoldValues) {
   QtRegistry registry(IniFileIn(dir, "registry.ini"));
   EXPECT_FALSE(registry.KeyExists(kSchedulerKey));
   EXPECT_FALSE(registry.ReadString(kSchedulerKey, kHolidayIniValue));
+  EXPECT_FALSE(IsPimLinkInstalled(registry));
   ASSERT_TRUE(registry.CreateKey(kSchedulerKey));
   EXPECT_TRUE(registry.KeyExists(kSchedulerKey));
   EXPECT_TRUE(registry.KeyExists(kInstallKey));  // its parent
@@ -95,7 +90,7 @@ TEST(QtRegistry, KeysExistWhenMadeOrWhenTheyHoldValues) {
 
 TEST(QtRegistry, AHandEditedListValueReadsAsItsText) {
   TempDir dir;
-  WriteText(dir.File("registry.ini"), "[Software]\nQTL\\Sorvane-e\\PC\\InstallDir=/a,b\n");
+  dir.Write("registry.ini", "[Software]\nQTL\\Sorvane-e\\PC\\InstallDir=/a,b\n");
   QtRegistry registry(IniFileIn(dir, "registry.ini"));
   EXPECT_EQ(ReadInstallDir(registry), "/a,b");
 }

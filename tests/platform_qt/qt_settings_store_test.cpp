@@ -4,10 +4,8 @@
 
 #include <filesystem>
 
-#include "shell/cache_device_files.h"
 #include "shell/settings.h"
 #include "tests/platform_qt/qt_test_environment.h"
-#include "tests/shell/shell_test_support.h"
 
 namespace sched {
 namespace {
@@ -50,23 +48,6 @@ TEST(QtSettingsStore, AbsentKeysGiveTheFallbackAndNamesIgnoreCase) {
   EXPECT_EQ(settings.GetSetting(kSettingsApp, "Global", "CSV1line", "0"), "0");
   settings.SaveSetting("SORVANE", "dayview", "CSV1LINE", "2");
   EXPECT_EQ(settings.GetSetting(kSettingsApp, kDayviewSection, "CSV1line", "0"), "2");
-}
-
-TEST(QtSettingsStore, TheLastFileComesBackThroughTheFile) {
-  TempDir dir;
-  const std::filesystem::path cache = dir.Path() / "xferbay" / "cache";
-  WriteText(cache / "PIM" / "Sample, copy.scl", "x");
-  CacheDeviceFiles device(cache.string());
-  const std::string file = (cache / "PIM" / "Sample, copy.scl").string();
-  {
-    QtSettingsStore settings(IniFileIn(dir, "settings.ini"));
-    StoreLastFile(settings, kDayviewSection, file, 0);
-  }
-  QtSettingsStore settings(IniFileIn(dir, "settings.ini"));
-  const LastFile last = RestoreLastFile(settings, device, kDayviewSection);
-  EXPECT_TRUE(last.ok);
-  EXPECT_EQ(last.path, file);
-  EXPECT_EQ(last.ScheduleOnPc, 0);
 }
 
 }  // namespace

@@ -2,15 +2,13 @@
 
 #include <gtest/gtest.h>
 #include <spawn.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QLocalServer>
 #include <QTest>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -29,23 +27,13 @@ namespace fs = std::filesystem;
 
 constexpr uid_t kOtherUser = 65534;
 
-// A socket that listens at a path as a running program would; connections wait unanswered.
-class PlantedSocket {
+// A socket that listens at a path as a running program would, open to all.
+class PlantedSocket : public QLocalServer {
  public:
-  explicit PlantedSocket(const fs::path& path) : fd_(::socket(AF_UNIX, SOCK_STREAM, 0)) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
-    EXPECT_EQ(::bind(fd_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0) << path;
-    EXPECT_EQ(::listen(fd_, 4), 0);
-    ::chmod(path.c_str(), 0777);
+  explicit PlantedSocket(const fs::path& path) {
+    setSocketOptions(QLocalServer::WorldAccessOption);
+    EXPECT_TRUE(listen(QString::fromStdString(path.string()))) << path;
   }
-  ~PlantedSocket() { ::close(fd_); }
-  PlantedSocket(const PlantedSocket&) = delete;
-  PlantedSocket& operator=(const PlantedSocket&) = delete;
-
- private:
-  int fd_;
 };
 
 // A test's own runtime, temporary and settings folders, as the environment names them.

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <filesystem>
 
 #include "platform/fake/fake_messages.h"
@@ -32,6 +31,10 @@ struct CacheFixture : ::testing::Test {
     fs::create_directories(cache / "System" / "sound");
   }
   std::string At(const std::string& relative) const { return (cache / relative).string(); }
+  // Writes a file of the cache, in a folder that is there.
+  void Put(const std::string& relative, const std::string& text = "x") const {
+    dir.Write("xferbay/cache/" + relative, text);
+  }
   // A path of a case file with $cache and $dir in place.
   std::string Expand(const std::string& text) const {
     return sched::Expand(text, {{"$cache", cache.string()}, {"$dir", dir.Path().string()}});
@@ -42,12 +45,17 @@ TEST_F(CacheFixture, PathsMapBetweenTheDeviceTheCacheAndThePc) {
   const auto optional = [&](const std::string& text) {
     return text.empty() ? std::nullopt : std::optional<std::string>(Expand(text));
   };
-  for (const CaseRow& row : ReadCases("shell/device-paths.txt", 3, 28)) {
+  Put("PIM/a.scl");
+  for (const CaseRow& row : ReadCases("shell/device-paths.txt", 3, 34)) {
     const std::string path = Expand(row[1]);
     if (row[0] == "to-cache") {
       EXPECT_EQ(device.Sor_ConvPathSorvaneToCache(path), optional(row[2])) << row.where;
     } else if (row[0] == "to-device") {
       EXPECT_EQ(device.Sor_ConvPathCacheToSorvane(path), optional(row[2])) << row.where;
+    } else if (row[0] == "get") {
+      EXPECT_EQ(device.Sor_GetFile(path), optional(row[2])) << row.where;
+    } else if (row[0] == "exists") {
+      EXPECT_EQ(device.Sor_IsExist(path), row.YesNo(2)) << row.where;
     } else {
       ASSERT_EQ(row[0], "on-pc") << row.where;
       EXPECT_EQ(device.Sor_IsOnPcFile(path), row.YesNo(2)) << row.where;
@@ -56,23 +64,19 @@ TEST_F(CacheFixture, PathsMapBetweenTheDeviceTheCacheAndThePc) {
 }
 
 TEST_F(CacheFixture, PutFileCopiesOntoTheDeviceMakingFolders) {
-  const std::string local = dir.File("upload.tmp");
-  WriteText(local, "first");
+  const std::string local = dir.Write("upload.tmp", "first");
   EXPECT_EQ(device.Sor_PutFile("\\PIM\\New\\Deeper\\x.scl", local), 0);
-  EXPECT_EQ(ReadText(cache / "PIM/New/Deeper/x.scl"), "first");
-
-  WriteText(local, "second");
+  dir.Write("upload.tmp", "second");
   EXPECT_EQ(device.Sor_PutFile("\\pim\\new\\deeper\\X.SCL", local), 0);
-  EXPECT_EQ(ReadText(cache / "PIM/New/Deeper/x.scl"), "second");  // the same file, replaced
+  EXPECT_EQ(ReadText(At("PIM/New/Deeper/x.scl")), "second");  // the same file, replaced
+  // The cached copy itself is put back as it is.
+  EXPECT_EQ(device.Sor_PutFile("\\PIM\\New\\Deeper\\x.scl", At("PIM/New/Deeper/x.scl")), 0);
+  EXPECT_EQ(ReadText(At("PIM/New/Deeper/x.scl")), "second");
 
   EXPECT_EQ(device.Sor_PutFile("\\system\\ini\\holiday.ini", local), 0);
   EXPECT_TRUE(fs::exists(cache / "System/ini/holiday.ini"));
   EXPECT_FALSE(fs::exists(cache / "system"));
-}
 
-TEST_F(CacheFixture, PutFileFailures) {
-  const std::string local = dir.File("upload.tmp");
-  WriteText(local, "data");
   EXPECT_NE(device.Sor_PutFile("\\PIM\\a.scl", dir.File("missing.tmp")), 0);
   EXPECT_NE(device.Sor_PutFile("\\", local), 0);
   EXPECT_NE(device.Sor_PutFile("\\PIM\\..\\..\\escape.scl", local), 0);
@@ -81,16 +85,15 @@ TEST_F(CacheFixture, PutFileFailures) {
 }
 
 TEST_F(CacheFixture, PutFileReplacesTheDevicesCopySafely) {
-  const std::string local = dir.File("upload.tmp");
-  WriteText(local, "new");
-  WriteText(cache / "PIM/private.scl", "old");
+  const std::string local = dir.Write("upload.tmp", "new");
+  Put("PIM/private.scl", "old");
   fs::permissions(cache / "PIM/private.scl", fs::perms::owner_read | fs::perms::owner_write);
   EXPECT_EQ(device.Sor_PutFile("\\PIM\\private.scl", local), 0);
   EXPECT_EQ(ReadText(cache / "PIM/private.scl"), "new");
   EXPECT_EQ(fs::status(cache / "PIM/private.scl").permissions(),
             fs::perms::owner_read | fs::perms::owner_write);
 
-  WriteText(cache / "PIM/locked.scl", "old");
+  Put("PIM/locked.scl", "old");
   fs::permissions(cache / "PIM/locked.scl", fs::perms::owner_read);
   EXPECT_NE(device.Sor_PutFile("\\PIM\\locked.scl", local), 0);
   EXPECT_EQ(ReadText(cache / "PIM/locked.scl"), "old");
@@ -101,105 +104,65 @@ TEST_F(CacheFixture, PutFileReplacesTheDevicesCopySafely) {
   EXPECT_EQ(ReadText(cache / "PIM/Work/real.scl"), "new");
 }
 
-TEST_F(CacheFixture, PutFileOfTheCachedCopyItselfKeepsIt) {
-  WriteText(cache / "PIM/a.scl", "content");
-  EXPECT_EQ(device.Sor_PutFile("\\PIM\\a.scl", At("PIM/a.scl")), 0);
-  EXPECT_EQ(ReadText(cache / "PIM/a.scl"), "content");
-}
-
-TEST_F(CacheFixture, GetFileGivesTheCachedFile) {
-  WriteText(cache / "PIM/a.scl", "x");
-  EXPECT_EQ(device.Sor_GetFile("\\pim\\A.scl").value_or(""), At("PIM/a.scl"));
-  EXPECT_FALSE(device.Sor_GetFile("\\PIM\\missing.scl"));
-  EXPECT_FALSE(device.Sor_GetFile("\\PIM"));
-  EXPECT_TRUE(device.Sor_IsExist("\\PIM\\a.scl"));
-  EXPECT_TRUE(device.Sor_IsExist("\\system\\sound"));
-  EXPECT_FALSE(device.Sor_IsExist("\\PIM\\missing.scl"));
-}
-
 TEST_F(CacheFixture, DirByExtListsOneExtensionSorted) {
-  for (const char* name : {"b.SCL", "A.scl", "c.txt", "a.scl.bak", "scl"}) {
-    WriteText(cache / "PIM" / name, "x");
-  }
+  for (const char* name : {"b.SCL", "A.scl", "c.txt", "a.scl.bak", "scl"})
+    Put(std::string("PIM/") + name);
   fs::create_directories(cache / "PIM" / "folder.scl");
   EXPECT_EQ(device.Sor_DirByExt("\\PIM", "scl"), (std::vector<std::string>{"A.scl", "b.SCL"}));
   EXPECT_EQ(device.Sor_DirByExt("\\pim\\", "TXT"), (std::vector<std::string>{"c.txt"}));
   EXPECT_TRUE(device.Sor_DirByExt("\\Nowhere", "scl").empty());
 }
 
-TEST_F(CacheFixture, FileDialogsGiveDevicePaths) {
-  WriteText(cache / "PIM/Sample.scl", "x");
-  WriteText(cache / "PIM/notes.txt", "x");
-  WriteText(cache / "PIM/Work/Sample.scl", "x");
-  for (const CaseRow& row : ReadCases("shell/device-file-dialogs.txt", 6, 10)) {
+// The parts of a case file's field, separated by '|'.
+std::vector<std::string> Parts(const std::string& field) {
+  std::vector<std::string> parts;
+  for (std::size_t start = 0;;) {
+    const std::size_t bar = field.find('|', start);
+    parts.push_back(field.substr(start, bar - start));
+    if (bar == std::string::npos) return parts;
+    start = bar + 1;
+  }
+}
+
+TEST_F(CacheFixture, FileDialogsGiveDevicePathsAndAskBeforeReplacing) {
+  Put("PIM/Sample.scl");
+  Put("PIM/notes.txt");
+  Put("PIM/Work/Sample.scl");
+  for (const CaseRow& row : ReadCases("shell/device-file-dialogs.txt", 8, 14)) {
     ASSERT_TRUE(row[0] == "open" || row[0] == "save") << row.where;
     const DeviceDialogMode mode =
         row[0] == "open" ? DeviceDialogMode::Open : DeviceDialogMode::Save;
     FakeDeviceChooser chooser;
-    chooser.answers = {row[2] == "(cancel)" ? std::nullopt : std::optional<std::string>(row[2])};
-    FakeMessages messages;  // says Yes to replacing
+    for (const std::string& name : Parts(row[2])) {
+      chooser.answers.push_back(name == "(cancel)" ? std::nullopt
+                                                   : std::optional<std::string>(name));
+    }
+    FakeMessages messages;
+    std::vector<std::string> questions;
+    for (const std::string& answer : Parts(row[3])) {
+      if (!answer.empty()) messages.QueueAnswer(answer == "yes" ? MsgAnswer::Yes : MsgAnswer::No);
+    }
+    for (const std::string& name : Parts(row[7])) {
+      if (name.empty()) continue;
+      questions.push_back("[Save file on Tarvex, Exclamation, YesNo] " + name +
+                          " already exists.\nDo you want to replace it?");
+    }
     device.SetWindows({&chooser, &messages});
     const std::optional<std::string> result = mode == DeviceDialogMode::Open
                                                   ? device.Sor_PIMOpenFileDialog("scl", row[1])
                                                   : device.Sor_PIMSaveFileDialog("scl", row[1]);
-    EXPECT_EQ(result, row[5].empty() ? std::nullopt : std::optional<std::string>(row[5]))
-        << row.where;
-    ASSERT_EQ(chooser.asked.size(), 1u) << row.where;
-    EXPECT_EQ(chooser.asked[0].mode, mode) << row.where;
-    EXPECT_EQ(chooser.asked[0].folder, row[3]) << row.where;
-    EXPECT_EQ(chooser.asked[0].proposal, row[4]) << row.where;
-    EXPECT_EQ(chooser.asked[0].files, std::vector<std::string>{"Sample.scl"}) << row.where;
-  }
-}
-
-TEST_F(CacheFixture, ASaveOverAFileAsksBeforeReplacingIt) {
-  WriteText(cache / "PIM/Sample.scl", "x");
-  struct Case {
-    std::vector<std::optional<std::string>> names;  // what the user gives the dialog, in turn
-    std::vector<MsgAnswer> answers;                 // to the question to replace
-    std::optional<std::string> expected;
-    std::vector<std::string> asked;  // the names the question names
-  };
-  const std::string replace = " already exists.\nDo you want to replace it?";
-  const Case cases[] = {
-      // The name is matched whatever its case and extension.
-      {{"SAMPLE"}, {MsgAnswer::Yes}, "\\PIM\\SAMPLE.scl", {"SAMPLE.scl"}},
-      // No goes back to the dialog, until the user names another file or cancels.
-      {{"Sample.scl", "Other"}, {MsgAnswer::No}, "\\PIM\\Other.scl", {"Sample.scl"}},
-      {{"Sample.scl", std::nullopt}, {MsgAnswer::No}, std::nullopt, {"Sample.scl"}},
-      {{"Sample.scl", "sample"},
-       {MsgAnswer::No, MsgAnswer::Yes},
-       "\\PIM\\sample.scl",
-       {"Sample.scl", "sample.scl"}},
-      {{"New"}, {}, "\\PIM\\New.scl", {}},
-  };
-  for (const Case& c : cases) {
-    FakeDeviceChooser chooser;
-    chooser.answers.assign(c.names.begin(), c.names.end());
-    FakeMessages messages;
-    for (MsgAnswer answer : c.answers) messages.QueueAnswer(answer);
-    device.SetWindows({&chooser, &messages});
-    EXPECT_EQ(device.Sor_PIMSaveFileDialog("scl", "\\PIM\\Week.scl"), c.expected);
-    std::vector<std::string> questions;
-    for (const std::string& name : c.asked) {
-      questions.push_back("[Save file on Tarvex, Exclamation, YesNo] " + name + replace);
+    EXPECT_EQ(result.value_or(""), row[6]) << row.where;
+    EXPECT_EQ(testing::MessageLines(messages), questions) << row.where;
+    EXPECT_EQ(chooser.asked.size(), Parts(row[2]).size()) << row.where;
+    std::string proposals;
+    for (const DeviceFileRequest& asked : chooser.asked) {
+      EXPECT_EQ(asked.mode, mode) << row.where;
+      EXPECT_EQ(asked.folder, row[4]) << row.where;
+      EXPECT_EQ(asked.files, std::vector<std::string>{"Sample.scl"}) << row.where;
+      proposals += (proposals.empty() ? "" : "|") + asked.proposal;
     }
-    EXPECT_EQ(testing::MessageLines(messages), questions);
-    // The dialog comes back with the name the user would not replace.
-    ASSERT_EQ(chooser.asked.size(), c.names.size());
-    EXPECT_EQ(chooser.asked[0].proposal, "Week.scl");
-    for (std::size_t k = 1; k < chooser.asked.size(); ++k) {
-      EXPECT_EQ(chooser.asked[k].proposal, c.asked[k - 1]);
-    }
+    EXPECT_EQ(proposals, row[5]) << row.where;
   }
-
-  // Opening a file asks nothing.
-  FakeDeviceChooser chooser;
-  chooser.answers = {"Sample.scl"};
-  FakeMessages quiet;
-  device.SetWindows({&chooser, &quiet});
-  EXPECT_EQ(device.Sor_PIMOpenFileDialog("scl", "\\PIM"), "\\PIM\\Sample.scl");
-  EXPECT_TRUE(quiet.Shown().empty());
 }
 
 TEST_F(CacheFixture, WithoutAChooserTheDialogsCancel) {
@@ -207,21 +170,10 @@ TEST_F(CacheFixture, WithoutAChooserTheDialogsCancel) {
   EXPECT_FALSE(device.Sor_PIMSaveFileDialog("scl", "\\PIM\\a.scl"));
 }
 
-TEST_F(CacheFixture, TheDisconnectionSetupShowsTheFolderThatStandsForTheDevice) {
-  struct RecordingSetup : DisconnectionSetupWindow {
-    std::vector<std::string> shown;
-    void ShowDisconnectionSetup(const std::string& folder) override { shown.push_back(folder); }
-  } setup;
-  device.SetWindows({nullptr, nullptr, &setup});
-  device.Sor_SetupDisconnection();
-  EXPECT_EQ(setup.shown, std::vector<std::string>{cache.string()});
-}
-
 TEST_F(CacheFixture, DeviceSoundsAreListedWithTheirDevicePath) {
   EXPECT_TRUE(ReadDeviceSounds(device).empty());
-  WriteText(cache / "System/sound/SCHALARM.snd", "x");
-  WriteText(cache / "System/sound/chime.SND", "x");
-  WriteText(cache / "System/sound/readme.txt", "x");
+  for (const char* name : {"SCHALARM.snd", "chime.SND", "readme.txt"})
+    Put(std::string("System/sound/") + name);
   EXPECT_EQ(ReadDeviceSounds(device), (std::vector<std::string>{"\\system\\sound\\chime.SND",
                                                                 "\\system\\sound\\SCHALARM.snd"}));
   fs::remove_all(cache / "System" / "sound");
@@ -229,7 +181,7 @@ TEST_F(CacheFixture, DeviceSoundsAreListedWithTheirDevicePath) {
 }
 
 TEST_F(CacheFixture, ResolveFileNameCutsQuotesAndFindsTheLocation) {
-  WriteText(cache / "PIM/Work/a.scl", "x");
+  Put("PIM/Work/a.scl");
   for (const CaseRow& row : ReadCases("shell/resolved-files.txt", 4, 8)) {
     const ResolvedFile file = ResolveFileName(device, Expand(row[0]));
     EXPECT_EQ(file.path, Expand(row[1])) << row.where;

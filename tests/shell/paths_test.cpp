@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
+#include <sstream>
 
 #include "core/registry_keys.h"
 #include "platform/fake/fake_registry.h"
@@ -17,41 +19,24 @@ using testing::CaseRow;
 using testing::ReadCases;
 using testing::Unescaped;
 
-TEST(InstallPaths, AreTheLayoutBelowTheInstallFolder) {
-  TempDir dir;
-  const std::string root = dir.Path().string();
-  const InstallPaths paths = MakeInstallPaths(root);
-  EXPECT_EQ(paths.InstallDir, root);
-  EXPECT_EQ(paths.PimDataDir, root + "/userdata/PIMdata");
-  EXPECT_FALSE(paths.PimDataFound);
-  EXPECT_EQ(paths.DeviceCacheDir, root + "/xferbay/cache");
-  EXPECT_EQ(paths.CacheDir, root + "/xferbay/cache/PIM");
-  EXPECT_EQ(paths.SystemIniPath, root + "/xferbay/cache/System/System.ini");
-  EXPECT_EQ(paths.SchIniPath, root + "/xferbay/cache/System/ini/Sch.ini");
-  EXPECT_EQ(paths.SoundCacheDir, root + "/xferbay/cache/system/sound");
-  EXPECT_EQ(paths.PcAppsDir, root + "/pcapps");
-}
-
-TEST(InstallPaths, FolderNamesFollowTheDiskWhateverTheirCase) {
-  TempDir dir;
-  fs::create_directories(dir.Path() / "XferBay/Cache/System");
-  fs::create_directories(dir.Path() / "PcApps");
-  const std::string root = dir.Path().string();
-  const InstallPaths paths = MakeInstallPaths(root);
-  // "system" of the sound folder is the "System" that exists; missing names keep their case.
-  EXPECT_EQ(paths.SoundCacheDir, root + "/XferBay/Cache/System/sound");
-  EXPECT_EQ(paths.SystemIniPath, root + "/XferBay/Cache/System/System.ini");
-  EXPECT_EQ(paths.CacheDir, root + "/XferBay/Cache/PIM");
-  EXPECT_EQ(paths.PcAppsDir, root + "/PcApps");
-}
-
-TEST(InstallPaths, PimDataFallsBackToUserData) {
-  for (const CaseRow& row : ReadCases("shell/pim-data-folders.txt", 3, 6)) {
+TEST(InstallPaths, AreTheLayoutBelowTheInstallFolderAsTheDiskHasIt) {
+  const std::map<std::string, std::string InstallPaths::*> kPaths = {
+      {"PimDataDir", &InstallPaths::PimDataDir},        {"CacheDir", &InstallPaths::CacheDir},
+      {"SystemIniPath", &InstallPaths::SystemIniPath},  {"SchIniPath", &InstallPaths::SchIniPath},
+      {"SoundCacheDir", &InstallPaths::SoundCacheDir},  {"PcAppsDir", &InstallPaths::PcAppsDir},
+      {"DeviceCacheDir", &InstallPaths::DeviceCacheDir}};
+  for (const CaseRow& row : ReadCases("shell/install-paths.txt", 3, 20)) {
     TempDir dir;
-    if (!row[0].empty()) fs::create_directories(dir.Path() / row[0]);
+    std::istringstream made(row[0]);
+    for (std::string folder; made >> folder;) fs::create_directories(dir.Path() / folder);
     const InstallPaths paths = MakeInstallPaths(dir.Path().string());
-    EXPECT_EQ(paths.PimDataDir, (dir.Path() / row[1]).string()) << row.where;
-    EXPECT_EQ(paths.PimDataFound, row.YesNo(2)) << row.where;
+    EXPECT_EQ(paths.InstallDir, dir.Path().string()) << row.where;
+    if (row[1] == "PimDataFound") {
+      EXPECT_EQ(paths.PimDataFound, row.YesNo(2)) << row.where;
+    } else {
+      ASSERT_TRUE(kPaths.contains(row[1])) << row.where;
+      EXPECT_EQ(paths.*kPaths.at(row[1]), (dir.Path() / row[2]).string()) << row.where;
+    }
   }
 }
 

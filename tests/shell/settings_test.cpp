@@ -6,7 +6,6 @@
 #include <sstream>
 
 #include "core/registry_keys.h"
-#include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
 #include "shell/cache_device_files.h"
 #include "tests/shell/shell_test_support.h"
@@ -20,37 +19,26 @@ namespace fs = std::filesystem;
 using testing::CaseRow;
 using testing::ReadCases;
 
-std::string StoredLastFile(FakeSettingsStore& settings) {
-  return settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, "(none)");
-}
-
+// A file of the device; the document tests see a file on the PC stored.
 TEST(StoreLastFile, WritesLocationNameAndPath) {
   FakeSettingsStore settings;
-  StoreLastFile(settings, kDayviewSection, "/home/u/PIMdata/Plan.scl", 1);
-  EXPECT_EQ(StoredLastFile(settings), "1,PC:Plan.scl,/home/u/PIMdata/Plan.scl");
   StoreLastFile(settings, kDayviewSection, "/i/xferbay/cache/PIM/Sample.scl", 0);
-  EXPECT_EQ(StoredLastFile(settings), "0,Tarvex:Sample.scl,/i/xferbay/cache/PIM/Sample.scl");
+  EXPECT_EQ(settings.GetSetting(kSettingsApp, kDayviewSection, kLastFileKey, ""),
+            "0,Tarvex:Sample.scl,/i/xferbay/cache/PIM/Sample.scl");
 }
 
-struct LastFileFixture : ::testing::Test {
+TEST(RestoreLastFile, FollowsTheFileToItsPlace) {
   TempDir dir;
-  fs::path cache = dir.Path() / "xferbay" / "cache";
+  const fs::path cache = dir.Path() / "xferbay" / "cache";
+  WriteWithFolders(dir, "PIMdata/Plan.scl", "pc");
+  dir.Write("PIMdata/Plans, old.scl", "pc");
+  WriteWithFolders(dir, "xferbay/cache/PIM/Sample.scl", "device");
+  WriteWithFolders(dir, "xferbay/cache/System/sound/SCHALARM.snd", "snd");
   CacheDeviceFiles device{cache.string()};
-  FakeSettingsStore settings;
-
-  void SetUp() override {
-    WriteText(dir.Path() / "PIMdata" / "Plan.scl", "pc");
-    WriteText(dir.Path() / "PIMdata" / "Plans, old.scl", "pc");
-    WriteText(cache / "PIM" / "Sample.scl", "device");
-    WriteText(cache / "System" / "sound" / "SCHALARM.snd", "snd");
-  }
-};
-
-TEST_F(LastFileFixture, RestoreFollowsTheFileToItsPlace) {
   const auto expand = [&](const std::string& text) {
     return Expand(text, {{"$cache", cache.string()}, {"$dir", dir.Path().string()}});
   };
-  for (const CaseRow& row : ReadCases("shell/last-files.txt", 5, 9)) {
+  for (const CaseRow& row : ReadCases("shell/last-files.txt", 7, 9)) {
     FakeSettingsStore store;
     if (row[1] != "(never)") {
       store.SaveSetting(kSettingsApp, kDayviewSection, kLastFileKey, expand(row[1]));
@@ -59,42 +47,12 @@ TEST_F(LastFileFixture, RestoreFollowsTheFileToItsPlace) {
     EXPECT_EQ(last.ok, row.YesNo(2)) << row.where;
     EXPECT_EQ(last.path, expand(row[3])) << row.where;
     EXPECT_EQ(last.ScheduleOnPc, row.Int(4)) << row.where;
-  }
-}
-
-TEST_F(LastFileFixture, ADeviceFileRefreshesTheDeviceSoundsOfTheDayview) {
-  StoreLastFile(settings, kDayviewSection, (cache / "PIM" / "Sample.scl").string(), 0);
-  const LastFile last = RestoreLastFile(settings, device, kDayviewSection);
-  ASSERT_TRUE(last.ok);
-  EXPECT_EQ(last.deviceSounds, std::vector<std::string>{"\\system\\sound\\SCHALARM.snd"});
-  EXPECT_EQ(last.cacheFolder, (cache / "PIM").string());
-
-  StoreLastFile(settings, "Other", (cache / "PIM" / "Sample.scl").string(), 0);
-  EXPECT_FALSE(RestoreLastFile(settings, device, "Other").deviceSounds);
-
-  StoreLastFile(settings, kDayviewSection, (dir.Path() / "PIMdata" / "Plan.scl").string(), 1);
-  EXPECT_FALSE(RestoreLastFile(settings, device, kDayviewSection).deviceSounds);
-}
-
-TEST(IsPimLinkInstalled, OnlyTheNumberOne) {
-  struct Case {
-    const char* what;
-    std::optional<std::uint32_t> number;
-    std::optional<std::string> text;
-    bool installed;
-  };
-  const Case cases[] = {
-      {"absent", std::nullopt, std::nullopt, false},
-      {"1", 1u, std::nullopt, true},
-      {"0", 0u, std::nullopt, false},
-      {"2", 2u, std::nullopt, false},
-      {"text 1", std::nullopt, "1", false},
-  };
-  for (const Case& c : cases) {
-    FakeRegistry registry;
-    if (c.number) registry.WriteNumber(kPimLinkKey, kPimLinkInstallValue, *c.number);
-    if (c.text) registry.WriteString(kPimLinkKey, kPimLinkInstallValue, *c.text);
-    EXPECT_EQ(IsPimLinkInstalled(registry), c.installed) << c.what;
+    EXPECT_EQ(last.cacheFolder, expand(row[5])) << row.where;
+    std::string sounds;
+    for (const std::string& sound : last.deviceSounds.value_or(std::vector<std::string>{})) {
+      sounds += (sounds.empty() ? "" : " ") + sound;
+    }
+    EXPECT_EQ(sounds, row[6]) << row.where;
   }
 }
 
@@ -111,26 +69,13 @@ TEST(WindowPlacement, ParsesFiveWholeNumbersOnly) {
 }
 
 TEST(WindowPlacement, ComesBackAsStoredButNeverMinimised) {
-  struct Case {
-    WindowPlacement saved;
-    int restoredState;
-  };
-  const Case cases[] = {
-      {{1, 10, 20, 810, 620}, 1},
-      {{2, 10, 20, 810, 620}, 1},
-      {{3, -8, -8, 1928, 1048}, 3},
-  };
-  for (const Case& c : cases) {
-    FakeSettingsStore settings;
-    SaveWindowPlacement(settings, kDayviewSection, c.saved);
-    std::optional<WindowPlacement> restored = ReadWindowPlacement(settings, kDayviewSection);
-    ASSERT_TRUE(restored);
-    EXPECT_EQ(restored->showState, c.restoredState);
-    restored->showState = c.saved.showState;
-    EXPECT_EQ(*restored, c.saved);
+  FakeSettingsStore settings;
+  for (const auto& [saved, restored] : {std::pair{1, 1}, {2, 1}, {3, 3}}) {
+    SaveWindowPlacement(settings, kDayviewSection, {saved, -8, 20, 1928, 620});
+    EXPECT_EQ(ReadWindowPlacement(settings, kDayviewSection),
+              (WindowPlacement{restored, -8, 20, 1928, 620}))
+        << saved;
   }
-  FakeSettingsStore empty;
-  EXPECT_FALSE(ReadWindowPlacement(empty, kDayviewSection));
 }
 
 }  // namespace

@@ -1,27 +1,25 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "tests/support/run_command.h"
+#include "tests/support/temp_dir.h"
 
 namespace sched {
 
-// Writes a text file, making its folders.
-inline void WriteText(const std::filesystem::path& file, const std::string& text) {
-  std::filesystem::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << text;
+// Writes the file `name` of the folder, making the folders on its way, and gives its path.
+inline std::string WriteWithFolders(const TempDir& dir, const std::string& name,
+                                    const std::string& text) {
+  std::filesystem::create_directories(std::filesystem::path(dir.File(name)).parent_path());
+  return dir.Write(name, text);
 }
 
 inline std::string ReadText(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  const std::vector<std::uint8_t> bytes = ReadBytes(file.string());
+  return {bytes.begin(), bytes.end()};
 }
 
 // A path of a case file with each of the names ($cache, $dir) replaced by its value.

@@ -2,19 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <set>
 
+#include "core/text_case.h"
 #include "store/sch_record.h"
 
 namespace sched {
 namespace {
-
-std::string Folded(const std::string& name) {
-  std::string folded;
-  for (char c : name) folded += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return folded;
-}
 
 // What a player of the device's melodies accepts: the header, whole pairs, the end marker only
 // at the end, and notes that sound no longer than their time.
@@ -35,9 +29,10 @@ TEST(StockMelodies, AreValidDeviceMelodies) {
     }
     EXPECT_EQ(bytes[bytes.size() - 2], 0xFF);
     EXPECT_EQ(bytes.back(), 0xFF);
-    EXPECT_TRUE(names.insert(Folded(melody.fileName)).second) << "two files " << melody.fileName;
+    EXPECT_TRUE(names.insert(ToLowerAscii(melody.fileName)).second)
+        << "two files " << melody.fileName;
   }
-  EXPECT_TRUE(names.count(Folded(std::string(kDefaultAlarmSound) + ".snd")))
+  EXPECT_TRUE(names.count(ToLowerAscii(std::string(kDefaultAlarmSound) + ".snd")))
       << "new alarms sound " << kDefaultAlarmSound;
 }
 
