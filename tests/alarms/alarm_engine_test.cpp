@@ -38,9 +38,7 @@ struct Rings : Beep, DesktopNotices, NoticeHost {
   }
 };
 
-// A day of the program with today's alarms, run on a fake clock: the clock alarm rings when the
-// clock reaches its minute, the day watch looks every ten seconds (every three in the last
-// minute of the day), as the window's timer does.
+// A day of the program with today's alarms, run on a fake clock as the window's timer runs it.
 struct AlarmDay {
   ScheduleDocument doc;
   FakeProgress progress;
@@ -126,8 +124,7 @@ testing::Trace<AlarmDay> AlarmTrace() {
   testing::Trace<AlarmDay> t;
   t.steps["clock"] = [](S d, R r) { d.clock.Set(ReadMoment(d.Now(), r[1])); };
   t.steps["run-to"] = [](S d, R r) { d.RunTo(ReadMoment(d.Now(), r[1])); };
-  // item DATE START END LEAD TITLE [PLACE] [MEMO]: entered as the appointment dialog writes
-  // it, then today's list put in order and the next alarm armed. A lead of "-" is no alarm.
+  // Entered as the appointment dialog writes it: today's list put in order, the next alarm armed.
   t.steps["item"] = [](S d, R r) {
     const CivilDate date = r.Date(1);
     SchRecord item = MakeItem(date.year, date.month, date.day, ReadTime(r[2]), ReadTime(r[3]),
@@ -144,7 +141,6 @@ testing::Trace<AlarmDay> AlarmTrace() {
     d.engine.ArmNextAlarm();
   };
   t.steps["delete"] = [](S d, R r) { d.store.RemoveRow(d.RowOf(r[1])); };
-  // The document saved and opened again, as the program opens a file.
   t.steps["reopen"] = [](S d, R) {
     const std::vector<std::uint8_t> bytes = d.store.BuildScheduleBytes();
     d.store.ClearIndex();
@@ -158,7 +154,6 @@ testing::Trace<AlarmDay> AlarmTrace() {
   t.steps["hold"] = [](S d, R) { d.engine.HoldNotices(); };
   t.steps["release"] = [](S d, R) { d.engine.ReleaseNotices(); };
   t.steps["windows-fail"] = [](S d, R r) { d.rings.windowsFail = r.YesNo(1); };
-  // A message box that stays open while the clock runs to the moment.
   t.steps["message-open-until"] = [](S d, R r) {
     struct Open : Messages {
       AlarmDay& day;

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/fake/fake_date_formatter.h"
 #include "tests/support/case_file.h"
 
 namespace sched {
@@ -19,13 +18,6 @@ TEST(RepeatCaption, SentencesOfEveryOption) {
   EXPECT_EQ(BuildRepeatCaption(7, parts), std::nullopt);
   EXPECT_EQ(MonthNameOfDayCount(0), "December");
   EXPECT_EQ(MonthNameOfDayCount(33), "February");
-}
-
-TEST(RepeatCaption, DatesInShortFormWithTheWeekday) {
-  const FakeDateFormatter dates;
-  EXPECT_EQ(RepeatDateText(dates, {1901, 1, 1}), "1901/01/01(Tue)");
-  EXPECT_EQ(RepeatDateText(dates, {2024, 2, 29}), "2024/02/29(Thu)");
-  EXPECT_EQ(RepeatDateText(dates, {2099, 12, 31}), "2099/12/31(Thu)");
 }
 
 }  // namespace

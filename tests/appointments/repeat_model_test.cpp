@@ -91,10 +91,7 @@ testing::Trace<Dialog> RepeatDialogTrace() {
   testing::Trace<Dialog> t;
   testing::AddMessageWords(t);
   const auto n = [](int value) { return std::to_string(value); };
-  // A new item's dialog, without a rule, on a start date.
   t.steps["new"] = [](S d, R row) { d.model.Open(row.Date(1)); };
-  // The dialog of an item with a rule: word, start, count, and where it was made with its
-  // noted last date (codes) when given.
   t.steps["rule"] = [](S d, R row) {
     d.work.RepeatStartCode = row[4].empty() ? 0 : row.Int(4);
     d.work.RepeatLastCode = row[5].empty() ? -1 : row.Int(5);
@@ -104,9 +101,7 @@ testing::Trace<Dialog> RepeatDialogTrace() {
   t.steps["option2"] = [](S d, R row) { d.model.Option2_Click(row.Int(1)); };
   t.steps["combo1"] = [](S d, R row) { d.model.Combo1_Click(row.Int(1)); };
   t.steps["combo2"] = [](S d, R row) { d.model.Combo2_Click(row.Int(1)); };
-  // A number typed into the count or the interval and entered.
   t.steps["type"] = [](S d, R row) { d.model.ImNumber_Change(FieldOf(row), row.Int(2)); };
-  // A key on a number box, and whether the box used it.
   t.steps["key"] = [](S d, R row) {
     EXPECT_EQ(d.model.ImNumber_KeyDown(FieldOf(row), testing::KeyNamed(row[2])), row.YesNo(3))
         << row.where;

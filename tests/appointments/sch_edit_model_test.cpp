@@ -121,13 +121,11 @@ testing::Trace<Edit> EditDialogTrace() {
     e.fake.clock.Set({d.year, d.month, d.day, hour, minute, 0});
   };
   t.steps["show"] = [](S e, R row) { e.Show(row.Date(1)); };
-  // The alarm sounds the next dialog offers, separated by blanks.
   t.steps["sounds"] = [](S e, R row) {
     e.sounds.clear();
     std::istringstream names(row[1]);
     for (std::string name; names >> name;) e.sounds.push_back(name);
   };
-  // A row of the schedule written before: DATE START END TITLE, and an alarm SOUND and LEAD.
   t.steps["insert"] = [](S e, R row) {
     const CivilDate d = row.Date(1);
     SchRecord r = MakeItem(d.year, d.month, d.day, row.Int(2), row.Int(3), row[4]);
@@ -136,7 +134,6 @@ testing::Trace<Edit> EditDialogTrace() {
     r.AlarmLead = static_cast<std::int16_t>(row[6].empty() ? 0 : row.Int(6));
     e.fake.store.InsertRecord(r);
   };
-  // An item written through a dialog of its own: TITLE START END.
   t.steps["add"] = [](S e, R row) {
     SchEditModel& model = e.Open();
     model.OpenNew();
@@ -161,11 +158,9 @@ testing::Trace<Edit> EditDialogTrace() {
     EXPECT_EQ(e.model->ImNumber1_KeyDown(testing::KeyNamed(row[1])), row.YesNo(2)) << row.where;
   };
   t.steps["sound"] = [](S e, R row) { e.model->Sound_Change(testing::Unescaped(row[1])); };
-  // The sound box left, and whether it lets the focus go.
   t.steps["leave-sound"] = [](S e, R row) {
     EXPECT_EQ(e.model->Sound_LostFocus(), row.YesNo(1)) << row.where;
   };
-  // The repeat button, and in its dialog: OPTION, INTERVAL, COUNT and OK.
   t.steps["repeat"] = [](S e, R row) {
     const int option = row.Int(1), interval = row.Int(2), count = row.Int(3);
     e.host.user = [=](RepeatModel& repeat) {

@@ -19,9 +19,7 @@ namespace fs = std::filesystem;
 using testing::CaseRow;
 using testing::YesNo;
 
-// The document commands over a session, as tests/data/commands/documents.txt drives them, with
-// fake file dialogs and a fake device in a temporary folder, which is also the system's
-// temporary folder. Today is 2026/11/21.
+// The document commands over a session, as tests/data/commands/documents.txt drives them.
 struct Documents : TestCommands {
   std::optional<TempFolder> temp{dir.Path().string()};
   std::size_t seen = 0, dialogsSeen = 0;
@@ -56,7 +54,6 @@ testing::Trace<Documents> DocumentsTrace() {
   t.steps["folder"] = [](S d, R r) { fs::create_directories(d.Path(r[1])); };
   t.steps["link"] = [](S d, R r) { fs::create_symlink(d.Path(r[2]), d.Path(r[1])); };
   t.steps["read-only"] = [](S d, R r) { fs::permissions(d.Path(r[1]), fs::perms::owner_read); };
-  // The device's System.ini with its private level.
   t.steps["system-ini"] = [](S d, R r) {
     d.dir.Write("System.ini", std::string("SYSTEM") + char(r.Int(1)) + '\0');
   };
@@ -66,7 +63,6 @@ testing::Trace<Documents> DocumentsTrace() {
     d.doc.ScheduleFile = d.Path(r[1]);
     d.doc.ScheduleOnPc = r[2].empty() ? 1 : r.Int(2);
   };
-  // An item of 10:00 to 11:00: TITLE DATE [private].
   t.steps["add"] = [](S d, R r) {
     const CivilDate date = r.Date(2);
     SchRecord item = MakeItem(date.year, date.month, date.day, 600, 660, r[1]);

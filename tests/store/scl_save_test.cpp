@@ -108,15 +108,6 @@ TEST(SclSave, WritesTheFileLeavesFirstByteForByte) {
   EXPECT_EQ(s.doc.Header.PrivateCount, 1);
 }
 
-TEST(SclSave, AnEmptyScheduleIsTheHeaderAlone) {
-  TestStore s;
-  const std::vector<std::uint8_t> expected = {'Q', '3', '9',  'E',  0,    0,
-                                              1,   0,   0xFF, 0xFF, 0xFF, 0xFF};
-  EXPECT_EQ(s.SaveTo("empty.scl"), expected);
-  EXPECT_TRUE(s.LoadFrom(s.dir.File("empty.scl")));
-  EXPECT_EQ(s.doc.Tables.YearCount, 0);
-}
-
 TEST(SclSave, PrivateRecordsTakeTheDevicesLevelAndAreCountedOnceAMonth) {
   TestStore s;
   s.doc.PrivateLevel = 4;

@@ -38,10 +38,6 @@ using R = const CaseRow&;
 testing::Trace<Store> StoreTrace() {
   testing::Trace<Store> t;
   const auto n = [](int value) { return std::to_string(value); };
-  // item NAME DATES START END TITLE PLACE MEMO [ATTRIBUTES]: defined and inserted; "define"
-  // only defines it. DATES is DATE or FIRST..LAST; ATTRIBUTES among sub=N parent=N (the
-  // parent stamp is its own) stamp=HEX or stamp=now (of the clock) kind=HEX private=N
-  // alarm=SOUND:LEAD.
   const auto define = [](S st, R r) {
     CivilDate a, b;
     const int dates = std::sscanf(r[2].c_str(), "%d-%d-%d..%d-%d-%d", &a.year, &a.month, &a.day,
@@ -76,14 +72,12 @@ testing::Trace<Store> StoreTrace() {
     define(st, r);
     st.s.store.InsertRecord(st.items[r[1]]);
   };
-  // A defined item inserted, with a new title when given.
   t.steps["insert"] = [](S st, R r) {
     if (!r[2].empty()) st.items[r[1]].Title = r[2];
     st.s.store.InsertRecord(st.items[r[1]]);
   };
   t.steps["span"] = [](S st, R r) { InsertSpan(st.s.store, r.Date(1), r.Int(2), r[3], r.Int(4)); };
   t.steps["delete"] = [](S st, R r) { st.s.store.DeleteItem(st.items.at(r[1])); };
-  // The tables changed by hand, as no entry path would leave them.
   t.steps["mark-deleted"] = [](S st, R r) {
     st.s.doc.Tables.SchDatList.At(r.Int(1)).Deleted = kDeleted;
   };
@@ -105,10 +99,6 @@ testing::Trace<Store> StoreTrace() {
         static_cast<std::int32_t>(std::stoll(r[3], nullptr, 0));
     row.HolidayOff[static_cast<std::size_t>(r.Int(2) - 1)] =
         static_cast<std::int32_t>(std::stoll(r[4], nullptr, 0));
-  };
-  t.steps["week"] = [](S st, R r) {
-    for (std::size_t i = 0; i < 7; ++i)
-      st.s.doc.WeekHoliday[i] = static_cast<std::int16_t>(r[1][i] - '0');
   };
   t.steps["private-level"] = [](S st, R r) {
     st.s.doc.PrivateLevel = static_cast<std::int16_t>(r.Int(1));
@@ -214,9 +204,6 @@ testing::Trace<Store> StoreTrace() {
   t.looks["month-data"] = [n](S st, auto& a) {
     const MonthData data = st.s.store.MonthHasData(st.Pair(a).first, st.Pair(a).second);
     return n(data.monthRow) + (data.hasData ? " with data" : " empty");
-  };
-  t.looks["week"] = [](S st, auto&) {
-    return Join(st.s.doc.WeekHoliday, "", [](std::int16_t f) { return std::to_string(f); });
   };
   t.looks["loaded"] = [n](S st, auto&) { return n(st.s.doc.LoadedRecords); };
   t.looks["alarm-calls"] = [](S st, auto&) { return Join(st.s.alarms.calls); };

@@ -38,13 +38,6 @@ TEST(TimeBarSpans, FillsBothEdges) {
   }
 }
 
-TEST(TimeBar, NoTimeDrawsNothing) {
-  TimeBar bar;
-  bar.SetScale(200, 10);
-  bar.DrawTimeSpan(-1, -1);
-  EXPECT_EQ(SpanColumns(bar), 0);
-}
-
 TEST(TimeBar, EraseAndBlank) {
   TimeBar bar;
   bar.SetScale(1440, 10);

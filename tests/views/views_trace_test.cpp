@@ -17,8 +17,7 @@ namespace {
 using testing::CaseRow;
 using testing::YesNo;
 
-// The views as tests/data/views/views.txt drives them: the month and day tabs, their menus and
-// the schedule list, over a store. Today is 2010/06/15, and the day's time bar a pixel a minute.
+// The views as tests/data/views/views.txt drives them; the day's time bar a pixel a minute.
 struct Views : ViewsFixture {
   ViewAction action;     // what the last mouse or key asked of the window
   double listLeft = 0;   // where the schedule list stood, kept
@@ -62,7 +61,6 @@ testing::Trace<Views> ViewsTrace() {
   };
   t.steps["span"] = [](S v, R r) { InsertSpan(v.s.store, r.Date(1), r.Int(2), r[3], r.Int(4)); };
   t.steps["delete"] = [](S v, R r) { v.s.doc.Tables.SchDatList.At(r.Int(1)).Deleted = kDeleted; };
-  // The masks of a month: the day set as a holiday, the day set as a workday, "-" for none.
   t.steps["masks"] = [](S v, R r) {
     const auto bit = [&](std::size_t i) { return r[i] == "-" ? 0 : Bit(r.Int(i)); };
     v.SetMasks(r.Int(1), r.Int(2), bit(3), bit(4));
@@ -89,7 +87,6 @@ testing::Trace<Views> ViewsTrace() {
   t.steps["today"] = [](S v, R) { v.views.GoToday(); };
   // A cell's day number written over, to see whether a fill comes.
   t.steps["mark-cell"] = [](S v, R r) { v.views.Month().Cell(r.Int(1)).dayText = r[2]; };
-  // A key on the grid, and whether the grid took it.
   t.steps["key"] = [](S v, R r) {
     const KeyResult result = v.views.Text1_KeyDown(testing::KeyNamed(r[1]));
     EXPECT_EQ(result.consumed, r.YesNo(2)) << r.where;
