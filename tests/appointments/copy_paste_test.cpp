@@ -44,11 +44,6 @@ struct Clipboard {
     EXPECT_TRUE(maker.Expand(input, std::nullopt));
     return s.doc.Tables.SchDatList.Rows() - 1;
   }
-  void Show(const CivilDate& date) {
-    s.doc.CurYear = date.year;
-    s.doc.CurMonth = date.month;
-    s.doc.CurDay = date.day;
-  }
 };
 
 TEST(CopyPaste, APasteWritesTheCopyOnTheShownDate) {
@@ -59,7 +54,7 @@ TEST(CopyPaste, APasteWritesTheCopyOnTheShownDate) {
     b.s.doc.Tables.SchDatList.At(copied).RepeatKind = static_cast<std::int16_t>(c.Hex(0));
     ASSERT_TRUE(b.copyPaste.CopySchedule(false, copied)) << c.where;
     if (c.YesNo(3)) b.s.store.DeleteItem(RowToRecord(b.s.doc.Tables.SchDatList.At(copied)));
-    b.Show(c.Date(4));
+    b.s.doc.SetShownDate(c.Date(4));
     const bool asked = c[5] != "-";
     if (c[5] == "no") b.messages.QueueAnswer(MsgAnswer::No);
     b.s.clock.Set(kPasteTime);
@@ -120,7 +115,7 @@ TEST(CopyPaste, APastedAlarmPutsTodaysListInOrderOnce) {
   Clipboard b;
   const int copied = b.Enter(0x1000, {2026, 11, 7}, 3, true);
   ASSERT_TRUE(b.copyPaste.CopySchedule(false, copied));
-  b.Show({2026, 11, 21});
+  b.s.doc.SetShownDate({2026, 11, 21});
   b.s.clock.Set({2026, 11, 21, 8, 0, 0});  // before today's occurrence rings
   b.s.alarms.calls.clear();
   ASSERT_TRUE(b.copyPaste.PasteSchedule());

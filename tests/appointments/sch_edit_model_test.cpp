@@ -74,12 +74,7 @@ struct Edit {
 
   Edit() {
     fake.clock.Set({2026, 11, 23, 10, 0, 0});
-    Show({2026, 11, 23});
-  }
-  void Show(const CivilDate& date) {
-    fake.doc.CurYear = date.year;
-    fake.doc.CurMonth = date.month;
-    fake.doc.CurDay = date.day;
+    fake.doc.SetShownDate({2026, 11, 23});
   }
   SchEditModel& Open() {
     model = std::make_unique<SchEditModel>(
@@ -120,7 +115,7 @@ testing::Trace<Edit> EditDialogTrace() {
     EXPECT_EQ(std::sscanf(row[2].c_str(), "%d:%d", &hour, &minute), 2) << row.where;
     e.fake.clock.Set({d.year, d.month, d.day, hour, minute, 0});
   };
-  t.steps["show"] = [](S e, R row) { e.Show(row.Date(1)); };
+  t.steps["show"] = [](S e, R row) { e.fake.doc.SetShownDate(row.Date(1)); };
   t.steps["sounds"] = [](S e, R row) {
     e.sounds.clear();
     std::istringstream names(row[1]);

@@ -42,9 +42,7 @@ TEST(CalendarArrows, MoveOrStopAtTheLimits) {
   for (const CaseRow& row : ReadCases("views/calendar-arrows.txt", 4, 9)) {
     ViewsFixture f;
     const CivilDate from = row.Date(0), to = row.Date(3);
-    f.s.doc.CurYear = from.year;
-    f.s.doc.CurMonth = from.month;
-    f.s.doc.CurDay = from.day;
+    f.s.doc.SetShownDate(from);
     f.views.SSTab1_Click(1);
     ASSERT_TRUE(row[1] == "month" || row[1] == "year") << row.where;
     if (row[1] == "month") {

@@ -26,9 +26,7 @@ struct ViewsFixture {
   }
   // Shows a month on the month tab as a change of month does: day 1 selected.
   void ShowMonth(int year, int month) {
-    s.doc.CurYear = year;
-    s.doc.CurMonth = month;
-    s.doc.CurDay = 1;
+    s.doc.SetShownDate({year, month, 1});
     views.Combo1Index = month - 1;
     views.Combo2Index = year - kFirstYear;
     views.FillMonthGrid();

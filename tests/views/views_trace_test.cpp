@@ -25,9 +25,7 @@ struct Views : ViewsFixture {
 
   Views() {
     views.Day().Pict.SetScale(1440, 20);
-    s.doc.CurYear = 2010;
-    s.doc.CurMonth = 6;
-    s.doc.CurDay = 15;
+    s.doc.SetShownDate({2010, 6, 15});
   }
 };
 
