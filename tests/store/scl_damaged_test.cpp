@@ -269,13 +269,6 @@ TEST(DamagedFile, IsRefusedForItsFaultWhereItsTwinLoads) {
   }
 }
 
-TEST(UnreadableFile, AFileThatCannotBeOpenedIsRefused) {
-  TestStore s;
-  s.store.InsertRecord(MakeItem(2020, 5, 5, 600, 660, "Earlier"));
-  s.doc.Dirty = true;
-  ExpectEmptyAfterFailure(s, s.LoadFrom(s.dir.File("missing.scl")));
-}
-
 // Files that once broke the loader, kept as they were found.
 TEST(KeptDamagedFiles, EachIsRefused) {
   const std::filesystem::path folder = SCHEDULER_TEST_DATA_DIR "/scl/damaged";
