@@ -186,7 +186,6 @@ TEST(Occurrences, EveryRecordCarriesTheDialogsTextsFlagsAndAlarm) {
   EXPECT_EQ(first.Memo, "a\r\nb");
   EXPECT_EQ(first.Private, 3);
   EXPECT_EQ(first.AlarmOn, 1);
-  EXPECT_EQ(first.AlarmSound, "MELODY");
   EXPECT_EQ(first.AlarmLead, 15);
   EXPECT_EQ(first.VarLen, 8 + 6 + 3 + 8 + 10);
   for (const SchRecord& r : m.Live()) {

@@ -18,22 +18,18 @@ namespace {
 
 using Shell = TestCommands;
 
-// A schedule file on the PC, open and changed.
-void OpenChangedPcFile(Shell& s) {
-  s.doc.ScheduleFile = s.MakeFile("doc.scl", "before");
-  s.doc.ScheduleOnPc = 1;
-  s.session.LoadScheduleFile();
-  s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
-  s.doc.Dirty = true;
-}
-
-// A schedule file of the device (its cached copy), open and changed.
-void OpenChangedDeviceFile(Shell& s) {
-  std::filesystem::create_directories(s.dir.File("cache/PIM"));
-  s.device.cacheRoot = s.dir.File("cache");
-  s.doc.ScheduleFile = s.MakeFile("cache/PIM/doc.scl", "before");
-  s.doc.ScheduleOnPc = 0;
-  s.session.LoadScheduleFile();
+// A document with a change: a schedule file on the PC ("pc"), of the device (its cached copy,
+// "device"), or a new one ("untitled").
+void OpenChanged(Shell& s, const std::string& where) {
+  if (where == "device") {
+    std::filesystem::create_directories(s.dir.File("cache/PIM"));
+    s.device.cacheRoot = s.dir.File("cache");
+  }
+  if (where != "untitled") {
+    s.doc.ScheduleFile = s.MakeFile(where == "pc" ? "doc.scl" : "cache/PIM/doc.scl", "before");
+    s.doc.ScheduleOnPc = where == "pc" ? 1 : 0;
+    s.session.LoadScheduleFile();
+  }
   s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
   s.doc.Dirty = true;
 }
@@ -50,10 +46,7 @@ TEST(DocumentCommands, AFailedSaveKeepsTheChangesUnsaved) {
     const TempFolder temp(s.dir.Path().string());
     std::istringstream setup(row[1]);
     for (std::string word; setup >> word;) {
-      if (word == "pc") OpenChangedPcFile(s);
-      if (word == "device") OpenChangedDeviceFile(s);
-      if (word == "untitled") s.store.InsertRecord(MakeItem(2026, 11, 22, 600, 660, "added"));
-      if (word == "untitled") s.doc.Dirty = true;
+      if (word == "pc" || word == "device" || word == "untitled") OpenChanged(s, word);
       if (word == "read-only") MakeReadOnly(s.doc.ScheduleFile);
       if (word == "taken") MakeReadOnly(s.dir.Write("taken.scl", "someone's"));
       if (word == "taken") s.dialogs.QueueAnswer(s.dir.File("taken.scl"));

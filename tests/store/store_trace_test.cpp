@@ -25,7 +25,6 @@ struct Store {
   DateTime now{2026, 11, 21, 10, 0, 0};
   std::map<std::string, SchRecord> items;
 
-  void End() {}
   std::pair<int, int> Pair(const std::string& arg) const {  // "A,B"
     return {std::stoi(arg),
             static_cast<int>(std::stoll(arg.substr(arg.find(',') + 1), nullptr, 0))};
