@@ -17,7 +17,8 @@ void ExpectNoNegativeSize(const RectF& r, const char* what, int index = 0) {
   EXPECT_GE(r.height, 0) << what << index;
 }
 
-TEST(Layout, DesignWidthKeepsTheListShare) {
+// The list's share, the hour scale over the bar and the list button in a cell's corner.
+TEST(Layout, TheDesignSize) {
   const FormLayout l = LayoutTwips(8880, 6600, {}, 375);
   EXPECT_DOUBLE_EQ(l.List1.width, 4335);
   EXPECT_DOUBLE_EQ(l.List1ColWidth, 4335);
@@ -26,16 +27,22 @@ TEST(Layout, DesignWidthKeepsTheListShare) {
   EXPECT_DOUBLE_EQ(l.List1.height, 3540);
   EXPECT_DOUBLE_EQ(l.CSCal4.left, l.List1.Right() + 345);
   EXPECT_DOUBLE_EQ(l.CSCal4.Right(), l.SSTab1.width - 285);
-}
 
-TEST(Layout, HourScaleStepsOverTheBar) {
-  const FormLayout l = LayoutTwips(8880, 6600, {}, 375);
   EXPECT_DOUBLE_EQ(l.Pict.width, 8160);
   for (std::size_t k = 1; k < l.Label3.size(); ++k) {
     EXPECT_DOUBLE_EQ(l.Label3[k].left - l.Label3[k - 1].left, 680);
   }
   EXPECT_DOUBLE_EQ(l.Line2[1].x1, l.Pict.left + 4080);
   EXPECT_DOUBLE_EQ(l.Line2[2].x1, l.Pict.Right());
+
+  const RectF inner = PlaceComDt(l, 8, 200, 150);
+  EXPECT_DOUBLE_EQ(inner.Right(), l.Label9[9].left);
+  EXPECT_DOUBLE_EQ(inner.Bottom(), l.Label9[15].top);
+  const RectF corner = PlaceComDt(l, 41, 200, 150);
+  EXPECT_DOUBLE_EQ(corner.Right(), l.Label9[41].Right());
+  EXPECT_DOUBLE_EQ(corner.Bottom(), l.Label9[41].Bottom());
+  const RectF lastColumn = PlaceComDt(l, 13, 200, 150);
+  EXPECT_DOUBLE_EQ(lastColumn.Right(), l.Label9[13].Right());
 }
 
 TEST(TinyWindow, NoNegativeSizes) {
@@ -92,18 +99,6 @@ TEST(Layout, PixelsScaleWithDpi) {
   EXPECT_DOUBLE_EQ(at144.List1.width, 433.5);
   EXPECT_DOUBLE_EQ(at144.Label9[10].left, at96.Label9[10].left * 1.5);
   EXPECT_DOUBLE_EQ(TwipsPerPixel(96), 15);
-}
-
-TEST(Layout, ComDtSitsInTheCellsLowerRightCorner) {
-  const FormLayout l = LayoutTwips(8880, 6600, {}, 375);
-  const RectF inner = PlaceComDt(l, 8, 200, 150);
-  EXPECT_DOUBLE_EQ(inner.Right(), l.Label9[9].left);
-  EXPECT_DOUBLE_EQ(inner.Bottom(), l.Label9[15].top);
-  const RectF corner = PlaceComDt(l, 41, 200, 150);
-  EXPECT_DOUBLE_EQ(corner.Right(), l.Label9[41].Right());
-  EXPECT_DOUBLE_EQ(corner.Bottom(), l.Label9[41].Bottom());
-  const RectF lastColumn = PlaceComDt(l, 13, 200, 150);
-  EXPECT_DOUBLE_EQ(lastColumn.Right(), l.Label9[13].Right());
 }
 
 TEST(Layout, DateLabelRightAligned) {
