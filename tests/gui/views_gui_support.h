@@ -24,6 +24,8 @@ class ViewsGuiTest : public GuiTest {
   }
 
   CalendarViews& Views() const { return *app->Views(); }
+  // The cell of a day of the month shown.
+  int CellOf(int date) const { return Views().Month().FirstCell + date - 1; }
   CivilDate Current() const {
     return {app->Document().CurYear, app->Document().CurMonth, app->Document().CurDay};
   }
