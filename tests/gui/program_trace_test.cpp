@@ -316,7 +316,6 @@ testing::Trace<Program> ProgramTrace() {
   t.looks["checked"] = [](S p, auto& name) {
     return YesNo(p.app->Window()->Action(QString::fromStdString(name))->isChecked());
   };
-  t.looks["tabs"] = [](S p, auto&) { return std::to_string(p.app->Window()->Tabs()->count()); };
   t.looks["progress"] = [](S p, auto&) {
     const SchMain* w = p.app->Window();
     return std::to_string(w->Progress()->maximum()) +
@@ -455,7 +454,6 @@ testing::Trace<Program> ProgramTrace() {
   t.looks["comdt-in-cell"] = [](S w, auto& c) {
     return YesNo(w.month->Label9(std::stoi(c))->geometry().contains(w.month->ComDt()->geometry()));
   };
-  t.looks["today-enabled"] = [](S w, auto&) { return YesNo(w.window->TodayButton()->isEnabled()); };
   t.looks["enabled-action"] = [](S w, auto& name) {
     return YesNo(w.window->Action(QString::fromStdString(name))->isEnabled());
   };
@@ -468,9 +466,6 @@ testing::Trace<Program> ProgramTrace() {
       if (!action->isSeparator()) names << action->objectName();
     }
     return names.join(",").toStdString();
-  };
-  t.looks["popup-shown"] = [](S w, auto& name) {
-    return YesNo(w.window->Popup(QString::fromStdString(name))->isVisible());
   };
   // The schedule list dialog: shown, its title and lines; where it stands by the cell: below
   // it, above it, or on the screen's bottom edge, and always wholly on the screen.
