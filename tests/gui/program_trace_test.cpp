@@ -4,7 +4,6 @@
 #include <QMimeData>
 #include <QTimer>
 #include <QUrl>
-#include <cstdio>
 #include <map>
 #include <sstream>
 
@@ -53,18 +52,19 @@ struct Program : ViewsGuiTest {
   void TestBody() override {}
   QWidget* Window() { return dialog != nullptr ? dialog : app->Window(); }
   QListWidget* List() const { return window->ScheduleListDialog()->List1(); }
-  // A path of a case: $sample, $install and $dir in place.
+  // A path of a case with $sample, $install and $dir in place, and a path shown with them.
+  std::vector<std::pair<std::string, std::string>> Names() const {
+    return {{"$sample", Sample()}, {"$install", install}, {"$dir", dir.Path().string()}};
+  }
   std::string Path(std::string text) const {
-    for (const auto& [name, value] : std::map<std::string, std::string>{
-             {"$sample", Sample()}, {"$install", install}, {"$dir", dir.Path().string()}}) {
+    for (const auto& [name, value] : Names()) {
       if (const auto at = text.find(name); at != std::string::npos)
         text.replace(at, name.size(), value);
     }
     return text;
   }
   std::string Shown(std::string text) const {
-    for (const auto& [name, value] :
-         {std::pair{"$install", install}, {"$dir", dir.Path().string()}}) {
+    for (const auto& [name, value] : Names()) {
       if (const auto at = text.find(value); at != std::string::npos)
         text.replace(at, value.size(), name);
     }
@@ -192,12 +192,6 @@ testing::Trace<Program> ProgramTrace() {
     StoreLastFile(p.settings, kDayviewSection, p.Path(r[1]), 1);
   };
   t.steps["setting"] = [](S p, R r) { p.settings.SaveSetting(kSettingsApp, r[1], r[2], r[3]); };
-  t.steps["clock"] = [](S p, R r) {
-    const CivilDate d = r.Date(1);
-    int h = 0, m = 0, s = 0;
-    std::sscanf(r[2].c_str(), "%d:%d:%d", &h, &m, &s);
-    p.clock.Set({d.year, d.month, d.day, h, m, s});
-  };
   t.steps["bytes"] = [](S p, R r) {
     const std::string bytes = testing::Unescaped(r[2]);
     WriteBytes(p.Path(r[1]), {bytes.begin(), bytes.end()});
