@@ -30,7 +30,6 @@ class ViewsGuiTest : public GuiTest {
     return {app->Document().CurYear, app->Document().CurMonth, app->Document().CurDay};
   }
   std::string DateLabel() const { return window->Label6()->text().toStdString(); }
-  void Key(QWidget* target, Qt::Key key) { QTest::keyClick(target, key); }
   void ClickCell(int cell) {
     QTest::mouseClick(month->Label9(cell), Qt::LeftButton, {}, QPoint(5, 5));
   }
