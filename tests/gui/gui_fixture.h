@@ -46,12 +46,6 @@ class GuiTest : public ::testing::Test {
   }
 
   std::string Sample() const { return install + "/userdata/PIMdata/Sample.scl"; }
-  QString Title() const { return app->Window()->windowTitle(); }
-  std::vector<std::string> Texts() const {
-    std::vector<std::string> texts;
-    for (const auto& m : messages.Shown()) texts.push_back(m.text);
-    return texts;
-  }
 
   TempDir dir;
   FakeRegistry registry;

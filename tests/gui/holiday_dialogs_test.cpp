@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "platform/fake/fake_date_formatter.h"
+#include "tests/gui/picture_path.h"
 #include "tests/gui/widget_trace.h"
 #include "tests/support/holiday_dialog_fakes.h"
 #include "tests/support/message_lines.h"
@@ -36,6 +37,7 @@ struct Holidays : CountryFolder {
   std::unique_ptr<DlgSelectHolidayModel> selectModel;
   std::unique_ptr<QDialog> dialog;
   std::size_t seen = 0;
+  TempDir pictures;
 
   Holidays() : CountryFolder({"holidayJP.ini", "holidayUS.ini", "holidayFR.ini"}, "holidayUS.ini") {
     week.CurYear = days.doc.CurYear = 2026;
@@ -60,6 +62,13 @@ std::string Colours(const QWidget* caption, const QWidget* dialog) {
          (back == QColor(0, 128, 0)   ? " green"
           : back == QColor(Qt::white) ? " white"
                                       : " other");
+}
+
+// The texts of a list's entries, joined by " | ".
+std::string Texts(const QList<QListWidgetItem*>& items) {
+  QStringList texts;
+  for (const QListWidgetItem* item : items) texts << item->text();
+  return texts.join(" | ").toStdString();
 }
 
 using S = Holidays&;
@@ -99,7 +108,7 @@ testing::Trace<Holidays> HolidayWindowsTrace() {
                       list->visualItemRect(found[0]).center());
   };
   t.steps["grab"] = [](S h, R r) {
-    h.dialog->grab().save(QString(SCHEDULER_BUILD_DIR "/") + QString::fromStdString(r[1]));
+    h.dialog->grab().save(PicturePath(h.pictures, QString::fromStdString(r[1])));
   };
 
   t.looks["result"] = [](S h, auto&) -> std::string {
@@ -111,22 +120,13 @@ testing::Trace<Holidays> HolidayWindowsTrace() {
     return texts.join(" | ").toStdString();
   };
   t.looks["colours"] = [](S h, auto& name) { return Colours(Named(h.Window(), name), h.Window()); };
-  t.looks["entries"] = [](S h, auto& name) {
-    QStringList texts;
-    for (QListWidgetItem* item :
-         qobject_cast<QListWidget*>(Named(h.Window(), name))->findItems("*", Qt::MatchWildcard)) {
-      texts << item->text();
-    }
-    return texts.join(" | ").toStdString();
+  const auto list = [](S h, const std::string& name) {
+    return qobject_cast<QListWidget*>(Named(h.Window(), name));
   };
-  t.looks["selected"] = [](S h, auto& name) {
-    QStringList texts;
-    for (QListWidgetItem* item :
-         qobject_cast<QListWidget*>(Named(h.Window(), name))->selectedItems()) {
-      texts << item->text();
-    }
-    return texts.join(" | ").toStdString();
+  t.looks["entries"] = [list](S h, auto& name) {
+    return Texts(list(h, name)->findItems("*", Qt::MatchWildcard));
   };
+  t.looks["selected"] = [list](S h, auto& name) { return Texts(list(h, name)->selectedItems()); };
   t.looks["list-index"] = [](S h, auto&) { return std::to_string(h.selectModel->ListIndex()); };
   t.looks["loaded"] = [](S h, auto&) {
     return YesNo(static_cast<DlgSelectHoliday*>(h.dialog.get())->Loaded());

@@ -24,11 +24,12 @@ class ViewsGuiTest : public GuiTest {
   }
 
   CalendarViews& Views() const { return *app->Views(); }
+  // The cell of a day of the month shown.
+  int CellOf(int date) const { return Views().Month().FirstCell + date - 1; }
   CivilDate Current() const {
     return {app->Document().CurYear, app->Document().CurMonth, app->Document().CurDay};
   }
   std::string DateLabel() const { return window->Label6()->text().toStdString(); }
-  void Key(QWidget* target, Qt::Key key) { QTest::keyClick(target, key); }
   void ClickCell(int cell) {
     QTest::mouseClick(month->Label9(cell), Qt::LeftButton, {}, QPoint(5, 5));
   }
