@@ -21,10 +21,7 @@ namespace {
 using testing::CaseRow;
 using testing::YesNo;
 
-// The three holiday dialogs as tests/data/gui/holiday-windows.txt drives them. The current date
-// is Saturday 2026/11/21, with Sunday and Saturday the weekly holidays, for the weekly
-// dialog; Friday 2026/11/20, named Founders' Day, for the dialog of a day. The country dialog
-// lists holidayFR, holidayJP and holidayUS, the last in use.
+// The three holiday dialogs as tests/data/gui/holiday-windows.txt drives them.
 struct Holidays : CountryFolder {
   ScheduleDocument week;
   SchWeekHModel weekModel{week, messages, host};
@@ -127,7 +124,6 @@ testing::Trace<Holidays> HolidayWindowsTrace() {
     return Texts(list(h, name)->findItems("*", Qt::MatchWildcard));
   };
   t.looks["selected"] = [list](S h, auto& name) { return Texts(list(h, name)->selectedItems()); };
-  t.looks["list-index"] = [](S h, auto&) { return std::to_string(h.selectModel->ListIndex()); };
   t.looks["loaded"] = [](S h, auto&) {
     return YesNo(static_cast<DlgSelectHoliday*>(h.dialog.get())->Loaded());
   };
@@ -136,27 +132,14 @@ testing::Trace<Holidays> HolidayWindowsTrace() {
     for (std::int16_t flag : h.week.WeekHoliday) flags += std::to_string(flag);
     return flags;
   };
-  t.looks["week-dirty"] = [](S h, auto&) { return YesNo(h.week.Dirty); };
-  t.looks["day-dirty"] = [](S h, auto&) { return YesNo(h.days.doc.Dirty); };
   // The holiday mask of November 2026 in the year's row, and as the month view shows it.
   t.looks["november"] = [](S h, auto&) {
     return std::to_string(h.NovemberOn()) + " shown " +
            std::to_string(h.days.doc.ShownYearMasks.HolidayOn[10]);
   };
-  t.looks["years"] = [](S h, auto&) { return std::to_string(h.days.doc.Tables.YearCount); };
   t.looks["calls"] = [](S h, auto&) { return h.host.NewCalls(); };
-  t.looks["calendar-calls"] = [](S h, auto&) { return testing::Join(h.calendar.calls); };
   t.looks["in-use"] = [](S h, auto&) {
     return h.registry.ReadString(kSchedulerKey, kHolidayIniValue).value_or("(none)");
-  };
-  t.looks["on-device"] = [](S h, auto&) {
-    return YesNo(h.device.files.count("\\system\\ini\\holiday.ini") == 1);
-  };
-  // The name of a date in the country file in use.
-  t.looks["named"] = [](S h, auto& date) {
-    int y = 0, m = 0, d = 0;
-    std::sscanf(date.c_str(), "%d-%d-%d", &y, &m, &d);
-    return h.Named(y, m, d);
   };
   return t;
 }
