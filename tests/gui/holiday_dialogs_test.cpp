@@ -37,10 +37,8 @@ struct Holidays : CountryFolder {
   TempDir pictures;
 
   Holidays() : CountryFolder({"holidayJP.ini", "holidayUS.ini", "holidayFR.ini"}, "holidayUS.ini") {
-    week.CurYear = days.doc.CurYear = 2026;
-    week.CurMonth = days.doc.CurMonth = 11;
-    week.CurDay = 21;
-    days.doc.CurDay = 20;
+    week.SetShownDate({2026, 11, 21});
+    days.doc.SetShownDate({2026, 11, 20});
     week.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
   }
   QWidget* Window() { return dialog.get(); }

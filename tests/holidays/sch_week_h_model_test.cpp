@@ -26,9 +26,7 @@ struct Week {
   SchWeekHModel model{doc, messages, host};
 
   Week() {
-    doc.CurYear = 2026;
-    doc.CurMonth = 11;
-    doc.CurDay = 21;
+    doc.SetShownDate({2026, 11, 21});
     doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
   }
 };

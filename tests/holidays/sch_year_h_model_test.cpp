@@ -47,11 +47,6 @@ struct Year {
     model = std::make_unique<SchYearHModel>(t.store, named, dates, host);
     return *model;
   }
-  void SetDate(const CivilDate& d) {
-    t.doc.CurYear = d.year;
-    t.doc.CurMonth = d.month;
-    t.doc.CurDay = d.day;
-  }
   const AncYYRow& Row(int year) const {
     return t.doc.Tables.AncYY.At(FindYearRow(t.doc.Tables, year));
   }
@@ -92,7 +87,7 @@ TEST(SchYearHModel, OpensWithTheQuestionForTheDayAndTheMarksAYesWouldLeave) {
     AncYYRow& year = y.t.doc.Tables.AncYY.At(y.t.store.FindOrAddYear(date.year));
     year.HolidayOn[date.month - 1] = Mask(row[0]);
     year.HolidayOff[date.month - 1] = Mask(row[1]);
-    y.SetDate(date);
+    y.t.doc.SetShownDate(date);
     y.Open().Form_Load();
     EXPECT_EQ(y.model->Label2(), row[3] + "\n\rAre you sure?") << row.where;
     EXPECT_EQ(y.model->EditsOff(), row.YesNo(4) ? 1 : 0) << row.where;
@@ -108,7 +103,7 @@ using R = const CaseRow&;
 testing::Trace<Year> YearDialogTrace() {
   testing::Trace<Year> t;
   const auto n = [](int value) { return std::to_string(value); };
-  t.steps["date"] = [](S y, R r) { y.SetDate(r.Date(1)); };
+  t.steps["date"] = [](S y, R r) { y.t.doc.SetShownDate(r.Date(1)); };
   t.steps["unnamed"] = [](S y, R) { y.named.HolidayReady = 0; };
   // The masks the month view shows, written over.
   t.steps["shown-mask"] = [](S y, R r) {
