@@ -62,9 +62,7 @@ TEST(ReadHolidayIni, AValueOfOneCharacterOrLessIsNone) {
   }
 }
 
-// The country dialog as tests/data/holidays/country-dialog.txt drives it, over an installation
-// with holidayDE.ini, holidayJP.ini, holidayUS.ini (in use) and holidayXX.ini, titled "Broken"
-// and with no rule that reads.
+// The country dialog as tests/data/holidays/country-dialog.txt drives it.
 struct Countries : CountryFolder {
   DlgSelectHolidayModel model{Services(), named};
   std::size_t seen = 0;

@@ -16,8 +16,7 @@ namespace {
 using testing::CaseRow;
 using testing::YesNo;
 
-// The weekly holiday dialog as tests/data/holidays/week-dialog.txt drives it. The current date
-// is Saturday 2026/11/21; Sunday and Saturday are weekly holidays.
+// The weekly holiday dialog as tests/data/holidays/week-dialog.txt drives it.
 struct Week {
   ScheduleDocument doc;
   FakeMessages messages;
@@ -37,8 +36,6 @@ std::string Flags(const WeekFlags& flags) {
   return text;
 }
 
-// A caption as its fore colour (r red, b button text), back colour (g green, w white) and
-// focus mark (+ or -).
 std::string Look(const CaptionLook& c) {
   return std::string(c.ForeColor == kRedColor          ? "r"
                      : c.ForeColor == kColorButtonText ? "b"
@@ -80,7 +77,6 @@ testing::Trace<Week> WeekDialogTrace() {
   t.looks["changed"] = [n](S w, auto&) { return n(w.model.WeekChanged()); };
   t.looks["decided"] = [n](S w, auto&) { return n(w.model.WeekDecided()); };
   t.looks["dirty"] = [](S w, auto&) { return YesNo(w.doc.Dirty); };
-  // What the dialog asked of the main window since the last look.
   t.looks["calls"] = [](S w, auto&) { return w.host.NewCalls(); };
   return t;
 }

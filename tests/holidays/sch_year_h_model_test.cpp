@@ -28,9 +28,7 @@ TEST(ChooseDayQuestion, OffersTheOppositeOfWhatTheDateIsNow) {
   }
 }
 
-// The holiday dialog of a day as tests/data/holidays/year-dialog.txt drives it: Sunday and
-// Saturday are weekly holidays, and the country file names Friday 2026/11/20 and Sunday
-// 2026/11/22.
+// The holiday dialog of a day as tests/data/holidays/year-dialog.txt drives it.
 struct Year {
   TestStore t;
   FakeHolidayCalendar calendar{{{20261120, "Founders' Day"}, {20261122, "Harvest Day"}}, 3};
