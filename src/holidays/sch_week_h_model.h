@@ -48,7 +48,6 @@ class SchWeekHModel {
 
   const std::array<CaptionLook, 7>& CSCaption1() const { return captions_; }
   int CurrentCaption() const { return currentCaption_; }
-  const WeekFlags& SavedWeekHoliday() const { return saved_; }
   std::int16_t WeekChanged() const { return weekChanged_; }
   std::int16_t WeekDecided() const { return weekDecided_; }
 

@@ -73,7 +73,6 @@ testing::Trace<Week> WeekDialogTrace() {
   t.looks["captions"] = [](S w, auto&) { return testing::Join(w.model.CSCaption1(), " ", Look); };
   t.looks["caption"] = [](S w, auto& i) { return Look(w.model.CSCaption1().at(std::stoul(i))); };
   t.looks["week"] = [](S w, auto&) { return Flags(w.doc.WeekHoliday); };
-  t.looks["saved"] = [](S w, auto&) { return Flags(w.model.SavedWeekHoliday()); };
   t.looks["changed"] = [n](S w, auto&) { return n(w.model.WeekChanged()); };
   t.looks["decided"] = [n](S w, auto&) { return n(w.model.WeekDecided()); };
   t.looks["dirty"] = [](S w, auto&) { return YesNo(w.doc.Dirty); };
