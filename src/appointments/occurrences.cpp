@@ -135,7 +135,7 @@ void OccurrenceMaker::FillItem(const AppointmentInput& input, std::int16_t repea
     record_.AlarmSound = input.sound.empty() ? kDefaultAlarmSound : ToUpperAscii(input.sound);
     record_.AlarmLead = static_cast<std::int16_t>(input.alarmLead);
   }
-  record_.VarLen = VarLenOf(record_);
+  record_.VarLen = VarLenOf(record_, store_.Document().FileCodePage);
 }
 
 void OccurrenceMaker::Write(const SeriesDates& dates, int last, const CivilDate& end,

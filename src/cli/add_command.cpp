@@ -204,9 +204,9 @@ bool FillEditDialog(SchEditModel& model, Messages& messages, ScriptedRepeatDialo
   return true;
 }
 
-int RunAdd(const std::vector<std::string>& args, std::ostream&, std::ostream& err) {
+int RunAdd(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
   const AddRequest r = ParseRequest(args);
-  CliStore cli(err);
+  CliStore cli(err, page);
   if (std::filesystem::exists(r.o.file) && !cli.Load(r.o.file)) return kExitRefused;
 
   // The dialog opens on the date the rule is chosen for, or on the item's date.
@@ -233,6 +233,6 @@ const Verb kAddVerb{"add",
                     " [--repeat daily|weekly|monthly|yearly|monthly-weekday|yearly-weekday\n"
                     "  --every N --count K [--ordinal 1|2|3|4|last] [--weekday sun|...|sat]\n"
                     "  [--rule-date YYYY/MM/DD]]",
-                    "adds an appointment as the dialogs do, and saves the file", RunAdd};
+                    "adds an appointment as the dialogs do, and saves the file", RunAdd, true};
 
 }  // namespace sched

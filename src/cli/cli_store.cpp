@@ -5,10 +5,11 @@
 
 namespace sched {
 
-CliStore::CliStore(std::ostream& err)
+CliStore::CliStore(std::ostream& err, CodePage page)
     : err_(err), store_(doc_, StoreServices{alarms_, progress_, clock_}) {
   store_.ClearIndex();
   store_.ResetHeader();
+  doc_.FileCodePage = page;
 }
 
 bool CliStore::Load(const std::string& path) {

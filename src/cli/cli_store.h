@@ -13,7 +13,8 @@ namespace sched {
 // stream in the program's words, followed by the reason.
 class CliStore {
  public:
-  explicit CliStore(std::ostream& err);
+  // Texts of the files read and written are in `page`.
+  CliStore(std::ostream& err, CodePage page);
 
   // Loads a schedule file from the PC; false when it cannot be read or is damaged ("Read
   // error!"), or is no schedule file at all, refused by its first bytes as the window refuses it.

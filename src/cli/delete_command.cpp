@@ -98,12 +98,12 @@ DeleteAction ChooseAction(const CommandOptions& r) {
 // Removes the K-th item of the day, in the day's order, with its whole series, as Delete on
 // one line of the list does; or runs a bulk command. Every question is answered Yes, except
 // whether to leave the repeating items, which `--keep-repeats` answers.
-int RunDelete(const std::vector<std::string>& args, std::ostream&, std::ostream& err) {
+int RunDelete(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
   const CommandOptions request =
       ParseOptions(args, {"--date", "--index", "--month", "--year", "--older-than", "--newer-than"},
                    {"--keep-repeats"});
   const DeleteAction action = ChooseAction(request);
-  CliStore cli(err);
+  CliStore cli(err, page);
   if (!cli.Load(request.file)) return kExitRefused;
   DeleteAnswers answers(err, request.Flag("--keep-repeats"));
   IsoDateFormatter dates;
@@ -122,6 +122,6 @@ const Verb kDeleteVerb{"delete",
                        "FILE.scl --month YYYY/MM | --year YYYY | --older-than YYYY/MM/DD\n"
                        "   | --newer-than YYYY/MM/DD [--keep-repeats]",
                        "deletes a day's item, or a month's, a year's, older or newer items",
-                       RunDelete};
+                       RunDelete, true};
 
 }  // namespace sched

@@ -55,9 +55,9 @@ void WriteDumpJson(const ScheduleDocument& doc, std::ostream& out) {
   out << "]}\n";
 }
 
-int RunDump(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+int RunDump(const std::vector<std::string>& args, std::ostream& out, std::ostream& err, CodePage page) {
   RequireArguments(args, {"FILE.scl"});
-  CliStore cli(err);
+  CliStore cli(err, page);
   if (!cli.Load(args[0])) return kExitRefused;
   WriteDumpJson(cli.Document(), out);
   return kExitDone;
@@ -65,6 +65,6 @@ int RunDump(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 
 }  // namespace
 
-const Verb kDumpVerb{"dump", "FILE.scl", "the loaded schedule as JSON, the rows by date", RunDump};
+const Verb kDumpVerb{"dump", "FILE.scl", "the loaded schedule as JSON, the rows by date", RunDump, true};
 
 }  // namespace sched

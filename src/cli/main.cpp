@@ -42,7 +42,13 @@ int Run(const std::vector<std::string>& args) {
     return BadUsage("scltool", problem, "scltool --help");
   }
   try {
-    return verb->run({args.begin() + 1, args.end()}, std::cout, std::cerr);
+    std::vector<std::string> rest(args.begin() + 1, args.end());
+    const sched::CodePage page = verb->texts ? sched::TakeCodePage(rest) : sched::CodePage::kWestern;
+    if (page == sched::CodePage::kJapanese && !sched::ShiftJisAvailable()) {
+      std::cerr << "scltool: this system's C library cannot convert Shift-JIS (code page 932)\n";
+      return sched::kExitRefused;
+    }
+    return verb->run(rest, std::cout, std::cerr, page);
   } catch (const sched::UsageError& error) {
     const std::string name(verb->name);
     return BadUsage("scltool " + name, error.what(), "scltool help " + name);

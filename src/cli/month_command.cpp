@@ -10,7 +10,7 @@ namespace {
 // The 42 cells of the month grid as the month tab shows them with day 1 selected, one line a
 // cell (cell, day, colour, background, enabled or disabled, holiday name, tab-separated) and
 // the cell's list lines indented below.
-int RunMonth(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+int RunMonth(const std::vector<std::string>& args, std::ostream& out, std::ostream& err, CodePage page) {
   RequireArguments(args, {"FILE.scl", "YYYY", "MM"}, {"COUNTRYFILE"});
   const int year = RequireInt("YYYY", args[1], kFirstYear, kLastYear);
   const int month = RequireInt("MM", args[2], 1, 12);
@@ -26,7 +26,7 @@ int RunMonth(const std::vector<std::string>& args, std::ostream& out, std::ostre
     holidays.HolidayReady = -1;
   }
 
-  CliStore cli(err);
+  CliStore cli(err, page);
   if (!cli.Load(args[0])) return kExitRefused;
   ScheduleDocument& doc = cli.Document();
   doc.SetShownDate({year, month, 1});
@@ -48,6 +48,6 @@ int RunMonth(const std::vector<std::string>& args, std::ostream& out, std::ostre
 }  // namespace
 
 const Verb kMonthVerb{"month", "FILE.scl YYYY MM [COUNTRYFILE]",
-                      "the month grid of the window as text, with a country's holidays", RunMonth};
+                      "the month grid of the window as text, with a country's holidays", RunMonth, true};
 
 }  // namespace sched

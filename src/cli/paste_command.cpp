@@ -10,12 +10,12 @@ namespace {
 
 // Copies the Kth item of a day, in the day's order, and pastes it on another date as the
 // window does, keeping a series' rule unless `--single` answers No; then saves the file.
-int RunPaste(const std::vector<std::string>& args, std::ostream&, std::ostream& err) {
+int RunPaste(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
   const CommandOptions options = ParseOptions(args, {"--from", "--index", "--to"}, {"--single"});
   const CivilDate from = RequireDate(options.Required("--from"));
   const int index = RequireInt("--index", options.Required("--index"), 1);
   const CivilDate to = RequireDate(options.Required("--to"));
-  CliStore cli(err);
+  CliStore cli(err, page);
   if (!cli.Load(options.file)) return kExitRefused;
   ScheduleDocument& doc = cli.Document();
   StreamMessages messages(err, options.Flag("--single") ? MsgAnswer::No : MsgAnswer::Yes);
@@ -30,6 +30,6 @@ int RunPaste(const std::vector<std::string>& args, std::ostream&, std::ostream& 
 
 const Verb kPasteVerb{"paste", "FILE.scl --from YYYY/MM/DD --index K --to YYYY/MM/DD [--single]",
                       "copies a day's item and pastes it on another date, and saves the file",
-                      RunPaste};
+                      RunPaste, true};
 
 }  // namespace sched

@@ -5,9 +5,9 @@
 namespace sched {
 namespace {
 
-int RunResave(const std::vector<std::string>& args, std::ostream&, std::ostream& err) {
+int RunResave(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
   RequireArguments(args, {"IN.scl", "OUT.scl"});
-  CliStore cli(err);
+  CliStore cli(err, page);
   if (!cli.Load(args[0])) return kExitRefused;
   return cli.Save(args[1]) ? kExitDone : kExitRefused;
 }
@@ -15,6 +15,6 @@ int RunResave(const std::vector<std::string>& args, std::ostream&, std::ostream&
 }  // namespace
 
 const Verb kResaveVerb{"resave", "IN.scl OUT.scl",
-                       "loads a file and saves it again, as the program does", RunResave};
+                       "loads a file and saves it again, as the program does", RunResave, true};
 
 }  // namespace sched

@@ -56,7 +56,7 @@ std::string OpenedSentence(std::uint16_t word, const CivilDate& start, int count
 // What a rule word holds, as one line of JSON, and, given a start date and a count, the
 // sentence the repeat dialog shows when it opens on that rule; a message the dialog shows
 // meanwhile goes to `err`.
-int RunRule(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+int RunRule(const std::vector<std::string>& args, std::ostream& out, std::ostream& err, CodePage) {
   RequireArguments(args, {"WORD"}, {"YYYY/MM/DD", "COUNT"});
   const std::uint16_t word = RequireWord(args[0]);
   const std::optional<CivilDate> start =

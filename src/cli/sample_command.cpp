@@ -10,7 +10,7 @@ namespace {
 constexpr int kSampleFirstYear = kFirstYear + 1;
 constexpr int kSampleLastYear = kLastYear - 5;
 
-int RunSample(const std::vector<std::string>& args, std::ostream&, std::ostream& err) {
+int RunSample(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
   RequireArguments(args, {"OUT.scl"}, {"YYYY", "MM", "DD"});
   const DateTime now = SystemClock().Now();
   CivilDate date{now.year, now.month, now.day};
@@ -21,7 +21,7 @@ int RunSample(const std::vector<std::string>& args, std::ostream&, std::ostream&
       throw UsageError(args[1] + " " + args[2] + " " + args[3] + " is not a date");
     }
   }
-  CliStore cli(err);
+  CliStore cli(err, page);
   BuildSampleSchedule(cli.Store(), date);
   return cli.Save(args[0]) ? kExitDone : kExitRefused;
 }
@@ -30,6 +30,6 @@ int RunSample(const std::vector<std::string>& args, std::ostream&, std::ostream&
 
 const Verb kSampleVerb{"sample", "OUT.scl [YYYY MM DD]",
                        "writes the sample schedule around a date (today when none is given)",
-                       RunSample};
+                       RunSample, true};
 
 }  // namespace sched

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/codepage.h"
+
 namespace sched {
 
 // How scltool ends: done; refused, when a file does not load or save or a check of the
@@ -25,8 +27,12 @@ struct Verb {
   // What the verb does, in one line.
   std::string_view summary;
   // Runs the verb on the arguments behind its name, its results on `out` and its messages on
-  // `err`, and gives the exit status; throws UsageError for arguments it cannot take.
-  int (*run)(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+  // `err`, the texts of its files in `page`, and gives the exit status; throws UsageError for
+  // arguments it cannot take.
+  int (*run)(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+             CodePage page);
+  // True when the verb reads or writes the texts of a schedule and takes --code-page.
+  bool texts = false;
 };
 
 // What is wrong with a verb's arguments, in one line.
@@ -51,6 +57,10 @@ extern const Verb kAlarmsVerb;
 std::span<const Verb* const> Verbs();
 // The verb of that name; nullptr when there is none.
 const Verb* FindVerb(std::string_view name);
+
+// Takes "--code-page 1252|932" out of a verb's arguments: the code page it names, Western when
+// it is not given; a UsageError for another value or a missing one.
+CodePage TakeCodePage(std::vector<std::string>& args);
 
 // The usage of every verb, and each verb's summary.
 void WriteUsage(std::ostream& out);

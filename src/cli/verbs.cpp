@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/cli_args.h"
 #include "cli/verb.h"
 
 namespace sched {
@@ -9,6 +10,11 @@ namespace {
 const std::array<const Verb*, 11> kVerbs = {&kInfoVerb,     &kDumpVerb,  &kResaveVerb, &kSampleVerb,
                                             &kHolidaysVerb, &kMonthVerb, &kAddVerb,    &kDeleteVerb,
                                             &kPasteVerb,    &kRuleVerb,  &kAlarmsVerb};
+
+constexpr std::string_view kCodePageOption = "--code-page";
+constexpr std::string_view kCodePageNote =
+    "takes --code-page 1252|932: the code page of the texts in its files, Western (1252) when\n"
+    "not given, Japanese Shift-JIS (932) for a Japanese organiser's files.\n";
 
 constexpr std::string_view kFirstLead = "usage: ";
 constexpr std::string_view kNextLead = "       ";
@@ -43,6 +49,20 @@ const Verb* FindVerb(std::string_view name) {
   return it == kVerbs.end() ? nullptr : *it;
 }
 
+CodePage TakeCodePage(std::vector<std::string>& args) {
+  const auto option = std::find(args.begin(), args.end(), kCodePageOption);
+  if (option == args.end()) return CodePage::kWestern;
+  if (option + 1 == args.end()) throw UsageError("--code-page needs a value");
+  const int number = RequireInt(kCodePageOption, option[1]);
+  const std::optional<CodePage> page = CodePageOfNumber(number);
+  if (!page) throw UsageError("--code-page takes 1252 or 932");
+  args.erase(option, option + 2);
+  if (std::find(args.begin(), args.end(), kCodePageOption) != args.end()) {
+    throw UsageError("--code-page given twice");
+  }
+  return *page;
+}
+
 void WriteUsage(std::ostream& out) {
   std::string_view lead = kFirstLead;
   for (const Verb* verb : kVerbs) {
@@ -53,6 +73,7 @@ void WriteUsage(std::ostream& out) {
   for (const Verb* verb : kVerbs) {
     out << "  " << verb->name << std::string(10 - verb->name.size(), ' ') << verb->summary << '\n';
   }
+  out << "\nEvery verb on a schedule file " << kCodePageNote;
   out << "\nExit status: 0 done; 1 when a file does not load or save, or the program refuses\n"
          "what is asked, with the reason on standard error; 2 for bad usage.\n";
 }
@@ -60,6 +81,7 @@ void WriteUsage(std::ostream& out) {
 void WriteVerbUsage(const Verb& verb, std::ostream& out) {
   WriteForms(verb, kFirstLead, out);
   out << '\n' << verb.summary << '\n';
+  if (verb.texts) out << "\nIt " << kCodePageNote;
 }
 
 }  // namespace sched

@@ -3,22 +3,26 @@
 #include <array>
 #include <cstdint>
 
+#include "core/shift_jis.h"
+#include "core/utf8.h"
+
 namespace sched {
 namespace {
 
-// Code points of the bytes 0x80 to 0x9F; the rest of the code page equals Latin-1.
+// Code points of the bytes 0x80 to 0x9F of Windows-1252; the rest of the code page equals
+// Latin-1.
 constexpr std::array<char32_t, 32> kHighControls = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  //
     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  //
     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  //
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char32_t ByteToCodePoint(unsigned char byte) {
+char32_t WesternCodePoint(unsigned char byte) {
   if (byte >= 0x80 && byte <= 0x9F) return kHighControls[byte - 0x80];
   return byte;
 }
 
-int CodePointToByte(char32_t cp) {
+int WesternByte(char32_t cp) {
   if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<int>(cp);
   for (std::size_t i = 0; i < kHighControls.size(); ++i) {
     if (kHighControls[i] == cp) return static_cast<int>(0x80 + i);
@@ -26,21 +30,57 @@ int CodePointToByte(char32_t cp) {
   return '?';
 }
 
-void AppendUtf8(std::string& out, char32_t cp) {
-  if (cp < 0x80) {
-    out += static_cast<char>(cp);
-  } else if (cp < 0x800) {
-    out += static_cast<char>(0xC0 | (cp >> 6));
-    out += static_cast<char>(0x80 | (cp & 0x3F));
-  } else {
-    out += static_cast<char>(0xE0 | (cp >> 12));
-    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (cp & 0x3F));
+std::string WesternToUtf8(std::string_view bytes) {
+  std::size_t length = bytes.size();
+  for (char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x80) length += WesternCodePoint(byte) < 0x800 ? 1 : 2;
   }
+  std::string out;
+  out.reserve(length);
+  for (std::size_t pos = 0; pos < bytes.size(); ++pos) {
+    const std::size_t high = FirstHigh(bytes, pos);
+    out.append(bytes.substr(pos, high - pos));
+    if (high == bytes.size()) break;
+    AppendUtf8(out, WesternCodePoint(static_cast<unsigned char>(bytes[high])));
+    pos = high;
+  }
+  return out;
 }
 
-// Decodes one UTF-8 sequence at `pos`, moving `pos` behind it; a malformed sequence gives
-// U+FFFD and moves one byte on.
+// The character at `pos` of Shift-JIS bytes, moving `pos` behind it. A lead byte whose trail
+// byte is missing or out of range gives U+FFFD alone, and the byte behind it is read anew; a
+// well-formed pair that the code page leaves unassigned gives one U+FFFD.
+char32_t NextShiftJis(const ShiftJisTables& sjis, std::string_view bytes, std::size_t& pos) {
+  const auto byte = static_cast<unsigned char>(bytes[pos++]);
+  if (!ShiftJisTables::IsLead(byte)) return ShiftJisTables::SingleByte(byte);
+  if (pos == bytes.size() || !ShiftJisTables::IsTrail(static_cast<unsigned char>(bytes[pos]))) {
+    return kReplacementCharacter;
+  }
+  const char32_t cp = sjis.Pair(byte, static_cast<unsigned char>(bytes[pos++]));
+  return cp != 0 ? cp : kReplacementCharacter;
+}
+
+std::string ShiftJisToUtf8(std::string_view bytes) {
+  const ShiftJisTables& sjis = ShiftJisTables::Get();
+  std::string out;
+  out.reserve(bytes.size() + bytes.size() / 2);
+  for (std::size_t pos = 0; pos < bytes.size();) {
+    const std::size_t high = FirstHigh(bytes, pos);
+    out.append(bytes.substr(pos, high - pos));
+    pos = high;
+    if (pos < bytes.size()) AppendUtf8(out, NextShiftJis(sjis, bytes, pos));
+  }
+  return out;
+}
+
+// The bytes of a character from U+0080 up: 0 for one the code page lacks.
+std::uint16_t ShiftJisBytes(const ShiftJisTables& sjis, char32_t cp) {
+  return cp == kReplacementCharacter ? 0 : sjis.Encode(cp);
+}
+
+}  // namespace
+
 char32_t NextCodePoint(std::string_view text, std::size_t& pos) {
   const auto lead = static_cast<unsigned char>(text[pos]);
   int extra = 0;
@@ -59,17 +99,17 @@ char32_t NextCodePoint(std::string_view text, std::size_t& pos) {
     cp = lead & 0x07;
   } else {
     ++pos;
-    return 0xFFFD;
+    return kReplacementCharacter;
   }
   if (pos + static_cast<std::size_t>(extra) >= text.size()) {
     ++pos;
-    return 0xFFFD;
+    return kReplacementCharacter;
   }
   for (int i = 1; i <= extra; ++i) {
     const auto next = static_cast<unsigned char>(text[pos + static_cast<std::size_t>(i)]);
     if ((next & 0xC0) != 0x80) {
       ++pos;
-      return 0xFFFD;
+      return kReplacementCharacter;
     }
     cp = (cp << 6) | (next & 0x3F);
   }
@@ -77,52 +117,73 @@ char32_t NextCodePoint(std::string_view text, std::size_t& pos) {
   return cp;
 }
 
-// The position of the first byte from 0x80 up at or after `pos`; the size when there is none.
-std::size_t FirstHigh(std::string_view text, std::size_t pos) {
-  while (pos < text.size() && (static_cast<unsigned char>(text[pos]) & 0x80) == 0) ++pos;
-  return pos;
+std::optional<CodePage> CodePageOfNumber(int number) {
+  if (number == static_cast<int>(CodePage::kWestern)) return CodePage::kWestern;
+  if (number == static_cast<int>(CodePage::kJapanese)) return CodePage::kJapanese;
+  return std::nullopt;
 }
 
-}  // namespace
+bool ShiftJisAvailable() {
+  return ShiftJisTables::Get().Available();
+}
 
 bool IsAscii(std::string_view text) {
   return FirstHigh(text, 0) == text.size();
 }
 
-std::string Cp1252ToUtf8(std::string_view bytes) {
-  std::size_t length = bytes.size();
-  for (char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x80) length += ByteToCodePoint(byte) < 0x800 ? 1 : 2;
-  }
-  std::string out;
-  out.reserve(length);
-  for (std::size_t pos = 0; pos < bytes.size(); ++pos) {
-    const std::size_t high = FirstHigh(bytes, pos);
-    out.append(bytes.substr(pos, high - pos));
-    if (high == bytes.size()) break;
-    AppendUtf8(out, ByteToCodePoint(static_cast<unsigned char>(bytes[high])));
-    pos = high;
-  }
-  return out;
+std::string ToUtf8(std::string_view bytes, CodePage page) {
+  return page == CodePage::kJapanese ? ShiftJisToUtf8(bytes) : WesternToUtf8(bytes);
 }
 
-std::string Utf8ToCp1252(std::string_view text) {
+std::string ToCodePage(std::string_view text, CodePage page) {
+  const ShiftJisTables* sjis = page == CodePage::kJapanese ? &ShiftJisTables::Get() : nullptr;
   std::string out;
   out.reserve(text.size());
   for (std::size_t pos = 0; pos < text.size();) {
     const std::size_t high = FirstHigh(text, pos);
     out.append(text.substr(pos, high - pos));
     pos = high;
-    if (pos < text.size()) out += static_cast<char>(CodePointToByte(NextCodePoint(text, pos)));
+    if (pos == text.size()) break;
+    const char32_t cp = NextCodePoint(text, pos);
+    if (sjis == nullptr) {
+      out += static_cast<char>(WesternByte(cp));
+    } else if (const std::uint16_t bytes = ShiftJisBytes(*sjis, cp); bytes == 0) {
+      out += '?';
+    } else {
+      if (bytes > 0xFF) out += static_cast<char>(bytes >> 8);
+      out += static_cast<char>(bytes & 0xFF);
+    }
   }
   return out;
 }
 
-std::size_t Cp1252Length(std::string_view text) {
+std::size_t ByteLength(std::string_view text, CodePage page) {
+  const ShiftJisTables* sjis = page == CodePage::kJapanese ? &ShiftJisTables::Get() : nullptr;
   std::size_t count = 0;
-  for (std::size_t pos = 0; pos < text.size(); ++count) NextCodePoint(text, pos);
+  for (std::size_t pos = 0; pos < text.size();) {
+    const std::size_t high = FirstHigh(text, pos);
+    count += high - pos;
+    pos = high;
+    if (pos == text.size()) break;
+    const char32_t cp = NextCodePoint(text, pos);
+    count += sjis != nullptr && ShiftJisBytes(*sjis, cp) > 0xFF ? 2 : 1;
+  }
   return count;
+}
+
+std::size_t FittingBytes(std::string_view bytes, std::size_t limit, CodePage page) {
+  if (bytes.size() <= limit) return bytes.size();
+  if (page == CodePage::kWestern) return limit;
+  std::size_t pos = 0;
+  while (pos < bytes.size()) {
+    const bool pair = ShiftJisTables::IsLead(static_cast<unsigned char>(bytes[pos])) &&
+                      pos + 1 < bytes.size() &&
+                      ShiftJisTables::IsTrail(static_cast<unsigned char>(bytes[pos + 1]));
+    const std::size_t next = pos + (pair ? 2 : 1);
+    if (next > limit) break;
+    pos = next;
+  }
+  return pos;
 }
 
 }  // namespace sched

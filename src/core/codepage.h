@@ -1,22 +1,38 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace sched {
 
-// The 8-bit text of the device's files is Windows-1252; in memory text is UTF-8.
+// The 8-bit code page of the device's files; in memory text is UTF-8. Western is Windows-1252,
+// Japanese is Shift-JIS as the Windows code page 932 has it, with the NEC and IBM extensions.
+enum class CodePage { kWestern = 1252, kJapanese = 932 };
 
-// True when every byte is below 0x80: such text reads the same in both encodings.
+// The code page of that number (1252 or 932); nothing for another.
+std::optional<CodePage> CodePageOfNumber(int number);
+
+// False when the C library cannot convert Shift-JIS: its conversion modules are missing.
+bool ShiftJisAvailable();
+
+// True when every byte is below 0x80: such text reads the same in every code page.
 bool IsAscii(std::string_view text);
 
-// Every byte maps to a character; the five unassigned bytes keep their C1 control code points.
-std::string Cp1252ToUtf8(std::string_view bytes);
+// The 8-bit text as UTF-8. Every byte of Windows-1252 maps to a character, its five unassigned
+// bytes to their C1 control code points. In Shift-JIS a lead byte without its trail byte, or a
+// pair the code page does not assign, becomes U+FFFD.
+std::string ToUtf8(std::string_view bytes, CodePage page);
 
-// Characters without a Windows-1252 byte, and malformed UTF-8, become '?'.
-std::string Utf8ToCp1252(std::string_view text);
+// The 8-bit form of UTF-8 text; characters the code page lacks, and malformed UTF-8, become '?'.
+std::string ToCodePage(std::string_view text, CodePage page);
 
-// Bytes that `text` takes in its 8-bit form.
-std::size_t Cp1252Length(std::string_view text);
+// Bytes that `text` takes in its 8-bit form: a double-byte character counts 2.
+std::size_t ByteLength(std::string_view text, CodePage page);
+
+// The length of the longest head of the 8-bit `bytes` that takes at most `limit` bytes and ends
+// between two characters: a cut never splits a double-byte character.
+std::size_t FittingBytes(std::string_view bytes, std::size_t limit, CodePage page);
 
 }  // namespace sched

@@ -39,7 +39,7 @@ std::string ReadCountryTitle(const std::string& path) {
     if (*at == '\r' || *at == '\n') break;
     title += *at;
   }
-  return Cp1252ToUtf8(title);
+  return ToUtf8(title, CodePage::kWestern);
 }
 
 }  // namespace sched

@@ -24,7 +24,7 @@ const HolidayTable::Year& HolidayTable::YearOf(int year) {
   if (!cached) {
     auto table = std::make_unique<Year>();
     for (const NamedDay& named : EvaluateYear(file_, year)) {
-      table->names.push_back(Cp1252ToUtf8(named.name));
+      table->names.push_back(ToUtf8(named.name, CodePage::kWestern));
       table->slot[static_cast<std::size_t>((named.month - 1) * 31 + named.day - 1)] =
           static_cast<std::int16_t>(table->names.size());
     }

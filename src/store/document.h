@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/calendar.h"
+#include "core/codepage.h"
 #include "store/sch_tables.h"
 #include "store/scl_format.h"
 
@@ -29,6 +30,8 @@ struct ScheduleDocument {
   YearMasks NextYearMasks;
 
   std::int16_t PrivateLevel = 1;
+  // The code page of the texts in the files that are read and written next.
+  CodePage FileCodePage = CodePage::kWestern;
   int LoadedRecords = 0;  // records the last load read from the file
   bool Dirty = false;
   std::string ScheduleFile;  // path of the open file, "" when untitled

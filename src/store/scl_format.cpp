@@ -232,9 +232,9 @@ std::int16_t VariablePartLength(std::size_t textBytes, int alarmOn) {
   return static_cast<std::int16_t>(textBytes + 8 + (alarmOn == 1 ? 10 : 0));
 }
 
-std::int16_t VarLenOf(const SchRecord& record) {
-  const std::size_t textBytes =
-      Cp1252Length(record.Title) + Cp1252Length(record.Place) + Cp1252Length(StripCR(record.Memo));
+std::int16_t VarLenOf(const SchRecord& record, CodePage page) {
+  const std::size_t textBytes = ByteLength(record.Title, page) + ByteLength(record.Place, page) +
+                                ByteLength(StripCR(record.Memo), page);
   return VariablePartLength(textBytes, record.AlarmOn);
 }
 

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/codepage.h"
 #include "store/sch_record.h"
 
 namespace sched {
@@ -138,9 +139,9 @@ void WriteRecord(ByteWriter& out, const SchRecord& record);
 // VarLen: the bytes of a record's variable part, that is its three texts' bytes, 8 for their
 // counts and the alarm flag, and 10 more for the sound and the lead when the alarm is 1.
 std::int16_t VariablePartLength(std::size_t textBytes, int alarmOn);
-// The same for a record as memory holds it: the texts counted in their 8-bit form, the memo
-// without the carriage returns the file leaves out.
-std::int16_t VarLenOf(const SchRecord& record);
+// The same for a record as memory holds it: the texts counted in their 8-bit form of `page`,
+// the memo without the carriage returns the file leaves out.
+std::int16_t VarLenOf(const SchRecord& record, CodePage page);
 
 // Offsets of the links inside the parts, for patching.
 inline constexpr std::int32_t kYearNextOffset = 2;

@@ -43,8 +43,8 @@ class ClaimedBytes {
 };
 
 // A text of the file as the tables hold it: UTF-8, every line break CR LF, no tabs.
-std::string TableText(std::string_view bytes) {
-  std::string text = Cp1252ToUtf8(bytes);
+std::string TableText(std::string_view bytes, CodePage page) {
+  std::string text = IsAscii(bytes) ? std::string(bytes) : ToUtf8(bytes, page);
   const auto special = [](char c) { return c == '\t' || c == '\r' || c == '\n'; };
   if (std::none_of(text.begin(), text.end(), special)) return text;
   return TabToBlank(LfToCrLf(text));
@@ -236,7 +236,7 @@ class SclLoader {
     const std::uint16_t length = in_.U16();
     if (length == 0) return {};
     ClaimNext(length, part);
-    return TableText(in_.Bytes(length));
+    return TableText(in_.Bytes(length), doc_.FileCodePage);
   }
 
   static void CheckRecord(std::int64_t offset, const SchRecord& f) {
@@ -266,7 +266,7 @@ class SclLoader {
     if (row.AlarmOn == 1) {
       ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes), "alarm sound");
       const std::string_view sound = in_.Bytes(kAlarmSoundBytes);
-      row.AlarmSound = Cp1252ToUtf8(sound.substr(0, sound.find('\0')));
+      row.AlarmSound = TableText(sound.substr(0, sound.find('\0')), doc_.FileCodePage);
       ClaimNext(2, "alarm lead");
       row.AlarmLead = in_.I16();
     }

@@ -12,18 +12,23 @@ namespace sched {
 namespace {
 
 // Turns a text into its 8-bit form for the file.
-void ToFileText(std::string& text) {
-  if (!IsAscii(text)) text = Utf8ToCp1252(text);
+void ToFileText(std::string& text, CodePage page) {
+  if (!IsAscii(text)) text = ToCodePage(text, page);
+}
+
+// Cuts 8-bit text to at most `limit` bytes, between two characters.
+void CutToBytes(std::string& text, std::size_t limit, CodePage page) {
+  text.resize(FittingBytes(text, limit, page));
 }
 
 // The variable part's size must fit its signed 16-bit count, which a reader may use to find
 // the next record: the memo gives way first, then the place, then the title.
-void FitVariablePart(SchRecord& rec) {
+void FitVariablePart(SchRecord& rec, CodePage page) {
   constexpr std::size_t kMaxTexts = 32767 - 8 - 10;
   for (std::string* text : {&rec.Memo, &rec.Place, &rec.Title}) {
     const std::size_t total = rec.Title.size() + rec.Place.size() + rec.Memo.size();
     if (total <= kMaxTexts) return;
-    text->resize(text->size() - std::min(text->size(), total - kMaxTexts));
+    CutToBytes(*text, text->size() - std::min(text->size(), total - kMaxTexts), page);
   }
 }
 
@@ -198,10 +203,10 @@ class SclWriter {
     }
     rec.Memo = StripCR(rec.Memo);
     for (std::string* text : {&rec.Title, &rec.Place, &rec.Memo, &rec.AlarmSound}) {
-      ToFileText(*text);
+      ToFileText(*text, doc_.FileCodePage);
     }
-    FitVariablePart(rec);
-    if (rec.AlarmSound.size() > kAlarmSoundBytes) rec.AlarmSound.resize(kAlarmSoundBytes);
+    FitVariablePart(rec, doc_.FileCodePage);
+    CutToBytes(rec.AlarmSound, kAlarmSoundBytes, doc_.FileCodePage);
     rec.VarLen =
         VariablePartLength(rec.Title.size() + rec.Place.size() + rec.Memo.size(), rec.AlarmOn);
     return rec;

@@ -8,9 +8,9 @@ namespace {
 TEST(Codepage, EveryByteRoundTrips) {
   std::string all;
   for (int b = 1; b < 256; ++b) all += static_cast<char>(b);
-  const std::string utf8 = Cp1252ToUtf8(all);
-  EXPECT_EQ(Utf8ToCp1252(utf8), all);
-  EXPECT_EQ(Cp1252Length(utf8), all.size());
+  const std::string utf8 = ToUtf8(all, CodePage::kWestern);
+  EXPECT_EQ(ToCodePage(utf8, CodePage::kWestern), all);
+  EXPECT_EQ(ByteLength(utf8, CodePage::kWestern), all.size());
 }
 
 TEST(Codepage, KnownCharacters) {
@@ -26,19 +26,20 @@ TEST(Codepage, KnownCharacters) {
       {"\xA0", "\u00A0"},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(Cp1252ToUtf8(c.bytes), c.utf8);
-    EXPECT_EQ(Utf8ToCp1252(c.utf8), c.bytes);
+    EXPECT_EQ(ToUtf8(c.bytes, CodePage::kWestern), c.utf8);
+    EXPECT_EQ(ToCodePage(c.utf8, CodePage::kWestern), c.bytes);
   }
 }
 
 TEST(Codepage, UnmappableAndMalformedBecomeQuestionMarks) {
-  EXPECT_EQ(Utf8ToCp1252("\u65E5\u672C"), "??");  // no 8-bit form
-  EXPECT_EQ(Utf8ToCp1252("a\xC3"), "a?");         // cut sequence
-  EXPECT_EQ(Utf8ToCp1252("\xFF"
-                         "b"),
+  EXPECT_EQ(ToCodePage("\u65E5\u672C", CodePage::kWestern), "??");  // no 8-bit form
+  EXPECT_EQ(ToCodePage("a\xC3", CodePage::kWestern), "a?");         // cut sequence
+  EXPECT_EQ(ToCodePage("\xFF"
+                       "b",
+                       CodePage::kWestern),
             "?b");
-  EXPECT_EQ(Utf8ToCp1252("\xF0\x9F\x98\x80"), "?");  // one character outside the BMP
-  EXPECT_EQ(Cp1252Length("\u00E9t\u00E9"), 3u);
+  EXPECT_EQ(ToCodePage("\xF0\x9F\x98\x80", CodePage::kWestern), "?");  // one character outside the BMP
+  EXPECT_EQ(ByteLength("\u00E9t\u00E9", CodePage::kWestern), 3u);
 }
 
 }  // namespace

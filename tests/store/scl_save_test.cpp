@@ -129,13 +129,13 @@ TEST(SclSave, TheVarLenOfARecordInMemoryIsWhatTheFileWrites) {
   alarmed.Stamp ^= 1;
   alarmed.AlarmOn = 1;
   alarmed.AlarmSound = kDefaultAlarmSound;
-  EXPECT_EQ(VarLenOf(plain), 4 + 3 + 8);
-  EXPECT_EQ(VarLenOf(alarmed), 4 + 3 + 8 + 10);
+  EXPECT_EQ(VarLenOf(plain, CodePage::kWestern), 4 + 3 + 8);
+  EXPECT_EQ(VarLenOf(alarmed, CodePage::kWestern), 4 + 3 + 8 + 10);
   s.store.InsertRecord(plain);
   s.store.InsertRecord(alarmed);
   ASSERT_TRUE(s.RoundTrip());
-  EXPECT_EQ(s.doc.Tables.SchDatList.At(0).VarLen, VarLenOf(plain));
-  EXPECT_EQ(s.doc.Tables.SchDatList.At(1).VarLen, VarLenOf(alarmed));
+  EXPECT_EQ(s.doc.Tables.SchDatList.At(0).VarLen, VarLenOf(plain, CodePage::kWestern));
+  EXPECT_EQ(s.doc.Tables.SchDatList.At(1).VarLen, VarLenOf(alarmed, CodePage::kWestern));
 }
 
 TEST(SclSave, AMultiDayItemOfOneDateIsWrittenAsADayRecord) {
