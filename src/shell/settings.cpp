@@ -72,6 +72,18 @@ bool IsPimLinkInstalled(Registry& registry) {
   return registry.ReadNumber(kPimLinkKey, kPimLinkInstallValue) == 1u;
 }
 
+CodePage ReadCodePage(SettingsStore& settings) {
+  const std::string stored = settings.GetSetting(kSettingsApp, kDayviewSection, kCodePageKey, "");
+  const std::optional<CodePage> page = CodePageOfNumber(ParseInt(stored).value_or(0));
+  if (!page || (*page == CodePage::kJapanese && !ShiftJisAvailable())) return CodePage::kWestern;
+  return *page;
+}
+
+void SaveCodePage(SettingsStore& settings, CodePage page) {
+  settings.SaveSetting(kSettingsApp, kDayviewSection, kCodePageKey,
+                       std::to_string(static_cast<int>(page)));
+}
+
 std::optional<WindowPlacement> ParseWindowPlacement(const std::string& text) {
   int numbers[5] = {};
   std::size_t start = 0;

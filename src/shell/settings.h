@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/codepage.h"
 #include "platform/device_files.h"
 #include "platform/registry.h"
 #include "platform/settings_store.h"
@@ -15,6 +16,7 @@ inline constexpr const char* kSettingsApp = "Sorvane";
 inline constexpr const char* kDayviewSection = "Dayview";
 inline constexpr const char* kLastFileKey = "File1";
 inline constexpr const char* kWindowPlacementKey = "WindwInformation";
+inline constexpr const char* kCodePageKey = "CodePage";
 
 // Remembers the open file: "<onPc>,<PC: or Tarvex:><name>,<full path>".
 void StoreLastFile(SettingsStore& settings, const std::string& section, const std::string& path,
@@ -36,6 +38,11 @@ LastFile RestoreLastFile(SettingsStore& settings, DeviceFiles& device, const std
 
 // True when the data link component is installed: its "Install" value is the number 1.
 bool IsPimLinkInstalled(Registry& registry);
+
+// The code page of the device's files, stored under "Dayview" as its number; Western when none
+// or another number is stored, and when the system cannot convert the stored one.
+CodePage ReadCodePage(SettingsStore& settings);
+void SaveCodePage(SettingsStore& settings, CodePage page);
 
 // The show states of a window's place, as they are stored.
 inline constexpr int kShowNormal = 1;
