@@ -68,6 +68,7 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   QObject::connect(window_.get(), &SchMain::Unloading, window_.get(),
                    [this] { noticeWindows_.CloseNoticeWindows(); });
 
+  doc_.FileCodePage = ReadCodePage(p_.settings);
   session_->ResetToToday(true);
   window_->SetTitle(kUntitledCaption);
   window_->RestoreWindowPlacement();

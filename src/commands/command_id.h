@@ -38,6 +38,8 @@ enum class CommandId {
   RingAlarm,
   AutoEditAlarm,
   TransferMessage,
+  CodePageWestern,
+  CodePageJapanese,
   DisconnectionSetup,
   // Help
   HelpContents,

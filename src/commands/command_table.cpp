@@ -56,6 +56,35 @@ void AddHolidayEntries(std::vector<MenuEntry>& entries, const std::string& subme
   entries.push_back(EndSubmenu());
 }
 
+// The "Code Page" submenu of the Options menu: the code page of the organiser's files, one of
+// two.
+void AddCodePageEntries(std::vector<MenuEntry>& entries) {
+  entries.push_back(Submenu("CodePageMenu", "Code &Page"));
+  for (MenuEntry entry :
+       {Check("CodePageWestern", "&Western (Windows-1252)", CodePageWestern, true),
+        Check("CodePageJapanese", "&Japanese (Shift-JIS, 932)", CodePageJapanese, false)}) {
+    entry.radio = true;
+    entry.statusTip =
+        "The code page of the texts in the organiser's files; applies to the next file opened "
+        "or saved";
+    entries.push_back(std::move(entry));
+  }
+  entries.push_back(EndSubmenu());
+}
+
+std::vector<MenuEntry> OptionEntries() {
+  MenuEntry updateAlarm =
+      Check("UpdateAlarm", "&Automatic edit of alarm time", AutoEditAlarm, true);
+  updateAlarm.hidden = true;
+  std::vector<MenuEntry> entries = {
+      Check("BeepAlarm", "&Ring an alarm on PC", RingAlarm, true), updateAlarm,
+      Check("MenuCheckMsg", "Show the &transfer message", TransferMessage, false), Separator()};
+  AddCodePageEntries(entries);
+  entries.push_back(Separator());
+  entries.push_back(Entry("Disconnect_Setup", "&Disconnection Setup...", DisconnectionSetup));
+  return entries;
+}
+
 std::vector<MenuEntry> EditEntries() {
   std::vector<MenuEntry> entries = {Entry("CopySchdat", "&Copy", Copy),
                                     Entry("PasteSchdat", "&Paste", Paste),
@@ -69,9 +98,6 @@ std::vector<MenuEntry> EditEntries() {
 }
 
 std::vector<MenuDefinition> MakeMenuBar() {
-  MenuEntry updateAlarm =
-      Check("UpdateAlarm", "&Automatic edit of alarm time", AutoEditAlarm, true);
-  updateAlarm.hidden = true;
   return {
       {"FileMenu",
        "&File",
@@ -100,11 +126,7 @@ std::vector<MenuDefinition> MakeMenuBar() {
        "Data &Link",
        {Entry("PcImport", "&Import...", LinkImport), Entry("PcExport", "&Export...", LinkExport),
         Entry("PcExpOption", "Im&port exported data", LinkImportExported)}},
-      {"MenuDefine",
-       "&Options",
-       {Check("BeepAlarm", "&Ring an alarm on PC", RingAlarm, true), updateAlarm,
-        Check("MenuCheckMsg", "Show the &transfer message", TransferMessage, false), Separator(),
-        Entry("Disconnect_Setup", "&Disconnection Setup...", DisconnectionSetup)}},
+      {"MenuDefine", "&Options", OptionEntries()},
       {"HelpMenu",
        "&Help",
        {Entry("HelpTopic", "&Contents", HelpContents, StandardKey::HelpContents), Separator(),

@@ -21,6 +21,8 @@ struct MenuEntry {
   bool checkable = false;
   bool checked = false;  // the check mark at start
   bool hidden = false;
+  bool radio = false;     // one of the checkable entries of its submenu, of which one is checked
+  std::string statusTip;  // what the entry does, beyond its caption
 };
 
 struct MenuDefinition {

@@ -16,9 +16,7 @@ class ShiftJisTables {
   static bool IsLead(unsigned char byte) {
     return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
   }
-  static bool IsTrail(unsigned char byte) {
-    return byte >= 0x40 && byte <= 0xFC && byte != 0x7F;
-  }
+  static bool IsTrail(unsigned char byte) { return byte >= 0x40 && byte <= 0xFC && byte != 0x7F; }
   // The character of a single byte from 0x80 up that is no lead byte.
   static char32_t SingleByte(unsigned char byte);
 

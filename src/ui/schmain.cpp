@@ -1,5 +1,6 @@
 #include "ui/schmain.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
@@ -58,6 +59,13 @@ QKeySequence StandardSequence(StandardKey key) {
   return {};
 }
 
+// Puts the action into the group of one checked entry of its menu.
+void JoinRadioGroup(QMenu* menu, QAction* action) {
+  auto* group = menu->findChild<QActionGroup*>(QString(), Qt::FindDirectChildrenOnly);
+  if (group == nullptr) group = new QActionGroup(menu);
+  group->addAction(action);
+}
+
 void SchMain::AddEntries(QMenu* menu, const MenuDefinition& definition, CommandPlace place,
                          std::vector<CommandAction>& actions) {
   std::vector<QMenu*> open{menu};
@@ -77,6 +85,12 @@ void SchMain::AddEntries(QMenu* menu, const MenuDefinition& definition, CommandP
         action->setShortcut(StandardSequence(e.key));
         action->setCheckable(e.checkable);
         action->setChecked(e.checked);
+        if (e.radio) JoinRadioGroup(into, action);
+        if (!e.statusTip.empty()) {
+          action->setStatusTip(QString::fromStdString(e.statusTip));
+          action->setToolTip(action->statusTip());
+          into->setToolTipsVisible(true);
+        }
         action->setVisible(!e.hidden);
         action->setEnabled(s_.commands.Has(e.command));
         const CommandId id = e.command;
@@ -122,6 +136,8 @@ void SchMain::BindWindowCommands() {
   c.Bind(CommandId::RingAlarm,
          [this] { s_.alarms.BeepAlarm = ActionOf(CommandId::RingAlarm)->isChecked(); });
   c.Bind(CommandId::TransferMessage, [this] { MenuCheckMsg_Click(); });
+  c.Bind(CommandId::CodePageWestern, [this] { ChooseCodePage(CodePage::kWestern); });
+  c.Bind(CommandId::CodePageJapanese, [this] { ChooseCodePage(CodePage::kJapanese); });
   c.Bind(CommandId::DisconnectionSetup, [this] {
     const NoticesHeldWhile held(s_.alarms);
     s_.device.Sor_SetupDisconnection();
@@ -261,6 +277,14 @@ void SchMain::BringToFront() {
 void SchMain::MenuDefine_Open() {
   ActionOf(CommandId::TransferMessage)
       ->setChecked(s_.settings.GetSetting(kSettingsApp, "Global", "MsgDsp", "0") == "0");
+  const bool japanese = doc_->FileCodePage == CodePage::kJapanese;
+  ActionOf(japanese ? CommandId::CodePageJapanese : CommandId::CodePageWestern)->setChecked(true);
+  ActionOf(CommandId::CodePageJapanese)->setEnabled(ShiftJisAvailable());
+}
+
+void SchMain::ChooseCodePage(CodePage page) {
+  store_->Document().FileCodePage = page;
+  SaveCodePage(s_.settings, page);
 }
 
 void SchMain::MenuCheckMsg_Click() {

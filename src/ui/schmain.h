@@ -165,6 +165,8 @@ class SchMain : public QMainWindow, public DocumentView {
   void AfterHolidayDialog();
   HolidayDialogHost& HolidayHost();
   void MenuCheckMsg_Click();
+  // The code page of the files read and written next, kept for the next start.
+  void ChooseCodePage(CodePage page);
   bool AcceptsDrop(const QMimeData* mime) const;
 
   SchMainServices s_;

@@ -54,7 +54,10 @@ struct Program : ViewsGuiTest {
   QListWidget* List() const { return window->ScheduleListDialog()->List1(); }
   // A path of a case with $sample, $install and $dir in place, and a path shown with them.
   std::vector<std::pair<std::string, std::string>> Names() const {
-    return {{"$sample", Sample()}, {"$install", install}, {"$dir", dir.Path().string()}};
+    return {{"$sample", Sample()},
+            {"$install", install},
+            {"$dir", dir.Path().string()},
+            {"$testdata", SCHEDULER_TEST_DATA_DIR}};
   }
   std::string Path(std::string text) const {
     for (const auto& [name, value] : Names()) {

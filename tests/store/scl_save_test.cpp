@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/support/test_store.h"
 
 namespace sched {
@@ -163,6 +165,34 @@ TEST(SclSave, TextsTooLongForTheRecordsSizeFieldAreCutMemoFirst) {
   EXPECT_EQ(row.Title, "Title");
   EXPECT_EQ(row.Place.size(), 20000u);
   EXPECT_EQ(row.Memo.size(), 32749u - 5 - 20000);
+}
+
+TEST(SclSave, ShiftJisTextsCountTwoBytesACharacterAndAreCutBetweenCharacters) {
+  TestStore s;
+  s.doc.FileCodePage = CodePage::kJapanese;
+  EXPECT_EQ(VarLenOf(MakeItem(2026, 11, 24, 540, 600, "\u4F1A\u8B70"), CodePage::kJapanese), 4 + 8);
+  SchRecord r = MakeItem(2026, 11, 24, 540, 600, "\u4F1AX");  // 3 bytes
+  r.Place = std::string(5001, 'p');
+  r.Memo = std::string(10000, 'm');
+  for (int i = 0; i < 12000; ++i) r.Memo += "\u6A19";  // 34,000 bytes
+  r.AlarmOn = 1;
+  r.AlarmSound = "ALARM\u4F1A\u8B70";  // 9 bytes: the second kanji does not fit in eight
+  s.store.InsertRecord(r);
+  std::vector<std::uint8_t> bytes = s.SaveTo("japanese.scl");
+  // The memo gave way to the size field: 17,745 bytes were left for the kanji, 8,872 whole ones.
+  EXPECT_EQ(bytes[12 + 36] | bytes[12 + 37] << 8, 3 + 5001 + 10000 + 2 * 8872 + 8 + 10);
+  const std::vector<std::uint8_t> title = {0x89, 0xEF, 'X'};
+  const auto at = std::search(bytes.begin(), bytes.end(), title.begin(), title.end());
+  ASSERT_NE(at, bytes.end());
+  at[2] = 0x89;  // a lead byte at the end of the field
+  WriteBytes(s.dir.File("broken.scl"), bytes);
+  ASSERT_TRUE(s.LoadFrom(s.dir.File("broken.scl")));
+  const SchDatRow& row = s.doc.Tables.SchDatList.At(0);
+  EXPECT_EQ(row.Title, "\u4F1A\uFFFD");
+  EXPECT_EQ(row.AlarmSound, "ALARM\u4F1A");
+  EXPECT_EQ(row.Memo.size(), 10000u + 3u * 8872);
+  ASSERT_TRUE(s.RoundTrip());
+  EXPECT_EQ(s.doc.Tables.SchDatList.At(0).Title, "\u4F1A?");
 }
 
 }  // namespace

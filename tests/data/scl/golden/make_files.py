@@ -214,6 +214,31 @@ def code_page(saved):
     return years, [item, november, years[0]]
 
 
+def japanese_932(saved):
+    """Texts of a Japanese organiser in Shift-JIS: kanji, kana, half-width katakana, a character
+    of the NEC extensions, and the national holidays as a PIM program delivers them, with every
+    holiday name that the data link passes over. No character has a second pair in the code page,
+    so a save writes the same bytes."""
+    def sjis(text):
+        return text.encode("cp932")
+    holiday_names = ["元日", "成人の日", "建国記念日", "春分の日", "みどりの日", "憲法記念日",
+                     "国民の休日", "こどもの日", "海の日", "敬老の日", "秋分の日", "体育の日",
+                     "文化の日", "勤労感謝の日", "天皇誕生日", "振替休日"]
+    when = stamp(2026, 11, 1, 9, 0, 0)
+    culture = Record((2026, 11, 3), (2026, 11, 3), NONE, NONE, sjis("文化の日"),
+                     memo=sjis("場所:日本"), stamp=when)
+    labour = Record((2026, 11, 23), (2026, 11, 23), NONE, NONE, sjis("勤労感謝の日"),
+                    memo=sjis("場所:日本"), stamp=when + 2)
+    names = Record((2026, 11, 24), (2026, 11, 24), NONE, NONE, sjis("祝日の名前"),
+                   memo=sjis("\n".join(holiday_names)), stamp=when + 4)
+    meeting = Record((2026, 11, 24), (2026, 11, 24), 540, 600, sjis("会議"),
+                     sjis("東京都庁 第一本庁舎"), sjis("資料を持参\n①議題の確認\n②ｶﾀｶﾅ"),
+                     stamp=when + 6, alarm=(b"SCHALARM", 10))
+    november = Month(11, {3: [culture], 23: [labour], 24: [names, meeting]})
+    years = [Year(2026, [november])]
+    return years, [culture, labour, names, meeting, november, years[0]]
+
+
 def private_pc(saved):
     """Private items of several levels in a file on the PC: every one loads."""
     items = [Record((2026, 11, 24), (2026, 11, 24), 480 + 60 * n, 510 + 60 * n,
@@ -232,6 +257,7 @@ def empty(saved):
 
 FILES = {"kinds": (kinds, 0x01, True), "year_end": (year_end, 0x41, False),
          "end_2099": (end_2099, 0x01, False), "code_page": (code_page, 0x01, False),
+         "japanese_932": (japanese_932, 0x41, False),
          "private_pc": (private_pc, 0x01, True), "empty": (empty, 0x41, False)}
 
 for name, (build, week_mask, changes_on_load) in FILES.items():
