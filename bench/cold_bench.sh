@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Whole-process timings on a schedule of years of real use: every run is a fresh process that
 # reads the file from the page cache, as a user's command does. Prints the median wall time and
-# the median peak memory of `scltool resave` and `scltool info`, and, when the window is built,
-# the time the window takes to open the file and paint it.
+# the median peak memory of `scltool resave` and `scltool info`, on a schedule of English texts
+# and on one of Japanese texts in the Japanese code page, and, when the window is built, the
+# time the window takes to open the English one and paint it.
 #
 # usage: bench/cold_bench.sh [BUILD_DIR] [RUNS]
 # Needs make_schedule and scltool built in BUILD_DIR (default build), and /usr/bin/time; the
@@ -15,7 +16,9 @@ runs=${2:-11}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 file="$work/schedule.scl"
+japanese="$work/japanese.scl"
 "$build/bench/make_schedule" "$file"
+"$build/bench/make_schedule" "$japanese" --japanese
 
 median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
 
@@ -37,15 +40,20 @@ echo "Schedule: $((size_kb / 1024)) MB, $("$build/src/cli/scltool" info "$file" 
   sed -n 's/^Records in the file: //p') records, $("$build/src/cli/scltool" info "$file" |
   sed -n 's/^Rows (one a day of each item): //p') rows; median of $runs runs"
 printf '%-16s %8s %10s %12s\n' command ms peak_MB peak/file
+# report NAME FILE COMMAND...: the command's figures, its peak against the size of FILE.
 report() {
-  local name=$1 ms kb
-  shift
+  local name=$1 file_kb=$(($(stat -c %s "$2") / 1024)) ms kb
+  shift 2
   read -r ms kb < <(measure "$@")
-  awk -v n="$name" -v ms="$ms" -v kb="$kb" -v file="$size_kb" \
+  awk -v n="$name" -v ms="$ms" -v kb="$kb" -v file="$file_kb" \
     'BEGIN {printf "%-16s %8d %10.1f %12.2f\n", n, ms, kb / 1024, kb / file}'
 }
-report "scltool resave" "$build/src/cli/scltool" resave "$file" "$work/out.scl"
-report "scltool info" "$build/src/cli/scltool" info "$file"
+scltool="$build/src/cli/scltool"
+report "scltool resave" "$file" "$scltool" resave "$file" "$work/out.scl"
+report "scltool info" "$file" "$scltool" info "$file"
+echo "Japanese texts: $(($(stat -c %s "$japanese") / 1048576)) MB"
+report "scltool resave" "$japanese" "$scltool" resave "$japanese" "$work/out.scl" --code-page 932
+report "scltool info" "$japanese" "$scltool" info "$japanese" --code-page 932
 
 app="$build/src/app/scheduler"
 setup="$build/src/setup/scheduler-setup"

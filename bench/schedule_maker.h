@@ -3,62 +3,25 @@
 // The records of a schedule of the size and content of years of real use, for the benchmarks.
 //
 // Twenty years of items: timed and all-day items, weekly and monthly series, items over two to
-// six days; titles, places and memos of a few lines as people write them, some with accented
-// letters, dashes and quotes outside ASCII; some private, some with an alarm. 208k rows make
-// about 143k records and a file of 15 MB, half of it text.
+// six days; titles, places and memos of a few lines as people write them, in English with
+// accented letters, dashes and quotes outside ASCII, or in Japanese; some private, some with an
+// alarm. 208k rows make about 143k records and a file of 15 MB, half of it text.
 #include <algorithm>
 #include <cstdint>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "bench/vocabulary.h"
 #include "core/calendar.h"
 #include "store/sch_record.h"
 
 namespace sched {
 
-using Words = std::vector<const char*>;
-
-inline const Words kActions = {"Meeting with", "Call",         "Lunch with", "Review with",
-                               "Visit",        "Pick up",      "Interview",  "Dinner with",
-                               "Coffee with",  "Workshop with"};
-inline const Words kPeople = {
-    "Anna",         "Bob",        "Jürgen Müller", "the team",       "Zoë",   "François",
-    "the landlord", "Dr. Okafor", "Grandma",       "the accountant", "Søren", "the school board"};
-inline const Words kTopics = {"budget 2025",    "release plan", "quarterly figures",
-                              "the new office", "holiday rota", "contract renewal",
-                              "kitchen refit",  "tax return",   "website – second draft",
-                              "“Project Alder”"};
-inline const Words kPlaces = {"Room 214",
-                              "Café Zentral",
-                              "Main Street 12, 2nd floor",
-                              "Town hall",
-                              "Hôtel de Ville, salle B",
-                              "Online",
-                              "Dentist, Oak Road 5",
-                              "Gym",
-                              "Station car park",
-                              "Conference room “Harbour”",
-                              "Küche",
-                              "Office"};
-inline const Words kMemoLines = {
-    "Bring the printed notes and the laptop charger.",
-    "Ask about the budget for next year.",
-    "Parking is behind the building, entrance from the side street.",
-    "Agenda: 1. minutes 2. figures 3. any other business",
-    "Call ahead if late: 0171 555 0192",
-    "Remember the receipts (about 240 €).",
-    "Door code 4711, third floor, ring twice.",
-    "Take the umbrella – rain is forecast.",
-    "Prepare two questions on the schedule.",
-    "Send the slides to everyone afterwards.",
-    "Pay the invoice before the end of the month.",
-    "Follow-up from last week’s call.",
-};
-
 class ScheduleMaker {
  public:
-  explicit ScheduleMaker(std::uint32_t seed) : random_(seed) {}
+  explicit ScheduleMaker(std::uint32_t seed, const Vocabulary& words = kEnglishWords)
+      : random_(seed), words_(words) {}
 
   // Records, one a row, until there are at least `rows`.
   std::vector<SchRecord> Make(int rows) {
@@ -102,8 +65,8 @@ class ScheduleMaker {
   static void SetEnd(SchRecord& r, const CivilDate& d) { SetEndDate(r, d); }
 
   std::string Title() {
-    std::string title = std::string(Any(kActions)) + " " + Any(kPeople);
-    if (Pick(0, 2) == 0) title += std::string(": ") + Any(kTopics);
+    std::string title = std::string(Any(words_.actions)) + " " + Any(words_.people);
+    if (Pick(0, 2) == 0) title += std::string(": ") + Any(words_.topics);
     return title;
   }
 
@@ -112,7 +75,7 @@ class ScheduleMaker {
     const int lines = Pick(1, 3);
     for (int i = 0; i < lines; ++i) {
       if (i > 0) memo += "\r\n";
-      memo += Any(kMemoLines);
+      memo += Any(words_.memoLines);
     }
     return memo;
   }
@@ -127,7 +90,7 @@ class ScheduleMaker {
       r.EndTime = static_cast<std::int16_t>(std::min(start + 15 * Pick(1, 12), 1439));
     }
     r.Title = Title();
-    if (Pick(0, 9) < 5) r.Place = Any(kPlaces);
+    if (Pick(0, 9) < 5) r.Place = Any(words_.places);
     if (Pick(0, 19) < 7) r.Memo = Memo();
     r.Private = static_cast<std::int16_t>(Pick(0, 9) == 0 ? 1 : 0);
     if (timed && Pick(0, 3) == 0) {
@@ -187,6 +150,7 @@ class ScheduleMaker {
   std::int32_t NextStamp() { return static_cast<std::int32_t>(0xC0000000u | ++stamps_); }
 
   std::mt19937 random_;
+  const Vocabulary& words_;
   std::uint32_t stamps_ = 0;
   int firstYear_ = 2010;
   int lastYear_ = 2029;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "core/shift_jis.h"
 #include "core/utf8.h"
@@ -48,30 +49,38 @@ std::string WesternToUtf8(std::string_view bytes) {
   return out;
 }
 
-// The character at `pos` of Shift-JIS bytes, moving `pos` behind it. A lead byte whose trail
-// byte is missing or out of range gives U+FFFD alone, and the byte behind it is read anew; a
-// well-formed pair that the code page leaves unassigned gives one U+FFFD.
-char32_t NextShiftJis(const ShiftJisTables& sjis, std::string_view bytes, std::size_t& pos) {
+// The character at `pos` of Shift-JIS bytes, packed, moving `pos` behind it. A lead byte whose
+// trail byte is missing or out of range gives U+FFFD alone, and the byte behind it is read anew;
+// a well-formed pair that the code page leaves unassigned gives one U+FFFD.
+std::uint32_t NextShiftJis(const ShiftJisTables& sjis, std::string_view bytes, std::size_t& pos) {
+  static const std::uint32_t kReplacement = PackUtf8(kReplacementCharacter);
   const auto byte = static_cast<unsigned char>(bytes[pos++]);
-  if (!ShiftJisTables::IsLead(byte)) return ShiftJisTables::SingleByte(byte);
+  if (!ShiftJisTables::IsLead(byte)) return sjis.Single(byte);
   if (pos == bytes.size() || !ShiftJisTables::IsTrail(static_cast<unsigned char>(bytes[pos]))) {
-    return kReplacementCharacter;
+    return kReplacement;
   }
-  const char32_t cp = sjis.Pair(byte, static_cast<unsigned char>(bytes[pos++]));
-  return cp != 0 ? cp : kReplacementCharacter;
+  const std::uint32_t packed = sjis.Pair(byte, static_cast<unsigned char>(bytes[pos++]));
+  return packed != 0 ? packed : kReplacement;
 }
 
 std::string ShiftJisToUtf8(std::string_view bytes) {
   const ShiftJisTables& sjis = ShiftJisTables::Get();
-  std::string out;
-  out.reserve(bytes.size() + bytes.size() / 2);
+  // A byte makes at most three bytes of UTF-8, and a character is stored with all three.
+  thread_local std::vector<char> scratch;
+  if (scratch.size() < 3 * bytes.size() + 1) scratch.resize(3 * bytes.size() + 1);
+  char* out = scratch.data();
   for (std::size_t pos = 0; pos < bytes.size();) {
-    const std::size_t high = FirstHigh(bytes, pos);
-    out.append(bytes.substr(pos, high - pos));
-    pos = high;
-    if (pos < bytes.size()) AppendUtf8(out, NextShiftJis(sjis, bytes, pos));
+    if (static_cast<unsigned char>(bytes[pos]) < 0x80) {
+      *out++ = bytes[pos++];
+      continue;
+    }
+    const std::uint32_t packed = NextShiftJis(sjis, bytes, pos);
+    out[0] = static_cast<char>(packed);
+    out[1] = static_cast<char>(packed >> 8);
+    out[2] = static_cast<char>(packed >> 16);
+    out += packed >> 24;
   }
-  return out;
+  return std::string(scratch.data(), out);
 }
 
 // The bytes of a character from U+0080 up: 0 for one the code page lacks.
@@ -137,23 +146,25 @@ std::string ToUtf8(std::string_view bytes, CodePage page) {
 
 std::string ToCodePage(std::string_view text, CodePage page) {
   const ShiftJisTables* sjis = page == CodePage::kJapanese ? &ShiftJisTables::Get() : nullptr;
-  std::string out;
-  out.reserve(text.size());
+  // No character takes more bytes in the 8-bit form than in UTF-8.
+  std::string out(text.size(), '\0');
+  char* to = out.data();
   for (std::size_t pos = 0; pos < text.size();) {
-    const std::size_t high = FirstHigh(text, pos);
-    out.append(text.substr(pos, high - pos));
-    pos = high;
-    if (pos == text.size()) break;
+    if (static_cast<unsigned char>(text[pos]) < 0x80) {
+      *to++ = text[pos++];
+      continue;
+    }
     const char32_t cp = NextCodePoint(text, pos);
     if (sjis == nullptr) {
-      out += static_cast<char>(WesternByte(cp));
+      *to++ = static_cast<char>(WesternByte(cp));
     } else if (const std::uint16_t bytes = ShiftJisBytes(*sjis, cp); bytes == 0) {
-      out += '?';
+      *to++ = '?';
     } else {
-      if (bytes > 0xFF) out += static_cast<char>(bytes >> 8);
-      out += static_cast<char>(bytes & 0xFF);
+      if (bytes > 0xFF) *to++ = static_cast<char>(bytes >> 8);
+      *to++ = static_cast<char>(bytes & 0xFF);
     }
   }
+  out.resize(static_cast<std::size_t>(to - out.data()));
   return out;
 }
 

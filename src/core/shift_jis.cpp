@@ -4,6 +4,9 @@
 
 #include <array>
 #include <cwchar>
+#include <string>
+
+#include "core/utf8.h"
 
 namespace sched {
 namespace {
@@ -30,13 +33,25 @@ char32_t ConvertPair(iconv_t converter, unsigned char lead, unsigned char trail)
   return static_cast<char32_t>(out[0]);
 }
 
-}  // namespace
-
-char32_t ShiftJisTables::SingleByte(unsigned char byte) {
-  if (byte >= 0xA1 && byte <= 0xDF) return 0xFF61 + (byte - 0xA1u);  // half-width katakana
+// The character of a byte from 0x80 up that is no lead byte: the half-width katakana, and the
+// five bytes left over, as the Windows code page reads them.
+char32_t SingleByteCharacter(unsigned byte) {
+  if (byte >= 0xA1 && byte <= 0xDF) return 0xFF61 + (byte - 0xA1u);
   if (byte == 0xA0) return 0xF8F0;
   if (byte >= 0xFD) return 0xF8F1 + (byte - 0xFDu);
   return byte;  // 0x80
+}
+
+}  // namespace
+
+std::uint32_t PackUtf8(char32_t cp) {
+  std::string bytes;
+  AppendUtf8(bytes, cp);
+  std::uint32_t packed = static_cast<std::uint32_t>(bytes.size()) << 24;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    packed |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[i])) << (8 * i);
+  }
+  return packed;
 }
 
 const ShiftJisTables& ShiftJisTables::Get() {
@@ -44,11 +59,12 @@ const ShiftJisTables& ShiftJisTables::Get() {
   return tables;
 }
 
-ShiftJisTables::ShiftJisTables() : decode_(kLeads * kTrails), encode_(0x10000) {
-  for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
-    if (!IsLead(static_cast<unsigned char>(byte))) {
-      AddEncoding(SingleByte(static_cast<unsigned char>(byte)), static_cast<std::uint16_t>(byte));
-    }
+ShiftJisTables::ShiftJisTables() : pairs_(kLeads * kTrails), encode_(0x10000) {
+  for (unsigned byte = 0; byte <= 0xFF; ++byte) {
+    if (IsLead(static_cast<unsigned char>(byte))) continue;
+    const char32_t cp = byte < 0x80 ? byte : SingleByteCharacter(byte);
+    single_[byte] = PackUtf8(cp);
+    if (byte >= 0x80) AddEncoding(cp, static_cast<std::uint16_t>(byte));
   }
   const iconv_t converter = iconv_open("WCHAR_T", "CP932");
   if (converter == reinterpret_cast<iconv_t>(-1)) return;
@@ -56,12 +72,13 @@ ShiftJisTables::ShiftJisTables() : decode_(kLeads * kTrails), encode_(0x10000) {
   for (unsigned lead = 0x81; lead <= 0xFC; ++lead) {
     if (!IsLead(static_cast<unsigned char>(lead))) continue;
     for (unsigned trail = 0x40; trail <= 0xFC; ++trail) {
-      if (!IsTrail(static_cast<unsigned char>(trail))) continue;
       const auto l = static_cast<unsigned char>(lead);
       const auto t = static_cast<unsigned char>(trail);
+      if (!IsTrail(t)) continue;
       const char32_t cp = ConvertPair(converter, l, t);
-      decode_[PairIndex(l, t)] = static_cast<char16_t>(cp);
-      if (cp != 0) AddEncoding(cp, static_cast<std::uint16_t>(lead << 8 | trail));
+      if (cp == 0) continue;
+      pairs_[PairIndex(l, t)] = PackUtf8(cp);
+      AddEncoding(cp, static_cast<std::uint16_t>(lead << 8 | trail));
     }
   }
   iconv_close(converter);

@@ -266,7 +266,7 @@ class SclLoader {
     if (row.AlarmOn == 1) {
       ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes), "alarm sound");
       const std::string_view sound = in_.Bytes(kAlarmSoundBytes);
-      row.AlarmSound = TableText(sound.substr(0, sound.find('\0')), doc_.FileCodePage);
+      row.AlarmSound = ToUtf8(sound.substr(0, sound.find('\0')), doc_.FileCodePage);
       ClaimNext(2, "alarm lead");
       row.AlarmLead = in_.I16();
     }
