@@ -153,6 +153,9 @@ testing::Trace<Edit> EditDialogTrace() {
     EXPECT_EQ(e.model->ImNumber1_KeyDown(testing::KeyNamed(row[1])), row.YesNo(2)) << row.where;
   };
   t.steps["sound"] = [](S e, R row) { e.model->Sound_Change(testing::Unescaped(row[1])); };
+  t.steps["code-page"] = [](S e, R row) {
+    e.fake.doc.FileCodePage = CodePageOfNumber(row.Int(1)).value();
+  };
   t.steps["leave-sound"] = [](S e, R row) {
     EXPECT_EQ(e.model->Sound_LostFocus(), row.YesNo(1)) << row.where;
   };
