@@ -325,7 +325,9 @@ void SchEditModel::Sound_Change(const std::string& name) {
 }
 
 bool SchEditModel::Sound_LostFocus() {
-  if (CheckComboLen(static_cast<int>(ByteLength(c_.SoundName, s_.store.Document().FileCodePage)), kSoundNameBytes)) return true;
+  if (CheckComboLen(static_cast<int>(ByteLength(c_.SoundName, s_.store.Document().FileCodePage)),
+                    kSoundNameBytes))
+    return true;
   focus_ = EditFocus::Sound;
   return false;
 }
