@@ -11,6 +11,7 @@
 
 #include "appointments/repeat_rule.h"
 #include "core/calendar.h"
+#include "link/ics_rules.h"
 
 namespace sched {
 namespace {
@@ -21,7 +22,6 @@ struct ComponentFree {
 using Component = std::unique_ptr<icalcomponent, ComponentFree>;
 
 constexpr std::uint32_t kIdentityBits = 0x3FFFFFFF;
-constexpr const char* kWeekdays[] = {"SU", "MO", "TU", "WE", "TH", "FR", "SA"};
 
 bool IsSeries(const SchRecord& r) {
   return r.RepeatKind != 0;
@@ -29,75 +29,6 @@ bool IsSeries(const SchRecord& r) {
 
 CivilDate DateOf(const SchRecord& r) {
   return {r.Year, r.Month, r.Day};
-}
-
-icaltimetype DayOf(const CivilDate& d) {
-  icaltimetype t = icaltime_null_date();
-  t.year = d.year, t.month = d.month, t.day = d.day;
-  return t;
-}
-
-icaltimetype TimeOf(const CivilDate& d, int minutes) {
-  icaltimetype t = icaltime_null_time();
-  t.year = d.year, t.month = d.month, t.day = d.day;
-  t.hour = minutes / 60, t.minute = minutes % 60;
-  return t;
-}
-
-// The days of the month from 28 to `day`, the last of which a month has: a rule on a day that
-// a short month lacks falls on that month's last day.
-std::string MonthDay(int day) {
-  if (day <= 28) return "BYMONTHDAY=" + std::to_string(day);
-  std::string days = "BYMONTHDAY=28";
-  for (int d = 29; d <= day; ++d) days += "," + std::to_string(d);
-  return days + ";BYSETPOS=-1";
-}
-
-std::string WeekdayOrdinal(std::uint16_t word) {
-  const std::optional<WeekdayRule> rule = SplitWeekdayRule(word);
-  if (!rule) return {};
-  const int ordinal = rule->ordinal == kLastOrdinal ? -1 : rule->ordinal;
-  return "BYDAY=" + std::to_string(ordinal) + kWeekdays[rule->weekday];
-}
-
-// The recurrence rule that a rule word stands for, over `count` dates.
-std::optional<std::string> RuleOf(std::uint16_t word, int count) {
-  const DecodedRepeatKind kind = DecodeRepeatKind(word);
-  if (!kind.intervalField) return std::nullopt;
-  const int day = (word >> 1) & 0x1F;
-  const std::string month = "BYMONTH=" + std::to_string((word >> 6) & 0xF) + ";";
-  std::string rule;
-  switch (kind.code) {
-    case kCodeDaily: rule = "FREQ=DAILY"; break;
-    case kCodeWeekly: rule = std::string("FREQ=WEEKLY;BYDAY=") + kWeekdays[(word >> 2) & 7]; break;
-    case kCodeMonthly: rule = "FREQ=MONTHLY;" + MonthDay(day); break;
-    case kCodeYearly: rule = "FREQ=YEARLY;" + month + MonthDay(day); break;
-    case kCodeMonthlyWeekday: rule = "FREQ=MONTHLY;" + WeekdayOrdinal(word); break;
-    case kCodeYearlyWeekday: rule = "FREQ=YEARLY;" + month + WeekdayOrdinal(word); break;
-    default: return std::nullopt;
-  }
-  return rule + ";INTERVAL=" + std::to_string(*kind.intervalField + 1) +
-         ";COUNT=" + std::to_string(count);
-}
-
-// True when the rule from the first of `dates` gives exactly `dates`.
-bool RuleGives(const std::string& rule, const std::vector<CivilDate>& dates) {
-  const icalrecurrencetype recur = icalrecurrencetype_from_string(rule.c_str());
-  if (recur.freq == ICAL_NO_RECURRENCE) return false;
-  // The iterator steps weekly rules wrongly from a date alone: it starts at midnight.
-  icalrecur_iterator* it = icalrecur_iterator_new(recur, TimeOf(dates.front(), 0));
-  if (it == nullptr) return false;
-  std::size_t matched = 0;
-  for (icaltimetype t = icalrecur_iterator_next(it); !icaltime_is_null_time(t);
-       t = icalrecur_iterator_next(it)) {
-    if (matched == dates.size() || CivilDate{t.year, t.month, t.day} != dates[matched]) {
-      matched = dates.size() + 1;
-      break;
-    }
-    ++matched;
-  }
-  icalrecur_iterator_free(it);
-  return matched == dates.size();
 }
 
 void AddTexts(icalcomponent* event, const SchRecord& r) {
