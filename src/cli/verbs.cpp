@@ -7,9 +7,10 @@
 namespace sched {
 namespace {
 
-const std::array<const Verb*, 12> kVerbs = {
-    &kInfoVerb, &kDumpVerb,   &kResaveVerb, &kSampleVerb, &kHolidaysVerb, &kMonthVerb,
-    &kAddVerb,  &kDeleteVerb, &kPasteVerb,  &kRuleVerb,   &kAlarmsVerb,   &kExportIcsVerb};
+const std::array<const Verb*, 13> kVerbs = {
+    &kInfoVerb,   &kDumpVerb,      &kResaveVerb,   &kSampleVerb, &kHolidaysVerb,
+    &kMonthVerb,  &kAddVerb,       &kDeleteVerb,   &kPasteVerb,  &kRuleVerb,
+    &kAlarmsVerb, &kExportIcsVerb, &kImportIcsVerb};
 
 constexpr std::string_view kCodePageOption = "--code-page";
 constexpr std::string_view kCodePageNote =

@@ -16,11 +16,6 @@
 namespace sched {
 namespace {
 
-struct ComponentFree {
-  void operator()(icalcomponent* c) const { icalcomponent_free(c); }
-};
-using Component = std::unique_ptr<icalcomponent, ComponentFree>;
-
 constexpr std::uint32_t kIdentityBits = 0x3FFFFFFF;
 
 bool IsSeries(const SchRecord& r) {

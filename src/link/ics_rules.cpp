@@ -86,7 +86,10 @@ std::optional<std::uint16_t> RuleWordOf(const std::vector<CivilDate>& dates) {
   std::vector<int> ordinals;
   if (nth <= 4) ordinals.push_back(nth);
   if (lastWeek) ordinals.push_back(kLastOrdinal);
-  for (int option = kOptionDaily; option <= kOptionYearlyWeekday; ++option) {
+  // The kinds of the longest steps first, by date before by weekday, so that a series every
+  // two weeks becomes weekly, not daily.
+  for (int option : {kOptionYearly, kOptionYearlyWeekday, kOptionMonthly, kOptionMonthlyWeekday,
+                     kOptionWeekly, kOptionDaily}) {
     const int interval = UnitsBetween(first, dates[1], UnitOfOption(option));
     if (interval < 1 || interval > kLargestInterval[option]) continue;
     const bool byWeekday = option == kOptionMonthlyWeekday || option == kOptionYearlyWeekday;

@@ -3,6 +3,7 @@
 #include <libical/ical.h>
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,6 +11,12 @@
 #include "core/calendar.h"
 
 namespace sched {
+
+struct ComponentFree {
+  void operator()(icalcomponent* c) const { icalcomponent_free(c); }
+};
+// An iCalendar component with all it holds, freed at the end.
+using Component = std::unique_ptr<icalcomponent, ComponentFree>;
 
 // The date, or the floating local time of a date, as iCalendar values.
 icaltimetype DayOf(const CivilDate& date);
