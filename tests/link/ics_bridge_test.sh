@@ -4,11 +4,13 @@
 # alarms, texts with the characters iCalendar escapes, Japanese texts, and a series with a gap
 # that no rule gives. The calendar imported again with scltool import-ics gives the same items,
 # their places moved into the memo. A second export into the same file updates its events and
-# keeps the events of other origin; a file that is no calendar is refused.
+# keeps the events of other origin; a file that is no calendar is refused. A calendar in the
+# style of the desktop programs imports with the right occurrences.
 # usage: ics_export_test.sh path/to/scltool
 set -euo pipefail
 scltool=$(realpath "$1")
 check="/usr/bin/python3 $(dirname "$(realpath "$0")")/ics_check.py"
+data="$(dirname "$(realpath "$0")")/../data/link"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -81,6 +83,20 @@ before=$(grep -c '^BEGIN:VEVENT' s.ics)
 "$scltool" export-ics s.scl s.ics
 [ "$(grep -c '^BEGIN:VEVENT' s.ics)" -eq "$before" ]
 grep -q '^UID:other@example.com' s.ics
+
+# A calendar as desktop programs write it: a time zone of its own, rules with exceptions and an
+# occurrence moved, dates alone, an item over days, UTC times, alarms, a zone nobody knows.
+TZ=Europe/Berlin "$scltool" import-ics "$data/pim-calendar.ics" pim.scl
+"$scltool" dump pim.scl | /usr/bin/python3 -c '
+import json, sys
+for r in json.load(sys.stdin)["rows"]:
+    s, e = r["StartTime"], r["EndTime"]
+    time = "all-day" if s < 0 else "%d:%02d-%d:%02d" % (s // 60, s % 60, e // 60, e % 60)
+    lead = r["AlarmLead"] if r["AlarmOn"] else -1
+    print("%04d/%02d/%02d\t%s\t%s\t%d\t%d\t%d\t%s" % (r["Year"], r["Month"], r["Day"], time,
+          r["Title"], r["RepeatKind"], r["Private"], lead, r["Memo"].replace("\r\n", "|")))
+' >pim.rows.txt
+grep -v '^#' "$data/pim-calendar.rows.txt" | diff - pim.rows.txt
 
 printf 'no calendar\n' >bad.ics
 if "$scltool" export-ics s.scl bad.ics 2>err.txt; then exit 1; fi
