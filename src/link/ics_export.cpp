@@ -126,6 +126,7 @@ std::string EventUid(const SchRecord& r) {
 
 std::optional<std::string> MergeIntoCalendar(const std::vector<SchRecord>& records,
                                              std::string_view existing, const DateTime& stampUtc) {
+  icalerror_set_errors_are_fatal(0);
   std::optional<Component> calendar = ReadCalendar(existing);
   if (!calendar) return std::nullopt;
   std::map<std::string, std::vector<const SchRecord*>> events;

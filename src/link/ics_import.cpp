@@ -27,7 +27,9 @@ struct LocalTime {
   auto operator<=>(const LocalTime&) const = default;
 };
 
-LocalTime ToLocal(const icaltimetype& t) {
+// A time's fields out of their ranges (a 25th hour, a 13th month) count on into the next.
+LocalTime ToLocal(icaltimetype t) {
+  t = icaltime_normalize(t);
   if (t.is_date) return {{t.year, t.month, t.day}, -1};
   if (t.zone != nullptr) {
     const std::time_t when = icaltime_as_timet_with_zone(t, t.zone);
@@ -113,7 +115,9 @@ std::vector<CivilDate> DaysOf(const LocalTime& start, const LocalTime& end) {
   const bool endsAtMidnight = start.minutes < 0 || end.minutes == 0;
   if (endsAtMidnight && last > start.date) last = AddDays(last, -1);
   std::vector<CivilDate> days{start.date};
-  while (days.back() < last && days.size() < kMostDaysOfAnOccurrence) {
+  const CivilDate lastOfCalendar{kLastYear, 12, 31};
+  while (days.back() < last && days.back() < lastOfCalendar &&
+         days.size() < kMostDaysOfAnOccurrence) {
     days.push_back(AddDays(days.back(), 1));
   }
   return days;
@@ -276,6 +280,7 @@ void AddEvent(icalcomponent* event, icalcomponent* calendar, const std::set<Loca
 std::optional<std::vector<SchRecord>> RecordsOfCalendar(std::string_view ics,
                                                         const CivilDate& today,
                                                         std::int32_t stamp) {
+  icalerror_set_errors_are_fatal(0);
   Component calendar(icalparser_parse_string(std::string(ics).c_str()));
   if (!calendar || icalcomponent_isa(calendar.get()) != ICAL_VCALENDAR_COMPONENT) {
     return std::nullopt;

@@ -4,6 +4,7 @@
 #include <limits>
 #include <string>
 
+#include "core/calendar.h"
 #include "store/scl_format.h"
 
 namespace sched {
@@ -83,6 +84,15 @@ LinkRecords ReadRecords(std::span<const std::uint8_t> bytes, ReadOne read) {
   return result;
 }
 
+// A record with a date the calendar lacks or a time outside the day is no sound record.
+void CheckRecord(const SchRecord& r) {
+  const auto timeOk = [](std::int16_t minutes) { return minutes >= -1 && minutes < 1440; };
+  if (!IsValidDate(r.Year, r.Month, r.Day) || !IsValidDate(r.EndYear, r.EndMonth, r.EndDay) ||
+      !timeOk(r.StartTime) || !timeOk(r.EndTime)) {
+    throw SclFormatError(0, "no sound record");
+  }
+}
+
 std::string ReadText(ByteReader& in, CodePage page) {
   const std::uint16_t length = in.U16();
   return ToUtf8(in.Bytes(length), page);
@@ -148,6 +158,7 @@ LinkRecords ReadExportRecords(std::span<const std::uint8_t> bytes, CodePage page
     r.Title = ReadText(in, page);
     r.Place = ReadText(in, page);
     r.Memo = ReadText(in, page);
+    CheckRecord(r);
     return r;
   });
 }
@@ -171,6 +182,7 @@ LinkRecords ReadImportRecords(std::span<const std::uint8_t> bytes, CodePage page
     r.AlarmLead = in.I16();
     r.Title = ReadText(in, page);
     r.Memo = ReadText(in, page);
+    CheckRecord(r);
     return r;
   });
 }

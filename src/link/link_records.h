@@ -23,7 +23,8 @@ std::vector<std::uint8_t> ExportRecordBytes(const SchRecord& record, CodePage pa
 // lead, title and memo.
 std::vector<std::uint8_t> ImportRecordBytes(const SchRecord& record, CodePage page);
 
-// The records of a link file, as far as they are whole; `cut` when the file ends inside one.
+// The records of a link file, as far as they are whole and sound; `cut` when the file ends
+// inside one, or one has a date the calendar lacks or a time outside the day.
 struct LinkRecords {
   std::vector<SchRecord> records;
   bool cut = false;
