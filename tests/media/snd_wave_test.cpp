@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "platform/fake/fake_progress_window.h"
 #include "tests/support/case_file.h"
 #include "tests/support/temp_dir.h"
 
@@ -28,15 +29,6 @@ std::uint64_t Fnv1a64(const std::vector<std::uint8_t>& bytes) {
 std::uint32_t U32At(const std::vector<std::uint8_t>& bytes, std::size_t at) {
   return bytes[at] | bytes[at + 1] << 8 | bytes[at + 2] << 16 | std::uint32_t{bytes[at + 3]} << 24;
 }
-
-class RecordingProgress : public ProgressWindow {
- public:
-  std::string events;
-  void Open() override { events += "open "; }
-  void SetMaximum(int maximum) override { events += "max " + std::to_string(maximum) + " "; }
-  void SetValue(int value) override { events += std::to_string(value) + " "; }
-  void Close() override { events += "close"; }
-};
 
 struct Rendered {
   bool ok = false;
@@ -179,7 +171,7 @@ TEST(SndWave, TheTablesHoldOneSinePeriodPerSemitone) {
 TEST(SndWave, MelodiesMatchTheirReferenceRendering) {
   TempDir dir;
   for (const testing::CaseRow& row : testing::ReadCases("media/melodies.txt", 4, 5)) {
-    RecordingProgress progress;
+    FakeProgressWindow progress;
     const Rendered r = Render(dir, FromHex(row[1]), &progress);
     ASSERT_TRUE(r.ok) << row.where;
     EXPECT_EQ(r.wav.size(), static_cast<std::size_t>(row.Int(2))) << row.where;
