@@ -57,10 +57,18 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       *session_, *window_, alarms_, messages_, p_.dialogs, *device_, state_, paths_.CacheDir});
   BindDocumentCommands(commandSet_, *commands_);
   appointmentDialogs_ = std::make_unique<QtAppointmentDialogs>(window_.get());
+  editMedia_ = std::make_unique<EditDialogMedia>(
+      EditDialogMediaServices{{messages_, p_.player, p_.clock, &p_.progressWindow},
+                              p_.processes,
+                              *appointmentDialogs_,
+                              paths_.InstallDir,
+                              paths_.SoundCacheDir});
   appointments_ = std::make_unique<AppointmentCommands>(
       AppointmentServices{*session_, *views_, *appointmentDialogs_, alarms_, messages_, p_.clock,
-                          p_.dates, *device_, state_});
+                          p_.dates, *device_, state_, editMedia_.get()});
   BindAppointmentCommands(commandSet_, *appointments_);
+  commandSet_.Bind(CommandId::WordLists,
+                   [this] { StartWordListEditor(p_.processes, messages_, paths_.InstallDir); });
   window_->Attach(commands_.get(), store_.get());
   setupDialog_.SetParent(window_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),

@@ -1,9 +1,12 @@
 #include "platform/qt/qt_progress_window.h"
 
+#include <QApplication>
+
 namespace sched {
 
 void QtProgressWindow::Open() {
-  dialog_ = std::make_unique<QProgressDialog>(owner_.data());
+  QWidget* active = QApplication::activeModalWidget();
+  dialog_ = std::make_unique<QProgressDialog>(active != nullptr ? active : owner_.data());
   dialog_->setObjectName("FrmWavConvert");
   dialog_->setWindowModality(Qt::WindowModal);
   dialog_->setCancelButton(nullptr);

@@ -1,5 +1,6 @@
 #include "platform/qt/qt_sound_player.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
@@ -41,15 +42,18 @@ bool QtSoundPlayer::PlayAndWait(const std::string& wavPath) {
     process.setStandardOutputFile(QProcess::nullDevice());
     process.start(player.program, QStringList(player.args) << QString::fromStdString(wavPath));
     if (!process.waitForStarted()) continue;
-    if (owner_) owner_->setEnabled(false);
+    // The dialog that asked for the sound, else the window.
+    QPointer<QWidget> owner = QApplication::activeModalWidget();
+    if (!owner) owner = owner_;
+    if (owner) owner->setEnabled(false);
     // The window repaints while the melody plays; the owner takes no input until it ends.
     QEventLoop loop;
     QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
     if (process.state() != QProcess::NotRunning) loop.exec();
-    if (owner_) {
-      owner_->setEnabled(true);
-      owner_->raise();
-      owner_->activateWindow();
+    if (owner) {
+      owner->setEnabled(true);
+      owner->raise();
+      owner->activateWindow();
     }
     return true;
   }
