@@ -30,7 +30,9 @@ sched::InstallSource UserInstallSource() {
       QDir::cleanPath(QApplication::applicationDirPath() + "/" SCHEDULER_INSTALLED_DATA);
   return {{installed.toStdString(), SCHEDULER_DATA_DIR},
           sched::DefaultInstallDir(qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
-                                   QDir::homePath().toStdString())};
+                                   QDir::homePath().toStdString()),
+          {(QApplication::applicationDirPath() + "/mksbjct").toStdString(),
+           SCHEDULER_EDITOR_BUILD_PATH}};
 }
 
 }  // namespace

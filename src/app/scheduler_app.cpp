@@ -1,11 +1,13 @@
 #include "app/scheduler_app.h"
 
+#include <filesystem>
 #include <iostream>
 #include <utility>
 
 #include "core/app_texts.h"
 #include "core/calendar.h"
 #include "shell/device_service.h"
+#include "shell/install.h"
 #include "shell/settings.h"
 #include "views/calendar_views.h"
 
@@ -36,6 +38,7 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
     return 0;
   }
   paths_ = MakeInstallPaths(*installDir);
+  LinkEditor();
   if (!OpenCountryFile(p_.registry, p_.holidays, messages_, paths_, state_)) return 1;
   CheckPimDataDir(paths_, messages_);
   state_.LastPcDir = paths_.PimDataDir;
@@ -90,6 +93,17 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   session_->RefreshViews();
   instance_.Listen([this] { window_->BringToFront(); });
   return std::nullopt;
+}
+
+void SchedulerApp::LinkEditor() {
+  for (const std::string& program : source_.editorPrograms) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(program, error)) continue;
+    InstallReport report;
+    Installer installer(report);
+    LinkWordListEditor(installer, paths_.PcAppsDir, program);
+    return;
+  }
 }
 
 // The file named on the command line, else the last file of the previous run.

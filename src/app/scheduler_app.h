@@ -71,6 +71,8 @@ class SchedulerApp {
 
  private:
   void OpenStartFile(const QString& commandLineFile);
+  // The word list editor, linked into the installation where the program starts it.
+  void LinkEditor();
 
   AppPorts p_;
   InstallSource source_;

@@ -4,6 +4,8 @@
 #include <QMimeData>
 #include <QTimer>
 #include <QUrl>
+#include <algorithm>
+#include <filesystem>
 #include <map>
 #include <sstream>
 
@@ -341,6 +343,21 @@ testing::Trace<Program> ProgramTrace() {
     return std::string(bytes.begin(), bytes.end());
   };
   t.looks["links"] = [](S p, auto&) { return p.Shown(p.links->opened.join(" ").toStdString()); };
+  // The programs started, a line each.
+  t.looks["started"] = [](S p, auto&) {
+    std::string lines;
+    for (const std::string& line : p.processes.started) {
+      lines += (lines.empty() ? "" : " | ") + p.Shown(line);
+    }
+    return lines;
+  };
+  // The sounds played, and whether their files are gone after.
+  t.looks["played"] = [](S p, auto&) {
+    const bool gone =
+        std::none_of(p.player.played.begin(), p.player.played.end(),
+                     [](const std::string& file) { return std::filesystem::exists(file); });
+    return std::to_string(p.player.played.size()) + (gone ? " gone" : " left");
+  };
   t.looks["modal"] = [](S, auto&) { return YesNo(QApplication::activeModalWidget() != nullptr); };
   t.looks["in-use"] = [](S p, auto&) {
     return p.registry.ReadString(kSchedulerKey, kHolidayIniValue).value_or("(none)");
