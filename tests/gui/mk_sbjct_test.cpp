@@ -10,7 +10,6 @@
 #include "platform/fake/fake_messages.h"
 #include "tests/gui/picture_path.h"
 #include "tests/gui/widget_trace.h"
-#include "tests/support/message_lines.h"
 
 namespace sched {
 namespace {
@@ -62,17 +61,12 @@ TEST(MkSbjctWindow, AddsReordersSavesAndReopensAList) {
   EXPECT_EQ(e.Words(), "Meeting|Gym|Call");
   e.Click("Up");
   EXPECT_EQ(e.Words(), "Gym|Meeting|Call");
-  e.Type("Quarterly budget review");
-  e.Click("Add");
-  EXPECT_EQ(testing::MessageLines(e.messages).at(0),
-            "[Word List Editor, Exclamation, Ok] The word is too long.\r\nA word takes at most 22 "
-            "bytes (a double-byte character takes 2).");
   EXPECT_EQ(e.window->windowTitle(), "Word List Editor *");
   e.window->grab().save(PicturePath(e.dir, "MkSbjct.png"));
   e.Click("Save");
   EXPECT_EQ(e.window->windowTitle(), "Word List Editor");
   EXPECT_TRUE(e.window->close());
-  EXPECT_EQ(e.messages.Shown().size(), 1u);  // saved: no question on closing
+  EXPECT_TRUE(e.messages.Shown().empty());  // saved: no question on closing
 
   e.Open();
   EXPECT_EQ(e.Words(), "Gym|Meeting|Call");

@@ -157,16 +157,6 @@ TEST(SndWave, AnOctaveUpReadsTheSameTableAtTwiceTheStep) {
   }
 }
 
-TEST(SndWave, TheTablesHoldOneSinePeriodPerSemitone) {
-  const WaveTables tables = BuildWaveTables(kWaveSampleRate);
-  // 55 Hz times 2^(1/12) and 2^(12/12) give periods of 378 and 200 samples.
-  EXPECT_EQ(tables.WavePeriod[0], 378);
-  EXPECT_EQ(tables.WavePeriod[11], 200);
-  EXPECT_EQ(tables.WaveTable.size(), 378u);
-  EXPECT_EQ(tables.WaveTable[0][5], 128);
-  EXPECT_EQ(tables.WaveTable[378 / 4][0], 255);
-}
-
 // Longer melodies against bytes derived apart from the renderer (tests/media/render_snd.py).
 TEST(SndWave, MelodiesMatchTheirReferenceRendering) {
   TempDir dir;
