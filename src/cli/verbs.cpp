@@ -7,9 +7,9 @@
 namespace sched {
 namespace {
 
-const std::array<const Verb*, 11> kVerbs = {&kInfoVerb,     &kDumpVerb,  &kResaveVerb, &kSampleVerb,
+const std::array<const Verb*, 12> kVerbs = {&kInfoVerb,     &kDumpVerb,  &kResaveVerb, &kSampleVerb,
                                             &kHolidaysVerb, &kMonthVerb, &kAddVerb,    &kDeleteVerb,
-                                            &kPasteVerb,    &kRuleVerb,  &kAlarmsVerb};
+                                            &kPasteVerb,    &kRuleVerb,  &kAlarmsVerb, &kPrintVerb};
 
 constexpr std::string_view kCodePageOption = "--code-page";
 constexpr std::string_view kCodePageNote =
