@@ -35,6 +35,7 @@ std::vector<std::size_t> CharacterEnds(const std::string& text) {
 // The length of the longest start of `text` that fits in `width`, at least one character so
 // that every line takes something; a cut falls after the last blank that fits when there is one.
 std::size_t FittingLength(const PrintDevice& device, const std::string& text, int width) {
+  if (device.TextWidth(text) <= width) return text.size();
   const std::vector<std::size_t> ends = CharacterEnds(text);
   std::size_t low = 0;  // ends[low] fits, or nothing but the first character does
   std::size_t high = ends.size();

@@ -8,6 +8,7 @@
 #include "printing/print_command.h"
 #include "ui/dlg_printing.h"
 #include "ui/schmain.h"
+#include "ui/screen_place.h"
 #include "ui/select_print_date.h"
 #include "views/calendar_views.h"
 
@@ -32,6 +33,7 @@ class WindowPrintHost : public PrintHost {
     // A date range is printed, never a selection or pages; printing to a PDF file stays, for a
     // desktop without a printer.
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    CentreOnScreen(&dialog);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     // The job prints each copy itself, numbering its pages from 1; the printer makes one.
     const int copies = printer_.copyCount();
@@ -47,6 +49,7 @@ class WindowPrintHost : public PrintHost {
   void ShowPrintPreview(const std::function<void(PrintDevice&)>& paint) override {
     QPrintPreviewDialog preview(&printer_, window_);
     preview.setObjectName("PrintPreview");
+    CentreOnScreen(&preview);
     // The job's window stands over the preview, which blocks the main window.
     sched::DlgPrinting previewPrinting(&preview);
     previewDlg_ = &previewPrinting;

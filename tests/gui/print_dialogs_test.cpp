@@ -78,16 +78,6 @@ TEST_F(PrintDialogsTest, ARangeThatEndsBeforeItStartsIsRefusedAndTheDialogStays)
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
-TEST_F(PrintDialogsTest, ARangeWithoutARecordWarnsInsteadOfAPreview) {
-  OnDialog<SelectPrintDate>([](SelectPrintDate* dialog) {
-    SetRange(dialog, QDate(2099, 1, 1), QDate(2099, 12, 31));
-    QTest::mouseClick(dialog->SchEditOK(), Qt::LeftButton);
-  });
-  Trigger("MenuPrintPreview");
-  EXPECT_EQ(testing::MessageLines(messages),
-            std::vector<std::string>{"[Warning:, Exclamation, Ok] There is no record to print."});
-}
-
 TEST_F(PrintDialogsTest, TheJobsWindowShowsHowFarItIsAndItsCancelStopsTheJob) {
   DlgPrinting window(app->Window());
   int cancels = 0;

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -17,6 +15,7 @@
 #include "printing/print_command.h"
 #include "store/day_items.h"
 #include "store/schedule_store.h"
+#include "tests/support/date_text.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/trace.h"
 
@@ -25,64 +24,16 @@ namespace {
 
 using testing::CaseRow;
 
-// One text the fake device printed: where, and what.
-struct PrintedText {
-  int x = 0;
-  int y = 0;
-  std::string text;
-};
-
-// A page of the fake device's record.
-struct PrintedPage {
-  std::vector<PrintedText> texts;
-  std::vector<std::vector<int>> lines;  // x1 y1 x2 y2
-};
-
-std::vector<PrintedPage> Pages(const FakePrintDevice& device) {
-  std::vector<PrintedPage> pages(1);
-  for (const std::string& drawn : device.Drawn()) {
-    std::istringstream in(drawn);
-    std::string word;
-    in >> word;
-    if (word == "page") {
-      pages.emplace_back();
-    } else if (word == "text") {
-      PrintedText text;
-      in >> text.x >> text.y;
-      in.get();
-      std::getline(in, text.text);
-      pages.back().texts.push_back(text);
-    } else if (word == "line") {
-      std::vector<int> line(4);
-      for (int& value : line) in >> value;
-      pages.back().lines.push_back(line);
-    }
-  }
-  if (pages.size() == 1 && pages[0].texts.empty()) pages.clear();
-  return pages;
-}
-
-// A page by its number, counted from 1 as a look's argument gives it.
-PrintedPage PageOf(const FakePrintDevice& device, const std::string& number) {
-  const std::vector<PrintedPage> pages = Pages(device);
-  const std::size_t index = std::stoul(number) - 1;
-  if (index < pages.size()) return pages[index];
-  ADD_FAILURE() << "no page " << number;
-  return {};
-}
-
-// The window of a job that a user cancels after some records.
+// The window of a job, which the user cancels when some records are printed.
 class FakePrintingWindow : public PrintingWindow {
  public:
-  int cancelAfter = -1;  // records printed when cancel is pressed; -1 never
+  int cancelAfter = -1;
   bool shown = false;
-  int calls = 0;
   void Show(std::function<void()> cancel) override {
     shown = true;
     cancel_ = std::move(cancel);
   }
   void DoEvents(int done, int) override {
-    ++calls;
     if (done == cancelAfter) cancel_();
   }
   void Close() override { shown = false; }
@@ -91,7 +42,7 @@ class FakePrintingWindow : public PrintingWindow {
   std::function<void()> cancel_;
 };
 
-// The main window as the print command sees it: the dialogs answer as a step told them.
+// The main window as the print commands see it: its dialogs answer as the steps told them.
 struct Job : PrintHost {
   ScheduleDocument doc;
   NoAlarmHooks alarms;
@@ -103,18 +54,22 @@ struct Job : PrintHost {
   FakeDateFormatter dates;
   std::unique_ptr<FakePrintDevice> device = std::make_unique<FakePrintDevice>(12700, 4000);
   FakePrintingWindow window;
-  // The select dialog's dates, none for Cancel; the print dialog's copies, none for Cancel.
-  std::optional<std::pair<CivilDate, CivilDate>> select;
-  std::optional<int> copies;
+  std::vector<CivilDate> range;  // typed into the range dialog; none cancels it
+  std::optional<int> copies;     // chosen in the print dialog; none cancels it
+  std::string opened;            // the range dialog's dates when it opened
   int refreshed = 0;
   int previews = 0;
-  std::int32_t stamps = 0;  // the last record's Stamp
+  std::int32_t stamps = 0;
 
+  // OK with the dates typed; Cancel when OK refuses them.
   void ShowSelectPrintDate(SelectPrintDateModel& model) override {
-    if (!select) return model.SchEditCAN_Click();
-    model.ImDate1_Change(select->first);
-    model.ImDate2_Change(select->second);
-    EXPECT_TRUE(model.SchEditOK_Click());
+    opened = DateText(model.Start()) + " " + DateText(model.End());
+    if (!range.empty()) {
+      model.ImDate1_Change(range[0]);
+      model.ImDate2_Change(range[1]);
+      if (model.SchEditOK_Click()) return;
+    }
+    model.SchEditCAN_Click();
   }
   std::optional<int> ShowPrintDialog() override { return copies; }
   PrintDevice& Printer() override { return *device; }
@@ -126,6 +81,14 @@ struct Job : PrintHost {
   void RefreshViews() override { ++refreshed; }
 
   void End() const { EXPECT_FALSE(window.shown) << "DlgPrinting left open"; }
+
+  const PrintedPage& Page(const std::string& number) const {
+    static const PrintedPage kNone;
+    const std::size_t index = std::stoul(number) - 1;
+    if (index < device->Pages().size()) return device->Pages()[index];
+    ADD_FAILURE() << "no page " << number;
+    return kNone;
+  }
 };
 
 // The text with each run of "0123456789..." written as "<N digits>".
@@ -134,26 +97,22 @@ std::string CollapsedDigits(const std::string& text) {
   for (std::size_t i = 0; i < text.size();) {
     std::size_t run = 0;
     while (i + run < text.size() && text[i + run] == '0' + static_cast<char>(run % 10)) ++run;
-    if (run >= 10) {
-      out += "<" + std::to_string(run) + " digits>";
-      i += run;
-    } else {
+    if (run < 10) {
       out += text[i++];
+      continue;
     }
+    out += "<" + std::to_string(run) + " digits>";
+    i += run;
   }
   return out;
 }
 
+int Minutes(const std::string& hhmm) {
+  return std::stoi(hhmm.substr(0, 2)) * 60 + std::stoi(hhmm.substr(3, 2));
+}
+
 using S = Job&;
 using R = const CaseRow&;
-
-// Which column a text stands in: the x of its kind.
-int ColumnX(const PrintColumns& c, const std::string& name) {
-  if (name == "dates") return c.Date;
-  if (name == "labels") return c.Label;
-  if (name == "bodies") return c.Body;
-  return c.Time + 100;
-}
 
 testing::Trace<Job> JobTrace() {
   testing::Trace<Job> t;
@@ -162,17 +121,14 @@ testing::Trace<Job> JobTrace() {
     j.device = std::make_unique<FakePrintDevice>(row.Int(1), row.Int(2));
   };
   t.steps["file"] = [](S j, R row) { j.doc.ScheduleFile = row[1]; };
-  // add DATE TIME|allday TITLE PLACE MEMO, or a memo of MEMO digits when it is a number
-  // followed by "digits".
+  t.steps["shown"] = [](S j, R row) { j.doc.SetShownDate(row.Date(1)); };
   t.steps["add"] = [](S j, R row) {
     SchRecord r;
     SetStartDate(r, row.Date(1));
     SetEndDate(r, row.Date(1));
     if (row[2] != "allday") {
-      r.StartTime = static_cast<std::int16_t>(std::stoi(row[2].substr(0, 2)) * 60 +
-                                              std::stoi(row[2].substr(3, 2)));
-      r.EndTime = static_cast<std::int16_t>(std::stoi(row[2].substr(6, 2)) * 60 +
-                                            std::stoi(row[2].substr(9, 2)));
+      r.StartTime = static_cast<std::int16_t>(Minutes(row[2].substr(0, 5)));
+      r.EndTime = static_cast<std::int16_t>(Minutes(row[2].substr(6, 5)));
     }
     r.Title = row[3];
     r.Place = row[4];
@@ -190,84 +146,80 @@ testing::Trace<Job> JobTrace() {
   };
   t.steps["cancel-after"] = [](S j, R row) { j.window.cancelAfter = row.Int(1); };
   t.steps["fail-write"] = [](S j, R) { j.device->FailEnd(); };
-  // print START END COPIES: "-" for a start cancels the select dialog, for copies the print
-  // dialog.
-  t.steps["print"] = [](S j, R row) {
-    if (row[1] != "-") j.select = {{row.Date(1), row.Date(2)}};
-    if (row[3] != "-") j.copies = row.Int(3);
+  const auto dialogs = [](S j, R row) {
+    if (row[1] != "-") j.range = {row.Date(1), row.Date(2)};
+    if (!row[3].empty() && row[3] != "-") j.copies = row.Int(3);
+  };
+  t.steps["print"] = [dialogs](S j, R row) {
+    dialogs(j, row);
     MenuPrint_Click(j.doc, j, {j.messages, j.dates, j.clock});
   };
-
-  t.steps["preview"] = [](S j, R row) {
-    if (row[1] != "-") j.select = {{row.Date(1), row.Date(2)}};
+  t.steps["preview"] = [dialogs](S j, R row) {
+    dialogs(j, row);
     MenuPrintPreview_Click(j.doc, j, {j.messages, j.dates, j.clock});
   };
 
-  t.looks["previews"] = [](S j, auto&) { return std::to_string(j.previews); };
-  t.looks["font"] = [](S j, auto&) { return std::to_string(j.device->FontSize()); };
-  t.looks["refreshed"] = [](S j, auto&) { return std::to_string(j.refreshed); };
-  // "end", "kill" or "none": how the document was finished.
-  t.looks["doc"] = [](S j, auto&) -> std::string {
-    const auto& drawn = j.device->Drawn();
-    const auto last = std::find_if(drawn.rbegin(), drawn.rend(),
-                                   [](const std::string& d) { return d == "end" || d == "kill"; });
-    return last == drawn.rend() ? "none" : *last;
-  };
-  t.looks["pages"] = [](S j, auto&) { return std::to_string(Pages(*j.device).size()); };
-  t.looks["columns"] = [](S j, auto&) {
+  const auto number = [](int n) { return std::to_string(n); };
+  t.looks["font"] = [number](S j, auto&) { return number(j.device->FontSize()); };
+  t.looks["refreshed"] = [number](S j, auto&) { return number(j.refreshed); };
+  t.looks["previews"] = [number](S j, auto&) { return number(j.previews); };
+  t.looks["opened"] = [](S j, auto&) { return j.opened; };
+  t.looks["doc"] = [](S j, auto&) { return j.device->Ending(); };
+  t.looks["pages"] = [number](S j, auto&) { return std::to_string(j.device->Pages().size()); };
+  t.looks["columns"] = [number](S j, auto&) {
     const PrintColumns c = MeasureColumns(*j.device);
     return testing::Join(std::vector<int>{c.Left, c.Date, c.Time, c.Text, c.Label, c.Body, c.Right},
-                         " ", [](int x) { return std::to_string(x); });
+                         " ", number);
   };
-  // The header texts of a page (1 for the first).
-  t.looks["header"] = [](S j, const std::string& page) {
+  // The texts of a page that stand at an x (the header's at the top); "header:PAGE",
+  // "dates:PAGE", "times:PAGE", "labels:PAGE", "bodies:PAGE".
+  const auto textsAt = [](S j, const std::string& page, auto at) {
     std::vector<std::string> texts;
-    const PrintedPage printed = PageOf(*j.device, page);
-    for (const PrintedText& p : printed.texts) {
-      if (p.y == 0) texts.push_back(p.text);
+    const PrintColumns c = MeasureColumns(*j.device);
+    for (const PrintedText& p : j.Page(page).texts) {
+      if (at(c, p)) texts.push_back(p.text);
     }
     return testing::Join(texts);
   };
-  // The texts of one column on a page: "dates:1", "times:2", "labels:1", "bodies:3".
-  for (const char* column : {"dates", "times", "labels", "bodies"}) {
-    t.looks[column] = [column](S j, const std::string& page) {
-      const int x = ColumnX(MeasureColumns(*j.device), column);
-      std::vector<std::string> texts;
-      const PrintedPage printed = PageOf(*j.device, page);
-      for (const PrintedText& p : printed.texts) {
-        if (p.x == x && p.y > 0) texts.push_back(p.text);
-      }
-      return testing::Join(texts);
+  t.looks["header"] = [textsAt](S j, auto& page) {
+    return textsAt(j, page, [](const PrintColumns&, const PrintedText& p) { return p.y == 0; });
+  };
+  for (const std::string column : {"dates", "times", "labels", "bodies"}) {
+    t.looks[column] = [textsAt, column](S j, auto& page) {
+      return textsAt(j, page, [&column](const PrintColumns& c, const PrintedText& p) {
+        const int x = column == "dates"    ? c.Date
+                      : column == "times"  ? c.Time + 100
+                      : column == "labels" ? c.Label
+                                           : c.Body;
+        return p.y > 0 && p.x == x;
+      });
     };
   }
-  // Where the page's rules across begin, top to bottom: "L" at the left margin, "T" at the
-  // time column.
-  t.looks["rules"] = [](S j, const std::string& page) {
-    const PrintColumns c = MeasureColumns(*j.device);
+  // Where the page's rules across begin, top down: L at the left margin, T at the time column.
+  t.looks["rules"] = [](S j, auto& page) {
     std::string rules;
-    const PrintedPage printed = PageOf(*j.device, page);
-    for (const auto& l : printed.lines) {
-      if (l[1] != l[3]) continue;
-      rules += std::string(rules.empty() ? "" : " ") + (l[0] == c.Left ? "L" : "T");
+    for (const PrintedRule& r : j.Page(page).rules) {
+      if (r.y1 != r.y2) continue;
+      rules += std::string(rules.empty() ? "" : " ") +
+               (r.x1 == MeasureColumns(*j.device).Left ? "L" : "T");
     }
     return rules;
   };
-  // All of the record texts printed, in order, as one text; a memo of digits as "<N digits>".
+  // Every record text printed, one after the other; texts past the right rule or the foot.
   t.looks["body-text"] = [](S j, auto&) {
-    const int x = MeasureColumns(*j.device).Body;
     std::string all;
-    for (const PrintedPage& page : Pages(*j.device)) {
-      for (const PrintedText& p : page.texts) all += p.x == x && p.y > 0 ? p.text : "";
+    for (const PrintedPage& page : j.device->Pages()) {
+      for (const PrintedText& p : page.texts) {
+        if (p.y > 0 && p.x == MeasureColumns(*j.device).Body) all += p.text;
+      }
     }
     return CollapsedDigits(all);
   };
-  // Texts that reach past the right rule, or below the foot of the page.
   t.looks["outside"] = [](S j, auto&) {
-    const PrintColumns c = MeasureColumns(*j.device);
     std::vector<std::string> outside;
-    for (const PrintedPage& page : Pages(*j.device)) {
+    for (const PrintedPage& page : j.device->Pages()) {
       for (const PrintedText& p : page.texts) {
-        if (p.x + j.device->TextWidth(p.text) > c.Right ||
+        if (p.x + j.device->TextWidth(p.text) > MeasureColumns(*j.device).Right ||
             p.y + FakePrintDevice::kLineHeight > j.device->Height()) {
           outside.push_back(p.text);
         }
@@ -279,7 +231,7 @@ testing::Trace<Job> JobTrace() {
 }
 
 TEST(PrintJob, FollowsTheTraces) {
-  JobTrace().Run("printing/print-job.txt", 6, 60);
+  JobTrace().Run("printing/print-job.txt", 6, 80);
 }
 
 }  // namespace

@@ -7,9 +7,24 @@
 
 namespace sched {
 
-// A page of a set size that records what was printed on it, a line each: "text X Y TEXT",
-// "line X1 Y1 X2 Y2", "page", "end", "kill". Every character is kCharWidth across and a line
-// kLineHeight high.
+struct PrintedText {
+  int x = 0;
+  int y = 0;
+  std::string text;
+};
+struct PrintedRule {
+  int x1 = 0;
+  int y1 = 0;
+  int x2 = 0;
+  int y2 = 0;
+};
+struct PrintedPage {
+  std::vector<PrintedText> texts;
+  std::vector<PrintedRule> rules;
+};
+
+// A page of a set size that keeps what was printed on each page. Every character is
+// kCharWidth across and a line kLineHeight high.
 class FakePrintDevice : public PrintDevice {
  public:
   static constexpr int kCharWidth = 100;
@@ -17,7 +32,10 @@ class FakePrintDevice : public PrintDevice {
 
   FakePrintDevice(int width, int height) : width_(width), height_(height) {}
 
-  const std::vector<std::string>& Drawn() const { return drawn_; }
+  // The pages printed on, none before the first text or rule.
+  const std::vector<PrintedPage>& Pages() const { return pages_; }
+  // How the document ended: "end", "kill", or "none" while it is open.
+  const std::string& Ending() const { return ending_; }
   int FontSize() const { return fontSize_; }
   // EndDoc fails, as a file that cannot be written does.
   void FailEnd() { endFails_ = true; }
@@ -36,31 +54,35 @@ class FakePrintDevice : public PrintDevice {
   void SetCurrentX(int x) override { x_ = x; }
   void SetCurrentY(int y) override { y_ = y; }
   void Print(const std::string& text) override {
-    drawn_.push_back("text " + std::to_string(x_) + " " + std::to_string(y_) + " " + text);
+    Page().texts.push_back({x_, y_, text});
     x_ += TextWidth(text);
   }
-  void Line(int x1, int y1, int x2, int y2) override {
-    drawn_.push_back("line " + std::to_string(x1) + " " + std::to_string(y1) + " " +
-                     std::to_string(x2) + " " + std::to_string(y2));
-  }
+  void Line(int x1, int y1, int x2, int y2) override { Page().rules.push_back({x1, y1, x2, y2}); }
   void NewPage() override {
-    drawn_.push_back("page");
+    Page();
+    pages_.emplace_back();
     x_ = y_ = 0;
   }
   bool EndDoc() override {
-    drawn_.push_back("end");
+    ending_ = "end";
     return !endFails_;
   }
-  void KillDoc() override { drawn_.push_back("kill"); }
+  void KillDoc() override { ending_ = "kill"; }
 
  private:
+  PrintedPage& Page() {
+    if (pages_.empty()) pages_.emplace_back();
+    return pages_.back();
+  }
+
   int width_;
   int height_;
   int fontSize_ = 0;
   int x_ = 0;
   int y_ = 0;
   bool endFails_ = false;
-  std::vector<std::string> drawn_;
+  std::string ending_ = "none";
+  std::vector<PrintedPage> pages_;
 };
 
 }  // namespace sched

@@ -86,10 +86,19 @@ bool QtPrintDevice::Begin() {
 
 void QtPrintDevice::Print(const std::string& text) {
   if (!text.empty() && Begin()) {
-    painter_.drawText(QPointF(Pixels(x_), Pixels(y_) + metrics_->ascent()),
+    painter_.drawText(QPointF(Pixels(CurrentX()), Pixels(y_) + metrics_->ascent()),
                       QString::fromStdString(text));
   }
-  x_ += TextWidth(text);
+  CurrentX();
+  unmeasured_ = text;
+}
+
+int QtPrintDevice::CurrentX() const {
+  if (!unmeasured_.empty()) {
+    x_ += TextWidth(unmeasured_);
+    unmeasured_.clear();
+  }
+  return x_;
 }
 
 void QtPrintDevice::Line(int x1, int y1, int x2, int y2) {
@@ -98,7 +107,8 @@ void QtPrintDevice::Line(int x1, int y1, int x2, int y2) {
 
 void QtPrintDevice::NewPage() {
   if (Begin()) device_->newPage();
-  x_ = y_ = 0;
+  SetCurrentX(0);
+  y_ = 0;
 }
 
 bool QtPrintDevice::EndDoc() {

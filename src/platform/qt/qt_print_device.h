@@ -28,9 +28,12 @@ class QtPrintDevice : public PrintDevice {
   int TextHeight(const std::string& text) const override;
   int Width() const override;
   int Height() const override;
-  int CurrentX() const override { return x_; }
+  int CurrentX() const override;
   int CurrentY() const override { return y_; }
-  void SetCurrentX(int x) override { x_ = x; }
+  void SetCurrentX(int x) override {
+    x_ = x;
+    unmeasured_.clear();
+  }
   void SetCurrentY(int y) override { y_ = y; }
   void Print(const std::string& text) override;
   void Line(int x1, int y1, int x2, int y2) override;
@@ -54,7 +57,10 @@ class QtPrintDevice : public PrintDevice {
   double dpi_ = 0;
   bool begun_ = false;
   bool failed_ = false;
-  int x_ = 0;
+  // The last text printed moves the current X on by its width, which is measured only when the
+  // current X is asked for: the job places nearly every text itself.
+  mutable int x_ = 0;
+  mutable std::string unmeasured_;
   int y_ = 0;
 };
 
