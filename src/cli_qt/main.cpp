@@ -44,10 +44,10 @@ int Print(std::vector<std::string> args) {
   const auto code = [](const sched::CivilDate& d) {
     return sched::DateCode(d.year, d.month, d.day);
   };
-  const sched::PrintOutcome outcome =
+  const std::optional<sched::DocumentEnd> end =
       sched::PrintSchedule(cli.Document(), device, window, {messages, dates, clock},
                            code(parsed.from), code(parsed.to), parsed.copies);
-  return outcome == sched::PrintOutcome::Printed ? sched::kExitDone : sched::kExitRefused;
+  return end == sched::DocumentEnd::Printed ? sched::kExitDone : sched::kExitRefused;
 }
 
 // Qt's own notes about its set-up (a missing runtime folder, fonts) are no business of a

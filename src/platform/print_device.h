@@ -4,6 +4,10 @@
 
 namespace sched {
 
+// How a document ended: handed over whole, or lost because its file could not be written or the
+// printer failed.
+enum class DocumentEnd { Printed, FileNotWritten, PrinterFailed };
+
 // A printed document, page by page. Lengths are twips (1/1440 inch) of the page's printable
 // area, whose top left corner is (0, 0); Y grows downward. Texts are UTF-8.
 class PrintDevice {
@@ -27,8 +31,8 @@ class PrintDevice {
   virtual void Line(int x1, int y1, int x2, int y2) = 0;
   // Ends the page and starts the next, with the current place at (0, 0).
   virtual void NewPage() = 0;
-  // Hands the document over whole; false when it could not be written.
-  [[nodiscard]] virtual bool EndDoc() = 0;
+  // Hands the document over whole; what fails leaves nothing of it behind.
+  [[nodiscard]] virtual DocumentEnd EndDoc() = 0;
   // Throws away what was printed: nothing of the document is left.
   virtual void KillDoc() = 0;
 };

@@ -72,9 +72,10 @@ std::string JobStamp(const DateFormatter& dates, const DateTime& now) {
          TwelveHourTime(now.hour, now.minute, true, " AM", " PM") + " ";
 }
 
-PrintOutcome PrintSchedule(const ScheduleDocument& doc, PrintDevice& device, PrintingWindow& window,
-                           PrintJobServices s, std::int32_t PrintStartDate,
-                           std::int32_t PrintFinishDate, int copies) {
+std::optional<DocumentEnd> PrintSchedule(const ScheduleDocument& doc, PrintDevice& device,
+                                         PrintingWindow& window, PrintJobServices s,
+                                         std::int32_t PrintStartDate, std::int32_t PrintFinishDate,
+                                         int copies) {
   bool PrintCancelled = false;
   device.SetFontSize(kPrintFontSize);
   window.Show([&PrintCancelled] { PrintCancelled = true; });
@@ -101,13 +102,15 @@ PrintOutcome PrintSchedule(const ScheduleDocument& doc, PrintDevice& device, Pri
     window.Close();
     WarnNoRecord(s.messages);
     device.KillDoc();
-    return PrintOutcome::NothingToPrint;
+    return std::nullopt;
   }
-  const bool written = device.EndDoc();
+  const DocumentEnd end = device.EndDoc();
   window.Close();
-  if (written) return PrintOutcome::Printed;
-  s.messages.Show({print_texts::kWriteError, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
-  return PrintOutcome::WriteFailed;
+  // A printer that fails ends the job without a word; a file that cannot be written is told.
+  if (end == DocumentEnd::FileNotWritten) {
+    s.messages.Show({print_texts::kWriteError, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+  }
+  return end;
 }
 
 }  // namespace sched

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/clock.h"
@@ -39,9 +40,6 @@ std::string JobStamp(const DateFormatter& dates, const DateTime& now);
 // "There is no record to print.", titled "Warning:".
 void WarnNoRecord(Messages& messages);
 
-// What the job did.
-enum class PrintOutcome { Printed, NothingToPrint, WriteFailed };
-
 struct PrintJobServices {
   Messages& messages;
   const DateFormatter& dates;
@@ -51,10 +49,11 @@ struct PrintJobServices {
 // Prints the document's records from PrintStartDate to PrintFinishDate (DateCodes), `copies`
 // times, each copy's pages numbered from 1. Cancel in the window stops after the record being
 // printed; what was printed until then is handed over. A range without a record gives "There
-// is no record to print." and the document is killed; a document that cannot be written gives
-// "Write error!".
-PrintOutcome PrintSchedule(const ScheduleDocument& doc, PrintDevice& device, PrintingWindow& window,
-                           PrintJobServices services, std::int32_t PrintStartDate,
-                           std::int32_t PrintFinishDate, int copies);
+// is no record to print.", the document killed, and nothing; a file that cannot be written
+// gives "Write error!". How the document ended.
+std::optional<DocumentEnd> PrintSchedule(const ScheduleDocument& doc, PrintDevice& device,
+                                         PrintingWindow& window, PrintJobServices services,
+                                         std::int32_t PrintStartDate, std::int32_t PrintFinishDate,
+                                         int copies);
 
 }  // namespace sched

@@ -63,9 +63,9 @@ class FakePrintDevice : public PrintDevice {
     pages_.emplace_back();
     x_ = y_ = 0;
   }
-  bool EndDoc() override {
+  DocumentEnd EndDoc() override {
     ending_ = "end";
-    return !endFails_;
+    return endFails_ ? DocumentEnd::FileNotWritten : DocumentEnd::Printed;
   }
   void KillDoc() override { ending_ = "kill"; }
 

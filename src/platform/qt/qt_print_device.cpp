@@ -111,17 +111,15 @@ void QtPrintDevice::NewPage() {
   y_ = 0;
 }
 
-bool QtPrintDevice::EndDoc() {
-  if (!Begin()) return false;
+DocumentEnd QtPrintDevice::EndDoc() {
+  const DocumentEnd failed = file_ ? DocumentEnd::FileNotWritten : DocumentEnd::PrinterFailed;
+  if (!Begin()) return failed;
   begun_ = false;
   const bool painted = painter_.end();
-  if (!file_) return painted;
-  if (!painted) {
-    file_->cancelWriting();
-    file_->commit();
-    return false;
-  }
-  return file_->commit();
+  if (!file_) return painted ? DocumentEnd::Printed : failed;
+  // An uncommitted file is removed with its writer.
+  if (!painted) file_->cancelWriting();
+  return file_->commit() ? DocumentEnd::Printed : failed;
 }
 
 void QtPrintDevice::KillDoc() {

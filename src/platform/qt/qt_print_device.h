@@ -38,7 +38,7 @@ class QtPrintDevice : public PrintDevice {
   void Print(const std::string& text) override;
   void Line(int x1, int y1, int x2, int y2) override;
   void NewPage() override;
-  bool EndDoc() override;
+  DocumentEnd EndDoc() override;
   void KillDoc() override;
 
  private:
