@@ -53,6 +53,7 @@ extern const Verb kPasteVerb;
 extern const Verb kRuleVerb;
 extern const Verb kAlarmsVerb;
 extern const Verb kSnd2WavVerb;
+extern const Verb kPrintVerb;
 
 // Every verb, in the order the usage lists them.
 std::span<const Verb* const> Verbs();

@@ -7,9 +7,9 @@
 namespace sched {
 namespace {
 
-const std::array<const Verb*, 12> kVerbs = {
-    &kInfoVerb, &kDumpVerb,   &kResaveVerb, &kSampleVerb, &kHolidaysVerb, &kMonthVerb,
-    &kAddVerb,  &kDeleteVerb, &kPasteVerb,  &kRuleVerb,   &kAlarmsVerb,   &kSnd2WavVerb};
+const std::array<const Verb*, 13> kVerbs = {
+    &kInfoVerb,   &kDumpVerb,  &kResaveVerb, &kSampleVerb, &kHolidaysVerb, &kMonthVerb, &kAddVerb,
+    &kDeleteVerb, &kPasteVerb, &kRuleVerb,   &kAlarmsVerb, &kSnd2WavVerb,  &kPrintVerb};
 
 constexpr std::string_view kCodePageOption = "--code-page";
 constexpr std::string_view kCodePageNote =
