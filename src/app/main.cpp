@@ -11,8 +11,11 @@
 #include "platform/qt/qt_desktop_notices.h"
 #include "platform/qt/qt_file_dialogs.h"
 #include "platform/qt/qt_messages.h"
+#include "platform/qt/qt_processes.h"
+#include "platform/qt/qt_progress_window.h"
 #include "platform/qt/qt_registry.h"
 #include "platform/qt/qt_settings_store.h"
+#include "platform/qt/qt_sound_player.h"
 #include "platform/std/huge_pages.h"
 #include "platform/std/system_clock.h"
 #include "shell/install.h"
@@ -27,7 +30,9 @@ sched::InstallSource UserInstallSource() {
       QDir::cleanPath(QApplication::applicationDirPath() + "/" SCHEDULER_INSTALLED_DATA);
   return {{installed.toStdString(), SCHEDULER_DATA_DIR},
           sched::DefaultInstallDir(qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
-                                   QDir::homePath().toStdString())};
+                                   QDir::homePath().toStdString()),
+          {(QApplication::applicationDirPath() + "/mksbjct").toStdString(),
+           SCHEDULER_EDITOR_BUILD_PATH}};
 }
 
 }  // namespace
@@ -49,13 +54,19 @@ int main(int argc, char** argv) {
   sched::QtClockAlarm clockAlarm;
   sched::QtBeep beep;
   sched::QtDesktopNotices desktop;
-  sched::SchedulerApp scheduler({registry, settings, messages, dialogs, dates, clock, holidays,
-                                 chooser, clockAlarm, beep, desktop},
-                                UserInstallSource());
+  sched::QtSoundPlayer player;
+  sched::QtProcesses processes;
+  sched::QtProgressWindow progressWindow;
+  sched::SchedulerApp scheduler(
+      {registry, settings, messages, dialogs, dates, clock, holidays, chooser, clockAlarm, beep,
+       desktop, player, processes, progressWindow},
+      UserInstallSource());
   if (const auto ended = scheduler.Start(QApplication::arguments())) return *ended;
   messages.SetParent(scheduler.Window());
   dialogs.SetParent(scheduler.Window());
   chooser.SetParent(scheduler.Window());
+  player.SetOwner(scheduler.Window());
+  progressWindow.SetOwner(scheduler.Window());
 
   // For a look at the window without a screen: save a picture of it and end.
   const QString screenshot = qEnvironmentVariable("SCHEDULER_SCREENSHOT");

@@ -1,11 +1,13 @@
 #include "app/scheduler_app.h"
 
+#include <filesystem>
 #include <iostream>
 #include <utility>
 
 #include "core/app_texts.h"
 #include "core/calendar.h"
 #include "shell/device_service.h"
+#include "shell/install.h"
 #include "shell/settings.h"
 #include "views/calendar_views.h"
 
@@ -36,6 +38,7 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
     return 0;
   }
   paths_ = MakeInstallPaths(*installDir);
+  LinkEditor();
   if (!OpenCountryFile(p_.registry, p_.holidays, messages_, paths_, state_)) return 1;
   CheckPimDataDir(paths_, messages_);
   state_.LastPcDir = paths_.PimDataDir;
@@ -57,10 +60,18 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       *session_, *window_, alarms_, messages_, p_.dialogs, *device_, state_, paths_.CacheDir});
   BindDocumentCommands(commandSet_, *commands_);
   appointmentDialogs_ = std::make_unique<QtAppointmentDialogs>(window_.get());
+  editMedia_ = std::make_unique<EditDialogMedia>(
+      EditDialogMediaServices{{messages_, p_.player, p_.clock, &p_.progressWindow},
+                              p_.processes,
+                              *appointmentDialogs_,
+                              paths_.InstallDir,
+                              paths_.SoundCacheDir});
   appointments_ = std::make_unique<AppointmentCommands>(
       AppointmentServices{*session_, *views_, *appointmentDialogs_, alarms_, messages_, p_.clock,
-                          p_.dates, *device_, state_});
+                          p_.dates, *device_, state_, editMedia_.get()});
   BindAppointmentCommands(commandSet_, *appointments_);
+  commandSet_.Bind(CommandId::WordLists,
+                   [this] { StartWordListEditor(p_.processes, messages_, paths_.InstallDir); });
   window_->Attach(commands_.get(), store_.get());
   setupDialog_.SetParent(window_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),
@@ -83,6 +94,17 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   session_->RefreshViews();
   instance_.Listen([this] { window_->BringToFront(); });
   return std::nullopt;
+}
+
+void SchedulerApp::LinkEditor() {
+  for (const std::string& program : source_.editorPrograms) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(program, error)) continue;
+    InstallReport report;
+    Installer installer(report);
+    LinkWordListEditor(installer, paths_.PcAppsDir, program);
+    return;
+  }
 }
 
 // The file named on the command line, else the last file of the previous run.

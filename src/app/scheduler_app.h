@@ -11,6 +11,7 @@
 #include "commands/command_set.h"
 #include "commands/document_commands.h"
 #include "commands/document_session.h"
+#include "media/edit_dialog_media.h"
 #include "platform/holiday_calendar.h"
 #include "platform/registry.h"
 #include "shell/app_state.h"
@@ -40,6 +41,9 @@ struct AppPorts {
   ClockAlarm& clockAlarm;
   Beep& beep;
   DesktopNotices& desktop;
+  SoundPlayer& player;
+  Processes& processes;
+  ProgressWindow& progressWindow;  // of a melody's conversion
 };
 
 // The whole program: the document, the main window and its commands, brought up in their
@@ -67,6 +71,8 @@ class SchedulerApp {
 
  private:
   void OpenStartFile(const QString& commandLineFile);
+  // The word list editor, linked into the installation where the program starts it.
+  void LinkEditor();
 
   AppPorts p_;
   InstallSource source_;
@@ -86,6 +92,7 @@ class SchedulerApp {
   std::unique_ptr<DocumentSession> session_;
   std::unique_ptr<DocumentCommands> commands_;
   std::unique_ptr<QtAppointmentDialogs> appointmentDialogs_;
+  std::unique_ptr<EditDialogMedia> editMedia_;
   std::unique_ptr<AppointmentCommands> appointments_;
 };
 

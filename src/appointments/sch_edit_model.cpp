@@ -62,6 +62,8 @@ void SchEditModel::StartSession() {
   Work = RepeatWork{};
   Work.CanYearly = shownDate_.year != kLastYear;
   c_ = SchEditControls{};
+  c_.SelSubjectEnabled = s_.media != nullptr;
+  soundOutput_ = s_.media != nullptr && s_.media->HasSoundOutput();
   spanMinutes_ = kDefaultSpan;
   spanSet_ = false;
 }
@@ -159,6 +161,7 @@ void SchEditModel::EnableAlarmControls() {
   const bool alarm = c_.Check1 && !c_.Check3;
   c_.ImNumber1Enabled = alarm;
   c_.SoundEnabled = alarm && !c_.SoundList.empty();
+  c_.PreviewEnabled = c_.SoundEnabled && soundOutput_;
 }
 
 void SchEditModel::SetDefaultTimes() {
@@ -204,6 +207,24 @@ void SchEditModel::Warn(const std::string& text) {
 void SchEditModel::Text1_Change(const std::string& text) {
   c_.Text1 = CutToCharacters(text, kTitleLimit + CrCount(text));
   ChangedFlag = -1;
+}
+
+void SchEditModel::cbtSNDprev_Click() {
+  if (s_.media != nullptr) s_.media->PreviewAlarmSound(c_.SoundName);
+}
+
+void SchEditModel::SelSubject_Click(int index) {
+  if (s_.media == nullptr) return;
+  const bool place = index == 1;
+  const std::optional<std::string> text =
+      s_.media->SelectWords(place ? WordField::Place : WordField::Title,
+                            place ? c_.Text3 : c_.Text1, s_.store.Document().FileCodePage);
+  if (!text) return;
+  if (place) {
+    Text3_Change(*text);
+  } else {
+    Text1_Change(*text);
+  }
 }
 
 void SchEditModel::Text3_Change(const std::string& text) {

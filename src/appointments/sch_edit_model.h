@@ -10,6 +10,7 @@
 #include "appointments/occurrences.h"
 #include "appointments/repeat_model.h"
 #include "appointments/repeat_rule.h"
+#include "core/codepage.h"
 #include "platform/clock.h"
 #include "platform/date_formatter.h"
 #include "platform/messages.h"
@@ -37,6 +38,24 @@ class SchEditHost {
   virtual void ShowRepeatDialog(RepeatModel& repeat) = 0;
 };
 
+// The fields that take their text from a word list.
+enum class WordField { Title, Place };
+
+// The sound preview and the word lists, which the edit dialog reaches through their own
+// subsystem.
+class SchEditMedia {
+ public:
+  virtual ~SchEditMedia() = default;
+  // Whether the machine can play a sound at all.
+  virtual bool HasSoundOutput() = 0;
+  // Plays the alarm sound of that name from the sound folder.
+  virtual void PreviewAlarmSound(const std::string& name) = 0;
+  // The word list dialog on the field's list over the field's `text`: the text built from it
+  // after OK, nothing after Cancel.
+  virtual std::optional<std::string> SelectWords(WordField field, const std::string& text,
+                                                 CodePage page) = 0;
+};
+
 struct SchEditServices {
   ScheduleStore& store;
   Messages& messages;
@@ -45,6 +64,8 @@ struct SchEditServices {
   SchEditHost& host;
   // The names of the sound folder's melodies, upper case and without ".snd", each once.
   std::vector<std::string> sounds;
+  // Without it (a program with no windows) the preview and word list buttons stay disabled.
+  SchEditMedia* media = nullptr;
 };
 
 // The controls of the edit dialog that can take the focus.
@@ -86,7 +107,7 @@ struct SchEditControls {
   std::string SoundName;  // the sound chosen, "" for none
   bool SoundEnabled = false;
   bool PreviewEnabled = false;     // the sound preview comes with the sound player
-  bool SelSubjectEnabled = false;  // the word lists come with the word list editor
+  bool SelSubjectEnabled = false;  // the word list buttons of the title and the place
   bool Check2 = false;             // private
   bool Command1Enabled = true;     // the repeat button
 };
@@ -120,6 +141,10 @@ class SchEditModel {
   void Sound_Change(const std::string& name);
   // False when the name is too long: the focus goes back to the sound list.
   bool Sound_LostFocus();
+  // The Listen button: plays the sound chosen.
+  void cbtSNDprev_Click();
+  // The word list buttons: 0 fills the title from its list, 1 the place from its own.
+  void SelSubject_Click(int index);
   // The repeat button.
   void Command1_Click();
   // OK; true when the dialog closes.
@@ -177,6 +202,7 @@ class SchEditModel {
   std::optional<EditFocus> focus_;
   bool written_ = false;
   int newRow_ = -1;
+  bool soundOutput_ = false;
 };
 
 }  // namespace sched

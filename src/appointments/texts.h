@@ -26,6 +26,7 @@ inline constexpr const char* kNoTitle = "No Title";
 // The tips of the sound preview and word list buttons.
 inline constexpr const char* kPreviewTip = "Play the alarm sound";
 inline constexpr const char* kSelSubjectTip = "Take the title from a word list";
+inline constexpr const char* kSelPlaceTip = "Take the place from a word list";
 
 inline constexpr const char* kCannotFindSound = "Cannot find sound file.";
 inline constexpr const char* kAlarmSettingClear = "Alarm setting clear.";

@@ -52,6 +52,8 @@ extern const Verb kDeleteVerb;
 extern const Verb kPasteVerb;
 extern const Verb kRuleVerb;
 extern const Verb kAlarmsVerb;
+extern const Verb kSnd2WavVerb;
+extern const Verb kPrintVerb;
 extern const Verb kExportIcsVerb;
 extern const Verb kImportIcsVerb;
 

@@ -7,10 +7,10 @@
 namespace sched {
 namespace {
 
-const std::array<const Verb*, 13> kVerbs = {
-    &kInfoVerb,   &kDumpVerb,      &kResaveVerb,   &kSampleVerb, &kHolidaysVerb,
-    &kMonthVerb,  &kAddVerb,       &kDeleteVerb,   &kPasteVerb,  &kRuleVerb,
-    &kAlarmsVerb, &kExportIcsVerb, &kImportIcsVerb};
+const std::array<const Verb*, 15> kVerbs = {
+    &kInfoVerb,   &kDumpVerb,    &kResaveVerb, &kSampleVerb,    &kHolidaysVerb,
+    &kMonthVerb,  &kAddVerb,     &kDeleteVerb, &kPasteVerb,     &kRuleVerb,
+    &kAlarmsVerb, &kSnd2WavVerb, &kPrintVerb,  &kExportIcsVerb, &kImportIcsVerb};
 
 constexpr std::string_view kCodePageOption = "--code-page";
 constexpr std::string_view kCodePageNote =

@@ -10,7 +10,7 @@ namespace sched {
 
 SchEditModel AppointmentCommands::MakeModel() {
   return SchEditModel(SchEditServices{s_.session.Store(), s_.messages, s_.clock, s_.dates,
-                                      s_.dialogs, AlarmSoundNames(s_.device)});
+                                      s_.dialogs, AlarmSoundNames(s_.device), s_.media});
 }
 
 void AppointmentCommands::AddSchedule() {

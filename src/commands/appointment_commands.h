@@ -31,6 +31,7 @@ struct AppointmentServices {
   const DateFormatter& dates;
   DeviceFiles& device;  // its sound folder lists the alarm sounds
   AppState& state;
+  SchEditMedia* media = nullptr;  // the edit dialog's sound preview and word lists
 };
 
 // The commands on appointments, from every place of the views: adding and changing one through

@@ -13,6 +13,7 @@ enum class CommandId {
   SaveToTarvex,
   SaveAsOnTarvex,
   Print,
+  PrintPreview,
   Exit,
   // Edit and the popups
   Copy,

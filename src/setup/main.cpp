@@ -11,6 +11,7 @@
 #include "platform/std/system_clock.h"
 #include "shell/desktop_files.h"
 #include "shell/install.h"
+#include "shell/paths.h"
 
 namespace {
 
@@ -21,12 +22,12 @@ int Usage() {
   return 2;
 }
 
-// The program that the desktop entry starts: `scheduler`, beside this program.
-std::string SchedulerProgram(const char* argv0) {
+// A program installed beside this one.
+std::string ProgramBeside(const char* argv0, const char* name) {
   std::error_code error;
   std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
   if (error) self = std::filesystem::absolute(argv0);
-  return (self.parent_path() / "scheduler").string();
+  return (self.parent_path() / name).string();
 }
 
 // Runs a tool of the desktop and gives what it printed; nothing when it is not installed or
@@ -84,7 +85,12 @@ int main(int argc, char** argv) {
   const std::string dataHome = sched::UserDataHome(xdgDataHome, home);
   sched::Installer installer(report);
   const std::size_t madeBefore = report.created.size();
-  sched::InstallDesktopFiles(installer, dataDir, dataHome, SchedulerProgram(argv[0]));
+  sched::InstallDesktopFiles(installer, dataDir, dataHome, ProgramBeside(argv[0], "scheduler"));
+  const std::string editor = ProgramBeside(argv[0], "mksbjct");
+  if (std::filesystem::is_regular_file(editor)) {
+    sched::LinkWordListEditor(installer, sched::MakeInstallPaths(report.installDir).PcAppsDir,
+                              editor);
+  }
   const bool desktopFilesMade = report.created.size() > madeBefore;
 
   std::cout << "Install folder: " << report.installDir << "\n";

@@ -27,6 +27,8 @@ namespace {
 
 constexpr const char* kSampleName = "Sample.scl";
 constexpr const char* kPreferredHolidayFile = "holidayUS.ini";
+constexpr const char* kWordListFolder = "userdata/ini";
+constexpr const char* kEditorLink = "MkSbjct";
 
 // The folders of the layout, parents first. The device's "System" folder comes before
 // "system\sound", which then goes into it: the device does not tell the two apart.
@@ -116,6 +118,13 @@ void LayOut(Installer& installer, const std::string& installDir, const std::stri
   for (const fs::path& file : HolidayFiles(fs::path(dataDir) / "pcapps")) {
     installer.CopyNew(file, fs::path(paths.PcAppsDir) / file.filename());
   }
+  // The stock word lists, each only where the user has no list of that name.
+  std::error_code error;
+  for (fs::directory_iterator it(fs::path(dataDir) / kWordListFolder, error), end;
+       !error && it != end; it.increment(error)) {
+    const std::string name = it->path().filename().string();
+    installer.CopyNew(it->path(), ResolveIgnoringCase(installDir, kWordListFolder + ("/" + name)));
+  }
   installer.WriteNew(paths.SystemIniPath, SystemIniBytes());
   installer.WriteNew(paths.SchIniPath, SchIniBytes());
   for (const Melody& melody : StockMelodies()) {
@@ -141,6 +150,16 @@ std::optional<std::string> ChooseHolidayFile(const std::string& pcAppsDir) {
 }
 
 }  // namespace
+
+void LinkWordListEditor(Installer& installer, const std::string& pcAppsDir,
+                        const std::string& editorProgram) {
+  const fs::path link = ResolveIgnoringCase(pcAppsDir, kEditorLink);
+  if (Exists(link)) return;  // followed: a link to a program that is gone does not exist
+  std::error_code error;
+  if (fs::is_symlink(fs::symlink_status(link, error))) fs::remove(link, error);
+  fs::create_symlink(fs::absolute(editorProgram, error), link, error);
+  installer.Note(link.string(), !error);
+}
 
 std::string UserDataHome(std::string_view xdgDataHome, std::string_view home) {
   const std::string dataHome = !xdgDataHome.empty() && xdgDataHome.front() == '/'

@@ -26,4 +26,10 @@ std::string DefaultInstallDir(std::string_view xdgDataHome, std::string_view hom
 InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
                                  const std::string& defaultInstallDir, const CivilDate& today);
 
+// Puts a link "MkSbjct" to the word list editor `editorProgram` into the installation's pcapps
+// folder, where the scheduler starts it; an upgraded program is found through the same link.
+// Whatever is there is kept, unless it is a link to a program that is gone.
+void LinkWordListEditor(Installer& installer, const std::string& pcAppsDir,
+                        const std::string& editorProgram);
+
 }  // namespace sched

@@ -15,10 +15,12 @@ namespace sched {
 
 // Where a user's installation comes from when none is registered: the folders where the
 // program's shipped data may be, the first that holds its country files taken, and the folder
-// to lay the installation out in.
+// to lay the installation out in; and where the word list editor program may be, the first
+// that exists linked into the installation at every start.
 struct InstallSource {
   std::vector<std::string> dataDirs;
   std::string installDir;
+  std::vector<std::string> editorPrograms = {};
 };
 
 // The install folder that a start runs on: the registered one; else one laid out from the

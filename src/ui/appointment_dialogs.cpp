@@ -4,6 +4,7 @@
 
 #include "ui/repeat.h"
 #include "ui/sch_edit.h"
+#include "ui/select_subject.h"
 
 namespace sched {
 
@@ -12,9 +13,18 @@ void QtAppointmentDialogs::ShowEditDialog(SchEditModel& model) {
 }
 
 void QtAppointmentDialogs::ShowRepeatDialog(RepeatModel& repeat) {
-  QWidget* active = QApplication::activeModalWidget();
-  RepeatForm form(repeat, active != nullptr ? active : parent_);
+  RepeatForm form(repeat, Owner());
   form.exec();
+}
+
+void QtAppointmentDialogs::ShowSelectSubject(SelectSubjectModel& model) {
+  SelectSubject form(model, Owner());
+  form.exec();
+}
+
+QWidget* QtAppointmentDialogs::Owner() const {
+  QWidget* active = QApplication::activeModalWidget();
+  return active != nullptr ? active : parent_;
 }
 
 }  // namespace sched

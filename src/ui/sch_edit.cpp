@@ -146,12 +146,6 @@ void SchEdit::BuildTitleAndPlace(QGridLayout* grid) {
   AddLabel(grid, words::kTitle, text1_, kTitleRow);
   grid->addWidget(text1_, kTitleRow, 1, 1, 2);
 
-  selSubject_ = new QToolButton(this);
-  selSubject_->setObjectName("SelSubject");
-  selSubject_->setText("...");
-  selSubject_->setToolTip(words::kSelSubjectTip);
-  grid->addWidget(selSubject_, kTitleRow, 3);
-
   text3_ = new QLineEdit(this);
   text3_->setObjectName("Text3");
   connect(text3_, &QLineEdit::textEdited, this, [this](const QString& text) {
@@ -159,7 +153,21 @@ void SchEdit::BuildTitleAndPlace(QGridLayout* grid) {
     ShowModel();
   });
   AddLabel(grid, words::kPlace, text3_, kPlaceRow);
-  grid->addWidget(text3_, kPlaceRow, 1, 1, kColumns - 1);
+  grid->addWidget(text3_, kPlaceRow, 1, 1, 2);
+
+  const char* const tips[] = {words::kSelSubjectTip, words::kSelPlaceTip};
+  for (int i = 0; i < 2; ++i) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(QString("SelSubject(%1)").arg(i));
+    button->setText("...");
+    button->setToolTip(tips[i]);
+    connect(button, &QToolButton::clicked, this, [this, i] {
+      model_.SelSubject_Click(i);
+      ShowModel();
+    });
+    grid->addWidget(button, i == 0 ? kTitleRow : kPlaceRow, 3);
+    selSubject_[static_cast<std::size_t>(i)] = button;
+  }
 }
 
 void SchEdit::BuildDatesAndTimes(QGridLayout* grid) {
@@ -266,6 +274,10 @@ void SchEdit::BuildAlarm(QGridLayout* grid) {
   preview_->setObjectName("cbtSNDprev");
   preview_->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
   preview_->setToolTip(words::kPreviewTip);
+  connect(preview_, &QToolButton::clicked, this, [this] {
+    model_.cbtSNDprev_Click();
+    ShowModel();
+  });
   grid->addWidget(preview_, kAlarmRow, 3);
 
   check2_ = new QCheckBox(words::kPrivate, this);
@@ -336,7 +348,7 @@ void SchEdit::ShowModel() {
     text3_->setMaxLength(c.Text3MaxLength);
     ShowText(text3_, c.Text3);
     ShowText(text2_, c.Text2);
-    selSubject_->setEnabled(c.SelSubjectEnabled);
+    for (QToolButton* button : selSubject_) button->setEnabled(c.SelSubjectEnabled);
     for (std::size_t i = 0; i < 2; ++i) {
       const std::optional<CivilDate>& date = c.ImDate1[i];
       if (date) imDate1_[i]->setDate(QDate(date->year, date->month, date->day));

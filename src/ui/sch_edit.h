@@ -57,7 +57,7 @@ class SchEdit : public QDialog {
   QLineEdit* text1_ = nullptr;
   QLineEdit* text3_ = nullptr;
   QPlainTextEdit* text2_ = nullptr;
-  QToolButton* selSubject_ = nullptr;
+  std::array<QToolButton*, 2> selSubject_{};  // the word lists of the title and the place
   std::array<QDateEdit*, 2> imDate1_{};
   std::array<QComboBox*, 2> combo1_{};
   QCheckBox* check3_ = nullptr;

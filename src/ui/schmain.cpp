@@ -143,6 +143,8 @@ void SchMain::BindWindowCommands() {
     s_.device.Sor_SetupDisconnection();
   });
   c.Bind(CommandId::About, [this] { ShowAbout(); });
+  c.Bind(CommandId::Print, [this] { RunPrintCommand(false); });
+  c.Bind(CommandId::PrintPreview, [this] { RunPrintCommand(true); });
 }
 
 QAction* SchMain::ActionOf(CommandId id) const {

@@ -25,6 +25,7 @@
 #include "platform/messages.h"
 #include "platform/registry.h"
 #include "platform/settings_store.h"
+#include "printing/print_command.h"
 #include "shell/app_state.h"
 #include "store/schedule_store.h"
 #include "ui/progress_panel.h"
@@ -167,6 +168,8 @@ class SchMain : public QMainWindow, public DocumentView {
   void MenuCheckMsg_Click();
   // The code page of the files read and written next, kept for the next start.
   void ChooseCodePage(CodePage page);
+  // "&Print..." and "Print Pre&view...": the range, then the printer or the preview.
+  void RunPrintCommand(bool preview);
   bool AcceptsDrop(const QMimeData* mime) const;
 
   SchMainServices s_;
@@ -174,6 +177,7 @@ class SchMain : public QMainWindow, public DocumentView {
   ScheduleStore* store_ = nullptr;
   const ScheduleDocument* doc_ = nullptr;
   std::unique_ptr<HolidayDialogHost> holidayHost_;
+  std::unique_ptr<PrintHost> printHost_;
   std::unique_ptr<ProgressPanel> progress_;
   std::vector<CommandAction> commandActions_;  // the menu bar's entries and the toolbar's buttons
   QMap<QString, QAction*> actions_;            // by name, for a look from outside

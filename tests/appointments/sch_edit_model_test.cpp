@@ -240,3 +240,58 @@ TEST(SchEditModel, FollowsTheTraces) {
 
 }  // namespace
 }  // namespace sched
+
+namespace sched {
+namespace {
+
+// The sound preview and word lists as the edit dialog reaches them.
+class RecordingMedia : public SchEditMedia {
+ public:
+  bool output = true;
+  std::optional<std::string> answer;  // what the word list dialog gives back
+  std::vector<std::string> calls;
+  bool HasSoundOutput() override { return output; }
+  void PreviewAlarmSound(const std::string& name) override { calls.push_back("play " + name); }
+  std::optional<std::string> SelectWords(WordField field, const std::string& text,
+                                         CodePage) override {
+    calls.push_back((field == WordField::Place ? "place " : "title ") + text);
+    return answer;
+  }
+};
+
+TEST(SchEditMedia, ListenAndTheWordListButtons) {
+  FakeStore fake;
+  FakeMessages messages;
+  FakeDateFormatter dates;
+  ScriptedRepeatHost host;
+  RecordingMedia media;
+  const auto open = [&] {
+    auto model = std::make_unique<SchEditModel>(
+        SchEditServices{fake.store, messages, fake.clock, dates, host, {"SCHALARM"}, &media});
+    model->OpenNew();
+    return model;
+  };
+  // Listen comes with the alarm, and only when the machine can play a sound.
+  for (const bool output : {true, false}) {
+    media.output = output;
+    const auto model = open();
+    EXPECT_FALSE(model->Controls().PreviewEnabled);
+    EXPECT_TRUE(model->Controls().SelSubjectEnabled);
+    model->Check1_Click(true);
+    EXPECT_EQ(model->Controls().PreviewEnabled, output);
+  }
+  const auto model = open();
+  model->Check1_Click(true);
+  model->cbtSNDprev_Click();
+  model->Text1_Change("Lunch");
+  media.answer = "Lunch Meeting";
+  model->SelSubject_Click(0);
+  media.answer.reset();
+  model->SelSubject_Click(1);
+  EXPECT_EQ(model->Controls().Text1, "Lunch Meeting");
+  EXPECT_EQ(model->Controls().Text3, "");
+  EXPECT_EQ(media.calls, (std::vector<std::string>{"play SCHALARM", "title Lunch", "place "}));
+}
+
+}  // namespace
+}  // namespace sched

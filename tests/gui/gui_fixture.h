@@ -15,8 +15,11 @@
 #include "platform/fake/fake_desktop_notices.h"
 #include "platform/fake/fake_file_dialogs.h"
 #include "platform/fake/fake_messages.h"
+#include "platform/fake/fake_processes.h"
+#include "platform/fake/fake_progress_window.h"
 #include "platform/fake/fake_registry.h"
 #include "platform/fake/fake_settings_store.h"
+#include "platform/fake/fake_sound_player.h"
 #include "shell/install.h"
 #include "tests/gui/picture_path.h"
 #include "tests/support/fake_device_chooser.h"
@@ -35,8 +38,8 @@ class GuiTest : public ::testing::Test {
   }
 
   AppPorts Ports() {
-    return {registry, settings, messages,   dialogs, dates,  clock,
-            holidays, chooser,  clockAlarm, beep,    desktop};
+    return {registry, settings,   messages, dialogs, dates,  clock,     holidays,
+            chooser,  clockAlarm, beep,     desktop, player, processes, progressWindow};
   }
 
   // Starts the program with the arguments after the program's name.
@@ -59,6 +62,9 @@ class GuiTest : public ::testing::Test {
   FakeClockAlarm clockAlarm;
   FakeBeep beep;
   FakeDesktopNotices desktop;
+  FakeSoundPlayer player;
+  FakeProcesses processes;
+  FakeProgressWindow progressWindow;
   std::string install;
   std::unique_ptr<SchedulerApp> app;
 };

@@ -4,6 +4,8 @@
 #include <QMimeData>
 #include <QTimer>
 #include <QUrl>
+#include <algorithm>
+#include <filesystem>
 #include <map>
 #include <sstream>
 
@@ -178,7 +180,7 @@ testing::Trace<Program> ProgramTrace() {
     if (r[1] == "folder+data")
       source = {{p.Path("$dir/gone"), SCHEDULER_DATA_DIR}, p.Path("$dir/fresh")};
     p.StartOn({broken, p.settings, p.messages, p.dialogs, p.dates, p.clock, p.holidays, p.chooser,
-               p.clockAlarm, p.beep, p.desktop},
+               p.clockAlarm, p.beep, p.desktop, p.player, p.processes, p.progressWindow},
               r[2], r[3], source);
   };
   t.steps["second-start"] = [](S p, R r) {
@@ -344,6 +346,21 @@ testing::Trace<Program> ProgramTrace() {
     return std::string(bytes.begin(), bytes.end());
   };
   t.looks["links"] = [](S p, auto&) { return p.Shown(p.links->opened.join(" ").toStdString()); };
+  // The programs started, a line each.
+  t.looks["started"] = [](S p, auto&) {
+    std::string lines;
+    for (const std::string& line : p.processes.started) {
+      lines += (lines.empty() ? "" : " | ") + p.Shown(line);
+    }
+    return lines;
+  };
+  // The sounds played, and whether their files are gone after.
+  t.looks["played"] = [](S p, auto&) {
+    const bool gone =
+        std::none_of(p.player.played.begin(), p.player.played.end(),
+                     [](const std::string& file) { return std::filesystem::exists(file); });
+    return std::to_string(p.player.played.size()) + (gone ? " gone" : " left");
+  };
   t.looks["modal"] = [](S, auto&) { return YesNo(QApplication::activeModalWidget() != nullptr); };
   t.looks["in-use"] = [](S p, auto&) {
     return p.registry.ReadString(kSchedulerKey, kHolidayIniValue).value_or("(none)");

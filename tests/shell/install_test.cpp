@@ -39,6 +39,8 @@ struct InstallFixture : ::testing::Test {
       WriteWithFolders(dir, std::string("data/pcapps/") + name, std::string("; ") + name + "\n");
     }
     dir.Write("data/pcapps/readme.txt", "not a country file");
+    WriteWithFolders(dir, "data/userdata/ini/SCHSBJC2.INI", "Meeting");
+    WriteWithFolders(dir, "data/userdata/ini/PLCSBJC2.INI", "Office");
   }
   // Writes a file below the default install folder.
   void WriteInstalled(const std::string& relative, const std::string& text) const {
@@ -66,7 +68,8 @@ TEST_F(InstallFixture, AFreshMachineGetsTheWholeLayout) {
     EXPECT_EQ(ReadText(fs::path(paths.PcAppsDir) / name), std::string("; ") + name + "\n");
   }
   EXPECT_FALSE(fs::exists(fs::path(paths.PcAppsDir) / "readme.txt"));
-  EXPECT_TRUE(fs::is_directory(fs::path(defaultDir) / "userdata" / "ini"));
+  EXPECT_EQ(ReadInstalled("userdata/ini/SCHSBJC2.INI"), "Meeting");
+  EXPECT_EQ(ReadInstalled("userdata/ini/PLCSBJC2.INI"), "Office");
   EXPECT_TRUE(fs::exists(paths.SchIniPath));
   // One device folder "System", holding the settings and the sounds.
   EXPECT_EQ(paths.SoundCacheDir, defaultDir + "/xferbay/cache/System/sound");
@@ -93,6 +96,7 @@ TEST_F(InstallFixture, UserFilesAndSettingsAreKept) {
   const std::string mySystemIni("MYUNIT\x05\x00", 8);  // private level 5
   WriteInstalled("xferbay/cache/System/System.ini", mySystemIni);
   WriteInstalled("xferbay/cache/system/sound/schalarm.snd", "my alarm");
+  WriteInstalled("userdata/ini/schsbjc2.ini", "my words");
   registry.WriteString(kSchedulerKey, kHolidayIniValue, "holidayJP.ini");
   Install();
   EXPECT_EQ(ReadInstalled("userdata/PIMdata/Sample.scl"), "my own schedule");
@@ -101,7 +105,38 @@ TEST_F(InstallFixture, UserFilesAndSettingsAreKept) {
   // The melody exists in another case: no second copy beside it.
   EXPECT_EQ(ReadInstalled("xferbay/cache/system/sound/schalarm.snd"), "my alarm");
   EXPECT_FALSE(fs::exists(defaultDir + "/xferbay/cache/system/sound/SCHALARM.snd"));
+  EXPECT_EQ(ReadInstalled("userdata/ini/schsbjc2.ini"), "my words");
+  EXPECT_FALSE(fs::exists(defaultDir + "/userdata/ini/SCHSBJC2.INI"));
   EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayJP.ini");
+}
+
+// The editor's link in pcapps: made where nothing is, made anew where it leads nowhere, and
+// a user's own file or working link kept.
+TEST_F(InstallFixture, TheWordListEditorIsLinkedIntoTheInstallation) {
+  struct Case {
+    const char* what;
+    const char* before;  // "" nothing, "file", "link" to a program, "dangling" link
+    const char* after;   // what MkSbjct then holds or leads to
+  };
+  const Case cases[] = {{"nothing there", "", "new"},
+                        {"a link to a program that is gone", "dangling", "new"},
+                        {"a link to another program", "link", "old"},
+                        {"a file of the user's", "file", "mine"}};
+  dir.Write("new", "new");
+  dir.Write("old", "old");
+  for (const Case& c : cases) {
+    const fs::path link = dir.Path() / "pcapps" / "MkSbjct";
+    fs::remove_all(link.parent_path());
+    fs::create_directories(link.parent_path());
+    if (c.before == std::string("file")) dir.Write("pcapps/MkSbjct", "mine");
+    if (c.before == std::string("link")) fs::create_symlink(dir.File("old"), link);
+    if (c.before == std::string("dangling")) fs::create_symlink(dir.File("gone"), link);
+    InstallReport report;
+    Installer installer(report);
+    LinkWordListEditor(installer, link.parent_path().string(), dir.File("new"));
+    EXPECT_EQ(ReadText(link), c.after) << c.what;
+    EXPECT_TRUE(report.failures.empty()) << c.what;
+  }
 }
 
 TEST_F(InstallFixture, ARegisteredFolderThatIsGoneGetsANewInstall) {
