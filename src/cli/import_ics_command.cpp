@@ -1,15 +1,12 @@
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "cli/cli_args.h"
 #include "cli/cli_store.h"
 #include "cli/verb.h"
-#include "link/ics_import.h"
+#include "link/ics_link_component.h"
 #include "link/link_exchange.h"
 #include "link/link_records.h"
 #include "platform/std/system_clock.h"
-#include "store/stamp.h"
 
 namespace sched {
 namespace {
@@ -49,19 +46,14 @@ int RunImportIcs(const std::vector<std::string>& args, std::ostream&, std::ostre
   const ImportPeriod period = PeriodOf(options, today);
   CliStore cli(err, page);
   if (std::filesystem::exists(out) && !cli.Load(out)) return kExitRefused;
-  std::ostringstream text;
-  text << std::ifstream(options.file, std::ios::binary).rdbuf();
-  const auto records = RecordsOfCalendar(text.str(), today, StampOf(now));
-  if (!records) {
-    err << "Import failure!\nscltool: " << options.file << ": not an iCalendar file\n";
+  const SystemClock clock;
+  IcsLinkComponent link({[&options] { return options.file; }, [page] { return page; }, clock});
+  const std::optional<std::vector<std::uint8_t>> file = link.Import();
+  if (!file) {
+    err << "Import failure!\nscltool: " << options.file << ": no iCalendar file\n";
     return kExitRefused;
   }
-  std::vector<std::uint8_t> file;
-  for (const SchRecord& r : *records) {
-    const std::vector<std::uint8_t> bytes = ImportRecordBytes(r, page);
-    file.insert(file.end(), bytes.begin(), bytes.end());
-  }
-  MergeImportedRecords(cli.Store(), ReadImportRecords(file, page).records, merge, period,
+  MergeImportedRecords(cli.Store(), ReadImportRecords(*file, page).records, merge, period,
                        kDefaultAlarmSound);
   return cli.Save(out) ? kExitDone : kExitRefused;
 }

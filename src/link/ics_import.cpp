@@ -13,9 +13,11 @@
 namespace sched {
 namespace {
 
-// Bounds of what one event may make, whatever its rules say.
+// Bounds of what one event may make, whatever its rules and dates say: a rule's steps, the
+// days of an occurrence, the records of all its occurrences.
 constexpr int kMostRuleSteps = 100000;
 constexpr int kMostDaysOfAnOccurrence = 366;
+constexpr std::size_t kMostRecordsOfAnEvent = 40000;
 constexpr int kOpenRuleYears = 5;
 constexpr int kMostLead = 999;
 constexpr int kMostSubNo = 32767;
@@ -272,7 +274,11 @@ void AddEvent(icalcomponent* event, icalcomponent* calendar, const std::set<Loca
       return;
     }
   }
-  for (const auto& [from, to] : occurrences) records.Occurrence(from, to);
+  const std::size_t before = out.size();
+  for (const auto& [from, to] : occurrences) {
+    if (out.size() - before >= kMostRecordsOfAnEvent) break;
+    records.Occurrence(from, to);
+  }
 }
 
 }  // namespace

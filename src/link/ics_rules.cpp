@@ -18,9 +18,12 @@ std::string MonthDay(int day) {
   return days + ";BYSETPOS=-1";
 }
 
-std::string WeekdayOrdinal(std::uint16_t word) {
+// The weekday and its ordinal in the month; nothing when the word holds no such pair.
+std::optional<std::string> WeekdayOrdinal(std::uint16_t word) {
   const std::optional<WeekdayRule> rule = SplitWeekdayRule(word);
-  if (!rule) return {};
+  const bool ordinalOk =
+      rule && ((rule->ordinal >= 1 && rule->ordinal <= 4) || rule->ordinal == kLastOrdinal);
+  if (!ordinalOk || rule->weekday > 6) return std::nullopt;
   const int ordinal = rule->ordinal == kLastOrdinal ? -1 : rule->ordinal;
   return "BYDAY=" + std::to_string(ordinal) + kWeekdays[rule->weekday];
 }
@@ -44,18 +47,34 @@ std::optional<std::string> RuleOf(std::uint16_t word, int count) {
   const DecodedRepeatKind kind = DecodeRepeatKind(word);
   if (!kind.intervalField) return std::nullopt;
   const int day = (word >> 1) & 0x1F;
-  const std::string month = "BYMONTH=" + std::to_string((word >> 6) & 0xF) + ";";
-  std::string rule;
+  const int month = (word >> 6) & 0xF;
+  const int weekday = (word >> 2) & 7;
+  const std::string byMonth = "BYMONTH=" + std::to_string(month) + ";";
+  const bool dayOk = day >= 1 && day <= 31;
+  const bool monthOk = month >= 1 && month <= 12;
+  const std::optional<std::string> byWeekday = WeekdayOrdinal(word);
+  std::optional<std::string> rule;
   switch (kind.code) {
     case kCodeDaily: rule = "FREQ=DAILY"; break;
-    case kCodeWeekly: rule = std::string("FREQ=WEEKLY;BYDAY=") + kWeekdays[(word >> 2) & 7]; break;
-    case kCodeMonthly: rule = "FREQ=MONTHLY;" + MonthDay(day); break;
-    case kCodeYearly: rule = "FREQ=YEARLY;" + month + MonthDay(day); break;
-    case kCodeMonthlyWeekday: rule = "FREQ=MONTHLY;" + WeekdayOrdinal(word); break;
-    case kCodeYearlyWeekday: rule = "FREQ=YEARLY;" + month + WeekdayOrdinal(word); break;
-    default: return std::nullopt;
+    case kCodeWeekly:
+      if (weekday <= 6) rule = std::string("FREQ=WEEKLY;BYDAY=") + kWeekdays[weekday];
+      break;
+    case kCodeMonthly:
+      if (dayOk) rule = "FREQ=MONTHLY;" + MonthDay(day);
+      break;
+    case kCodeYearly:
+      if (dayOk && monthOk) rule = "FREQ=YEARLY;" + byMonth + MonthDay(day);
+      break;
+    case kCodeMonthlyWeekday:
+      if (byWeekday) rule = "FREQ=MONTHLY;" + *byWeekday;
+      break;
+    case kCodeYearlyWeekday:
+      if (byWeekday && monthOk) rule = "FREQ=YEARLY;" + byMonth + *byWeekday;
+      break;
+    default: break;
   }
-  return rule + ";INTERVAL=" + std::to_string(*kind.intervalField + 1) +
+  if (!rule) return std::nullopt;
+  return *rule + ";INTERVAL=" + std::to_string(*kind.intervalField + 1) +
          ";COUNT=" + std::to_string(count);
 }
 
