@@ -1,6 +1,9 @@
 #include "core/calendar.h"
 
 #include <algorithm>
+#include <cstdio>
+
+#include "core/number_text.h"
 
 namespace sched {
 
@@ -77,6 +80,21 @@ std::optional<CivilDate> NthWeekdayOfMonth(int year, int month, int weekday, int
 CivilDate LastWeekdayOfMonth(int year, int month, int weekday) {
   return FromDaySerial(
       WeekdayOnOrBefore(DaySerial({year, month, DaysInMonth(year, month)}), weekday));
+}
+
+std::optional<CivilDate> ParseSlashedDate(std::string_view text) {
+  if (text.size() != 10 || text[4] != '/' || text[7] != '/') return std::nullopt;
+  const auto year = ParseInt(text.substr(0, 4), 10, kFirstYear, kLastYear);
+  const auto month = ParseInt(text.substr(5, 2), 10, 1, 12);
+  const auto day = ParseInt(text.substr(8, 2), 10, 1, 31);
+  if (!year || !month || !day || !IsValidDate(*year, *month, *day)) return std::nullopt;
+  return CivilDate{*year, *month, *day};
+}
+
+std::string SlashedDate(const CivilDate& date) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%04d/%02d/%02d", date.year, date.month, date.day);
+  return text;
 }
 
 }  // namespace sched

@@ -3,6 +3,8 @@
 #include <compare>
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace sched {
 
@@ -76,5 +78,10 @@ std::optional<CivilDate> NthWeekdayOfMonth(int year, int month, int weekday, int
 
 // The last `weekday` (0 Sunday to 6 Saturday) of a month.
 CivilDate LastWeekdayOfMonth(int year, int month, int weekday);
+
+// The date "yyyy/mm/dd" of the calendar that `text` writes; nothing for other text.
+std::optional<CivilDate> ParseSlashedDate(std::string_view text);
+// The date as "yyyy/mm/dd".
+std::string SlashedDate(const CivilDate& date);
 
 }  // namespace sched
