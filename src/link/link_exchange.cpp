@@ -56,6 +56,14 @@ std::optional<std::vector<std::uint8_t>> BuildExportFile(const SchDatCTL& tables
   return file;
 }
 
+void ClearLinkBits(SchDatCTL& tables) {
+  auto& list = tables.SchDatList;
+  for (int row = 0; !list.IsEmpty() && row < list.Rows(); ++row) {
+    SchDatRow& r = list.At(row);
+    if (r.IsLive() && HasLinkBit(r.Stamp)) r.Stamp = ClearLinkBit(r.Stamp);
+  }
+}
+
 bool ImportPeriod::Holds(const CivilDate& date) const {
   const std::int32_t code = DateCode(date.year, date.month, date.day);
   return (!first || code >= DateCode(first->year, first->month, first->day)) &&

@@ -21,6 +21,9 @@ namespace sched {
 std::optional<std::vector<std::uint8_t>> BuildExportFile(const SchDatCTL& tables, bool onlyNew,
                                                          const DateTime& now, CodePage page);
 
+// After a successful export with the mark set: every live row counts as gone over the link.
+void ClearLinkBits(SchDatCTL& tables);
+
 // How an import merges: the import options' DIPType.
 enum class ImportMerge {
   kReplaceAll = 0,     // the rows of the period go first
