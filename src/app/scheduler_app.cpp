@@ -54,7 +54,8 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       SessionServices{*store_, *views_, *window_, messages_, progress, *device_, p_.settings,
                       p_.clock, paths_.SystemIniPath});
   commands_ = std::make_unique<DocumentCommands>(DocumentServices{
-      *session_, *window_, alarms_, messages_, p_.dialogs, *device_, state_, paths_.CacheDir});
+      *session_, *window_, alarms_, messages_, p_.dialogs, *device_, state_, paths_.CacheDir,
+      *session_});
   BindDocumentCommands(commandSet_, *commands_);
   appointmentDialogs_ = std::make_unique<QtAppointmentDialogs>(window_.get());
   appointments_ = std::make_unique<AppointmentCommands>(

@@ -10,7 +10,8 @@ namespace {
 // The alarms that ring on the date, in ringing order, one a line: the ringing time "h:mm AM",
 // then the times, the title and the place as the notice window shows them, tab-separated. An
 // alarm whose lead reaches into the day before rings, and is listed, on that day.
-int RunAlarms(const std::vector<std::string>& args, std::ostream& out, std::ostream& err, CodePage page) {
+int RunAlarms(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+              CodePage page) {
   RequireArguments(args, {"FILE.scl"}, {"YYYY/MM/DD"});
   const DateTime now = SystemClock().Now();
   const CivilDate day =

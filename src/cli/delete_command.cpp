@@ -98,7 +98,8 @@ DeleteAction ChooseAction(const CommandOptions& r) {
 // Removes the K-th item of the day, in the day's order, with its whole series, as Delete on
 // one line of the list does; or runs a bulk command. Every question is answered Yes, except
 // whether to leave the repeating items, which `--keep-repeats` answers.
-int RunDelete(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
+int RunDelete(const std::vector<std::string>& args, std::ostream&, std::ostream& err,
+              CodePage page) {
   const CommandOptions request =
       ParseOptions(args, {"--date", "--index", "--month", "--year", "--older-than", "--newer-than"},
                    {"--keep-repeats"});

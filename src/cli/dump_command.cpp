@@ -55,7 +55,8 @@ void WriteDumpJson(const ScheduleDocument& doc, std::ostream& out) {
   out << "]}\n";
 }
 
-int RunDump(const std::vector<std::string>& args, std::ostream& out, std::ostream& err, CodePage page) {
+int RunDump(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+            CodePage page) {
   RequireArguments(args, {"FILE.scl"});
   CliStore cli(err, page);
   if (!cli.Load(args[0])) return kExitRefused;
@@ -65,6 +66,7 @@ int RunDump(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 
 }  // namespace
 
-const Verb kDumpVerb{"dump", "FILE.scl", "the loaded schedule as JSON, the rows by date", RunDump, true};
+const Verb kDumpVerb{"dump", "FILE.scl", "the loaded schedule as JSON, the rows by date", RunDump,
+                     true};
 
 }  // namespace sched

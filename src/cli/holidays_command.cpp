@@ -9,7 +9,8 @@
 namespace sched {
 namespace {
 
-int RunHolidays(const std::vector<std::string>& args, std::ostream& out, std::ostream& err, CodePage) {
+int RunHolidays(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+                CodePage) {
   RequireArguments(args, {"COUNTRYFILE", "FROMYEAR"}, {"TOYEAR"});
   const int from = RequireInt("FROMYEAR", args[1], kFirstYear, kLastYear);
   const int to = args.size() == 3 ? RequireInt("TOYEAR", args[2], kFirstYear, kLastYear) : from;

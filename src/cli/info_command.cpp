@@ -78,7 +78,8 @@ void WriteInfo(const ScheduleDocument& doc, std::ostream& out) {
       << " as holidays, " << s.holidayOff << " as workdays)\n";
 }
 
-int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err, CodePage page) {
+int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+            CodePage page) {
   RequireArguments(args, {"FILE.scl"});
   CliStore cli(err, page);
   if (!cli.Load(args[0])) return kExitRefused;
@@ -90,6 +91,7 @@ int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 }  // namespace
 
 const Verb kInfoVerb{"info", "FILE.scl",
-                     "what the file holds: years, months, counts of rows, series, alarms", RunInfo, true};
+                     "what the file holds: years, months, counts of rows, series, alarms", RunInfo,
+                     true};
 
 }  // namespace sched

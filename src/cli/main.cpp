@@ -43,7 +43,8 @@ int Run(const std::vector<std::string>& args) {
   }
   try {
     std::vector<std::string> rest(args.begin() + 1, args.end());
-    const sched::CodePage page = verb->texts ? sched::TakeCodePage(rest) : sched::CodePage::kWestern;
+    const sched::CodePage page =
+        verb->texts ? sched::TakeCodePage(rest) : sched::CodePage::kWestern;
     if (page == sched::CodePage::kJapanese && !sched::ShiftJisAvailable()) {
       std::cerr << "scltool: this system's C library cannot convert Shift-JIS (code page 932)\n";
       return sched::kExitRefused;

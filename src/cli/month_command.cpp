@@ -10,7 +10,8 @@ namespace {
 // The 42 cells of the month grid as the month tab shows them with day 1 selected, one line a
 // cell (cell, day, colour, background, enabled or disabled, holiday name, tab-separated) and
 // the cell's list lines indented below.
-int RunMonth(const std::vector<std::string>& args, std::ostream& out, std::ostream& err, CodePage page) {
+int RunMonth(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+             CodePage page) {
   RequireArguments(args, {"FILE.scl", "YYYY", "MM"}, {"COUNTRYFILE"});
   const int year = RequireInt("YYYY", args[1], kFirstYear, kLastYear);
   const int month = RequireInt("MM", args[2], 1, 12);
@@ -48,6 +49,7 @@ int RunMonth(const std::vector<std::string>& args, std::ostream& out, std::ostre
 }  // namespace
 
 const Verb kMonthVerb{"month", "FILE.scl YYYY MM [COUNTRYFILE]",
-                      "the month grid of the window as text, with a country's holidays", RunMonth, true};
+                      "the month grid of the window as text, with a country's holidays", RunMonth,
+                      true};
 
 }  // namespace sched

@@ -10,7 +10,8 @@ namespace {
 
 // Copies the Kth item of a day, in the day's order, and pastes it on another date as the
 // window does, keeping a series' rule unless `--single` answers No; then saves the file.
-int RunPaste(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
+int RunPaste(const std::vector<std::string>& args, std::ostream&, std::ostream& err,
+             CodePage page) {
   const CommandOptions options = ParseOptions(args, {"--from", "--index", "--to"}, {"--single"});
   const CivilDate from = RequireDate(options.Required("--from"));
   const int index = RequireInt("--index", options.Required("--index"), 1);

@@ -5,7 +5,8 @@
 namespace sched {
 namespace {
 
-int RunResave(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
+int RunResave(const std::vector<std::string>& args, std::ostream&, std::ostream& err,
+              CodePage page) {
   RequireArguments(args, {"IN.scl", "OUT.scl"});
   CliStore cli(err, page);
   if (!cli.Load(args[0])) return kExitRefused;

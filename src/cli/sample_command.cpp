@@ -10,7 +10,8 @@ namespace {
 constexpr int kSampleFirstYear = kFirstYear + 1;
 constexpr int kSampleLastYear = kLastYear - 5;
 
-int RunSample(const std::vector<std::string>& args, std::ostream&, std::ostream& err, CodePage page) {
+int RunSample(const std::vector<std::string>& args, std::ostream&, std::ostream& err,
+              CodePage page) {
   RequireArguments(args, {"OUT.scl"}, {"YYYY", "MM", "DD"});
   const DateTime now = SystemClock().Now();
   CivilDate date{now.year, now.month, now.day};

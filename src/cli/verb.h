@@ -52,6 +52,9 @@ extern const Verb kDeleteVerb;
 extern const Verb kPasteVerb;
 extern const Verb kRuleVerb;
 extern const Verb kAlarmsVerb;
+extern const Verb kCsvReadVerb;
+extern const Verb kImportCsvVerb;
+extern const Verb kExportCsvVerb;
 
 // Every verb, in the order the usage lists them.
 std::span<const Verb* const> Verbs();

@@ -12,6 +12,9 @@ enum class CommandId {
   OpenOnTarvex,
   SaveToTarvex,
   SaveAsOnTarvex,
+  ImportCsv,
+  ExportCsv,
+  CsvSettingsDialog,
   Print,
   Exit,
   // Edit and the popups
