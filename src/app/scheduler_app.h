@@ -67,6 +67,8 @@ class SchedulerApp {
 
  private:
   void OpenStartFile(const QString& commandLineFile);
+  // The CSV mapping dialog, alarm notices held back while it is open.
+  void ShowFormCsv();
 
   AppPorts p_;
   InstallSource source_;
