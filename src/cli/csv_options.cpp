@@ -1,18 +1,17 @@
 #include "cli/csv_options.h"
 
 #include "cli/verb.h"
-#include "store/scl_format.h"
 
 namespace sched {
 
-std::optional<std::string> ReadCsvBytes(const std::string& path, std::ostream& err) {
+std::optional<CsvFileBytes> ReadCsvBytes(const std::string& path, std::ostream& err) {
   std::string why;
-  const std::optional<FileBytes> bytes = ReadWholeFile(path, &why);
+  std::optional<FileBytes> bytes = ReadWholeFile(path, &why);
   if (!bytes) {
     err << "Read error!\nscltool: " << path << ": " << why << '\n';
     return std::nullopt;
   }
-  return std::string(reinterpret_cast<const char*>(bytes->data.get()), bytes->size);
+  return CsvFileBytes(std::move(*bytes));
 }
 
 CommandOptions ParseInOut(const std::vector<std::string>& args, std::string_view inName,

@@ -8,11 +8,24 @@
 #include "cli/cli_args.h"
 #include "core/codepage.h"
 #include "interchange/csv_fields.h"
+#include "store/scl_format.h"
 
 namespace sched {
 
+// A CSV file's bytes, read whole.
+class CsvFileBytes {
+ public:
+  explicit CsvFileBytes(FileBytes bytes) : bytes_(std::move(bytes)) {}
+  std::string_view Text() const {
+    return {reinterpret_cast<const char*>(bytes_.data.get()), bytes_.size};
+  }
+
+ private:
+  FileBytes bytes_;
+};
+
 // The CSV file's bytes; nothing, after "Read error!" and why, when it cannot be read.
-std::optional<std::string> ReadCsvBytes(const std::string& path, std::ostream& err);
+std::optional<CsvFileBytes> ReadCsvBytes(const std::string& path, std::ostream& err);
 
 // A verb's arguments "IN OUT [options]": OUT taken out, the rest parsed as on a file; the
 // names are those of the verb's synopsis.

@@ -11,9 +11,9 @@ namespace {
 int RunCsvRead(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
                CodePage page) {
   RequireArguments(args, {"IN.csv"});
-  const std::optional<std::string> bytes = ReadCsvBytes(args[0], err);
+  const std::optional<CsvFileBytes> bytes = ReadCsvBytes(args[0], err);
   if (!bytes) return kExitRefused;
-  CsvReader reader(*bytes, page);
+  CsvReader reader(bytes->Text(), page);
   std::string stop = "end_of_file";
   try {
     while (reader.CsvReadPos() < reader.CsvFileLength()) {

@@ -16,12 +16,12 @@ int RunImportCsv(const std::vector<std::string>& args, std::ostream&, std::ostre
   options.Excludes("--columns", "--columns-from-header");
   options.Excludes("--no-header", "--columns-from-header");
   CsvSettings csv = CsvSettingsOfOptions(options);
-  const std::optional<std::string> bytes = ReadCsvBytes(options.file, err);
+  const std::optional<CsvFileBytes> bytes = ReadCsvBytes(options.file, err);
   if (!bytes) return kExitRefused;
   if (options.Flag("--columns-from-header")) {
     std::optional<std::vector<std::string>> columns;
     try {
-      columns = CsvColumnsFromHeader(CsvReader(*bytes, page).ReadCsvRow().items);
+      columns = CsvColumnsFromHeader(CsvReader(bytes->Text(), page).ReadCsvRow().items);
     } catch (const CsvReadFailure&) {
     }
     if (!columns) {
@@ -33,7 +33,7 @@ int RunImportCsv(const std::vector<std::string>& args, std::ostream&, std::ostre
   CliStore cli(err, page);
   SilentProgress progress;
   SystemClock clock;
-  if (!ImportCsvFile({cli.Store(), progress, clock}, *bytes, csv)) {
+  if (!ImportCsvFile({cli.Store(), progress, clock}, bytes->Text(), csv)) {
     err << "Read error!\n";
     return kExitRefused;
   }

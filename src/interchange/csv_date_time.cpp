@@ -1,32 +1,36 @@
 #include "interchange/csv_date_time.h"
 
-#include <cstdio>
-#include <vector>
+#include <array>
 
 #include "core/text_case.h"
-#include "core/time_text.h"
 
 namespace sched {
 namespace {
 
-// The whole numbers of `text` between its separators; nothing when a part is empty, is no
-// number or has more than `maxDigits` digits.
-std::optional<std::vector<int>> NumberParts(std::string_view text, char separator,
-                                            std::size_t maxDigits) {
-  std::vector<int> parts;
-  for (;;) {
-    const std::size_t end = std::min(text.find(separator), text.size());
-    const std::string_view part = text.substr(0, end);
-    if (part.empty() || part.size() > maxDigits) return std::nullopt;
-    int value = 0;
-    for (const char c : part) {
-      if (c < '0' || c > '9') return std::nullopt;
-      value = value * 10 + (c - '0');
+// Up to three whole numbers of `text` between its separators.
+struct NumberParts {
+  std::array<int, 3> values{};
+  std::size_t count = 0;
+};
+
+// The numbers; nothing when a part is empty, is no number, has more than `maxDigits` digits,
+// or there are more than three.
+std::optional<NumberParts> SplitNumbers(std::string_view text, char separator,
+                                        std::size_t maxDigits) {
+  NumberParts parts;
+  std::size_t digits = 0;
+  for (std::size_t i = 0; i <= text.size(); ++i) {
+    if (i == text.size() || text[i] == separator) {
+      if (digits == 0 || parts.count == parts.values.size()) return std::nullopt;
+      ++parts.count;
+      digits = 0;
+      continue;
     }
-    parts.push_back(value);
-    if (end == text.size()) return parts;
-    text.remove_prefix(end + 1);
+    if (text[i] < '0' || text[i] > '9' || ++digits > maxDigits) return std::nullopt;
+    int& value = parts.values[parts.count];
+    value = value * 10 + (text[i] - '0');
   }
+  return parts;
 }
 
 std::optional<CivilDate> RealDate(int year, int month, int day) {
@@ -41,9 +45,9 @@ std::optional<CivilDate> RealDate(int year, int month, int day) {
 std::optional<CivilDate> ParseCsvDate(std::string_view text) {
   text = Trim(text);
   const char separator = text.find('-') != std::string_view::npos ? '-' : '/';
-  const auto parts = NumberParts(text, separator, 4);
-  if (!parts || parts->size() != 3) return std::nullopt;
-  const std::vector<int>& p = *parts;
+  const auto parts = SplitNumbers(text, separator, 4);
+  if (!parts || parts->count != 3) return std::nullopt;
+  const std::array<int, 3>& p = parts->values;
   const bool yearFirst = text.find(separator) > 2;
   if (yearFirst) return RealDate(p[0], p[1], p[2]);
   if (separator == '-' || text.size() - text.rfind(separator) - 1 != 4) return std::nullopt;
@@ -60,11 +64,11 @@ std::optional<int> ParseCsvTime(std::string_view text) {
       text = Trim(text.substr(0, text.size() - 2));
     }
   }
-  const auto parts = NumberParts(text, ':', 2);
-  if (!parts || parts->size() < 2 || parts->size() > 3) return std::nullopt;
-  int hour = (*parts)[0];
-  const int minute = (*parts)[1];
-  if (minute > 59 || (parts->size() == 3 && (*parts)[2] > 59)) return std::nullopt;
+  const auto parts = SplitNumbers(text, ':', 2);
+  if (!parts || parts->count < 2) return std::nullopt;
+  int hour = parts->values[0];
+  const int minute = parts->values[1];
+  if (minute > 59 || parts->values[2] > 59) return std::nullopt;
   if (afternoon) {
     if (hour > 12) return std::nullopt;
     hour = hour % 12 + (*afternoon ? 12 : 0);
@@ -74,14 +78,32 @@ std::optional<int> ParseCsvTime(std::string_view text) {
   return hour * 60 + minute;
 }
 
+// Written by hand: an export writes three of each a row.
 std::string FormatCsvDate(const CivilDate& date) {
-  char text[16];
-  std::snprintf(text, sizeof text, "%04d/%02d/%02d", date.year, date.month, date.day);
-  return text;
+  const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
+  return {digit(date.year / 1000),
+          digit(date.year / 100),
+          digit(date.year / 10),
+          digit(date.year),
+          '/',
+          digit(date.month / 10),
+          digit(date.month),
+          '/',
+          digit(date.day / 10),
+          digit(date.day)};
 }
 
 std::string FormatCsvTime(int minutes) {
-  return TwelveHourTime(minutes / 60, minutes % 60, false, " AM", " PM");
+  const int hour = minutes / 60;
+  const int hour12 = hour % 12 == 0 ? 12 : hour % 12;
+  std::string text;
+  if (hour12 >= 10) text += '1';
+  text += static_cast<char>('0' + hour12 % 10);
+  text += ':';
+  text += static_cast<char>('0' + minutes % 60 / 10);
+  text += static_cast<char>('0' + minutes % 10);
+  text += hour < 12 ? " AM" : " PM";
+  return text;
 }
 
 }  // namespace sched

@@ -20,26 +20,42 @@ CivilDate StartOf(const SchDatRow& row) {
   return {row.Year, row.Month, row.Day};
 }
 
+// No export of the tables is longer: every row of its own, with its texts and, in each
+// column, quotes, a comma and the longest date or time.
+std::size_t LargestSize(const SchDatCTL& t, int lastColumn) {
+  constexpr std::size_t kLongestItem = 16;
+  const std::size_t perRow = static_cast<std::size_t>(lastColumn + 2) * kLongestItem;
+  std::size_t size = perRow;
+  for (int row = 0; !t.SchDatList.IsEmpty() && row < t.SchDatList.Rows(); ++row) {
+    const SchDatRow& r = t.SchDatList.At(row);
+    if (r.IsLive()) size += perRow + r.Title.size() + r.Place.size() + r.Memo.size();
+  }
+  return size;
+}
+
 const char* Flag(bool on) {
   return on ? "1" : "0";
 }
 
 }  // namespace
 
-std::optional<CsvRowFields> BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row,
-                                        ExportedGroups& exported) {
+bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& exported,
+                 CsvRowFields& fields) {
   const bool multiDay = static_cast<std::int16_t>(row.RepeatKind) == kMultiDayKind;
   const bool span = multiDay || IsTimedSpan(row.RepeatKind);
-  if (span && !exported.insert({row.ParentSubNo, row.ParentStamp}).second) return std::nullopt;
+  if (span && !exported.insert(row.Series()).second) return false;
   const auto groupRange = [&] {
     const SeriesRange range = GetSeriesRange(tables, row.ParentSubNo, row.ParentStamp);
     return range.found ? std::pair{DateOfCode(range.firstCode), DateOfCode(range.lastCode)}
                        : std::pair{StartOf(row), StartOf(row)};
   };
-  CsvRowFields fields;
-  fields[kCsvTitle] = StripCR(row.Title);
-  fields[kCsvPlace] = StripCR(row.Place);
-  fields[kCsvMemo] = StripCR(row.Memo);
+  for (std::string& field : fields) field.clear();
+  for (const CsvField text : {kCsvTitle, kCsvPlace, kCsvMemo}) {
+    const std::string& from = text == kCsvTitle   ? row.Title
+                              : text == kCsvPlace ? row.Place
+                                                  : row.Memo;
+    fields[text] = from.find('\r') == std::string::npos ? from : StripCR(from);
+  }
   fields[kCsvPrivate] = Flag(row.Private != 0);
   fields[kCsvAlarmOn] = Flag(row.AlarmLead != 0);
   CivilDate first = StartOf(row);
@@ -71,7 +87,7 @@ std::optional<CsvRowFields> BuildCsvRow(const SchDatCTL& tables, const SchDatRow
   }
   fields[kCsvStartDate] = FormatCsvDate(first);
   fields[kCsvEndDate] = FormatCsvDate(last);
-  return fields;
+  return true;
 }
 
 int LastColumn(const std::vector<std::int16_t>& map) {
@@ -86,14 +102,15 @@ int LastColumn(const std::vector<std::int16_t>& map) {
 }
 
 void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<std::int16_t>& map,
-                 int lastColumn) {
+                 int lastColumn, CodePage page) {
   std::array<bool, kCsvFieldCount> written{};
   for (int i = 0; i <= lastColumn; ++i) {
     const int field = map[static_cast<std::size_t>(i)];
     out += '"';
     if (field >= 0 && !written[static_cast<std::size_t>(field)]) {
       written[static_cast<std::size_t>(field)] = true;
-      out += row[static_cast<std::size_t>(field)];
+      const std::string& item = row[static_cast<std::size_t>(field)];
+      out += IsAscii(item) ? item : ToCodePage(item, page);
     }
     out += '"';
     out += i == lastColumn ? "\r\n" : ",";
@@ -105,16 +122,18 @@ std::string ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings,
   EnsureDefaultCsvColumns(settings.CsvColumns);
   const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
   const int lastColumn = LastColumn(map);
+  const SchDatCTL& t = doc.Tables;
   std::string text;
+  text.reserve(LargestSize(t, lastColumn));
   if (settings.CsvFirstRowIsHeader) {
     CsvRowFields names;
     for (std::size_t i = 0; i < map.size(); ++i) {
       if (map[i] >= 0) names[static_cast<std::size_t>(map[i])] = settings.CsvColumns[i];
     }
-    WriteCsvRow(text, names, map, lastColumn);
+    WriteCsvRow(text, names, map, lastColumn, doc.FileCodePage);
   }
-  const SchDatCTL& t = doc.Tables;
   ExportedGroups exported;
+  CsvRowFields fields;
   for (int i = 0; i < t.YearCount; ++i) {
     progress.SetValue(i * 100 / t.YearCount);
     for (const int monthRow : MonthChain(t.AncMM, t.AncYY.At(i).FirstMonth)) {
@@ -122,15 +141,15 @@ std::string ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings,
         for (const int r : DayChain(t.SchDatList, head)) {
           const SchDatRow& row = t.SchDatList.At(r);
           if (row.Deleted == kDeleted) continue;
-          if (const auto fields = BuildCsvRow(t, row, exported)) {
-            WriteCsvRow(text, *fields, map, lastColumn);
+          if (BuildCsvRow(t, row, exported, fields)) {
+            WriteCsvRow(text, fields, map, lastColumn, doc.FileCodePage);
           }
         }
       }
     }
   }
   progress.SetValue(100);
-  return ToCodePage(text, doc.FileCodePage);
+  return text;
 }
 
 }  // namespace sched

@@ -1,7 +1,6 @@
 #include "interchange/csv_import.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "core/text_case.h"
 #include "interchange/csv_date_time.h"
@@ -21,15 +20,21 @@ constexpr std::int16_t kTimedSpanKind = 2048;
 constexpr int kAllDaySpanLimit = 30;
 constexpr int kTimedSpanLimit = 31;
 
+bool HasLineBreak(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
+}
+
 // CR becomes a blank, LF goes, and at most the first characters of the limit stay.
-std::string OneLine(std::string_view text, int limit) {
+std::string OneLine(std::string text, int limit) {
+  if (text.size() <= static_cast<std::size_t>(limit) && !HasLineBreak(text)) {
+    return text;  // the common case, left as it is
+  }
   std::string line;
   int characters = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    if (byte == '\n') continue;
-    if ((byte & 0xC0) != 0x80 && ++characters > limit) break;
-    line += byte == '\r' ? ' ' : text[i];
+  for (const char c : text) {
+    if (c == '\n') continue;
+    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80 && ++characters > limit) break;
+    line += c == '\r' ? ' ' : c;
   }
   return line;
 }
@@ -42,20 +47,38 @@ int DaysBetween(const CivilDate& from, const CivilDate& to) {
   return DaySerial(to) - DaySerial(from);
 }
 
-// The leading number of a text, as a number of the text's start is read: blanks are passed
-// over, then a sign, digits and a decimal part; nothing when no digit comes.
-std::optional<double> LeadingNumber(std::string_view text) {
-  std::string number;
+// Whether the number at the start of a text is 1, as a number is read there: blanks are passed
+// over, then a sign, digits and a decimal part; false when no digit comes.
+bool LeadingNumberIsOne(std::string_view text) {
+  bool negative = false;
+  bool signSeen = false;
+  bool pointSeen = false;
+  bool digitSeen = false;
+  bool wholeIsOne = false;  // the digits before the point make 1
+  bool wholeNonZero = false;
+  bool fractionNonZero = false;
   for (const char c : text) {
     if (c == ' ' || c == '\t') continue;
-    const bool digit = c >= '0' && c <= '9';
-    const bool sign = (c == '-' || c == '+') && number.empty();
-    const bool point = c == '.' && number.find('.') == std::string::npos;
-    if (!digit && !sign && !point) break;
-    number += c;
+    if ((c == '-' || c == '+') && !signSeen && !digitSeen && !pointSeen) {
+      signSeen = true;
+      negative = c == '-';
+    } else if (c == '.' && !pointSeen) {
+      pointSeen = true;
+    } else if (c >= '0' && c <= '9') {
+      digitSeen = true;
+      if (pointSeen) {
+        fractionNonZero = fractionNonZero || c != '0';
+      } else if (c != '0') {
+        wholeIsOne = !wholeNonZero && c == '1';
+        wholeNonZero = true;
+      } else {
+        wholeIsOne = false;
+      }
+    } else {
+      break;
+    }
   }
-  if (number.find_first_of("0123456789") == std::string::npos) return std::nullopt;
-  return std::strtod(number.c_str(), nullptr);
+  return digitSeen && !negative && wholeIsOne && !fractionNonZero;
 }
 
 const CivilDate kFirstDate{kFirstYear, 1, 1};
@@ -65,18 +88,19 @@ const CivilDate kLastDate{kLastYear, 12, 31};
 
 std::int16_t CsvBoolean(std::string_view text) {
   if (text == "真" || text == "True" || text == "TRUE") return 1;
-  const std::optional<double> number = LeadingNumber(text);
-  return number && *number == 1.0 ? 1 : 0;
+  return LeadingNumberIsOne(text) ? 1 : 0;
 }
 
-std::optional<CsvConverted> ConvertCsvRow(const CsvRowFields& fields) {
-  CsvRowFields row = fields;
-  for (std::string& text : row) text = TabToBlank(std::move(text));
+std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row) {
+  for (std::string& text : row) {
+    if (text.find('\t') != std::string::npos) text = TabToBlank(std::move(text));
+  }
   CsvConverted c;
   SchRecord& r = c.record;
-  r.Title = OneLine(row[kCsvTitle], kTitleLimit);
-  r.Place = OneLine(row[kCsvPlace], kTitleLimit);
-  r.Memo = LfToCrLf(row[kCsvMemo]);
+  r.Title = OneLine(std::move(row[kCsvTitle]), kTitleLimit);
+  r.Place = OneLine(std::move(row[kCsvPlace]), kTitleLimit);
+  std::string& memo = row[kCsvMemo];
+  r.Memo = HasLineBreak(memo) ? LfToCrLf(memo) : std::move(memo);
   r.Private = CsvBoolean(row[kCsvPrivate]);
   r.AlarmOn = CsvBoolean(row[kCsvAlarmOn]);
   c.allDay = CsvBoolean(row[kCsvAllDay]) != 0;
@@ -145,12 +169,12 @@ void CsvImporter::SetTimes(SchRecord& record, const CsvConverted& row) const {
   record.EndTime = static_cast<std::int16_t>(row.allDay ? -1 : row.endTime);
 }
 
-void CsvImporter::AddCsvRecord(const CsvRowFields& fields) {
+void CsvImporter::AddCsvRecord(CsvRowFields fields) {
   TakeClockStamp();
-  std::optional<CsvConverted> converted = ConvertCsvRow(fields);
+  std::optional<CsvConverted> converted = ConvertCsvRow(std::move(fields));
   if (!converted) return;
   CsvConverted& row = *converted;
-  SchRecord record = row.record;
+  SchRecord record = std::move(row.record);
   record.Prev = -1;
   record.Next = -1;
   record.RepeatKind = 0;
@@ -218,6 +242,10 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
   const CivilDate shown{doc.CurYear, doc.CurMonth, doc.CurDay};
   store.ClearIndex();
   store.ResetHeader();
+  // Room for a row a line, so that the table does not move as it grows.
+  constexpr std::size_t kMostRowsReserved = 1 << 20;
+  doc.Tables.SchDatList.Reserve(
+      std::min<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n') + 1, kMostRowsReserved));
   EnsureDefaultCsvColumns(settings.CsvColumns);
   const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
   CsvReader reader(bytes, doc.FileCodePage);
@@ -230,7 +258,7 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
       const int progress = static_cast<int>(reader.CsvReadPos() * 100 /
                                             std::max<std::int64_t>(reader.CsvFileLength(), 1));
       if (progress != shownProgress) services.progress.SetValue(shownProgress = progress);
-      const CsvRow read = reader.ReadCsvRow();
+      CsvRow read = reader.ReadCsvRow();
       // An empty line ends the import.
       if (read.items.empty() && read.atLineEnd) break;
       CsvRowFields row;
@@ -238,13 +266,17 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
       for (std::size_t i = 0; i < columns; ++i) {
         if (map[i] < 0) continue;
         std::string& field = row[static_cast<std::size_t>(map[i])];
-        field = field.empty() ? read.items[i] : field + " " + read.items[i];
+        if (field.empty()) {
+          field = std::move(read.items[i]);
+        } else {
+          field += " " + read.items[i];
+        }
       }
       if (header) {
         header = false;
         continue;
       }
-      importer.AddCsvRecord(row);
+      importer.AddCsvRecord(std::move(row));
     }
   } catch (const CsvReadFailure&) {
     whole = false;

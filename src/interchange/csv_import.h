@@ -36,7 +36,7 @@ std::int16_t CsvBoolean(std::string_view text);
 
 // The row's values, or nothing when the row is rejected: its start is no date, no time, or
 // lies outside the calendar, or it ends before it starts.
-std::optional<CsvConverted> ConvertCsvRow(const CsvRowFields& row);
+std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row);
 
 // Minutes from the alarm to the start, at most 999; an alarm on an earlier day counts only
 // the times of day.
@@ -56,7 +56,7 @@ class CsvImporter {
 
   // Adds the row's record, or one for each of its days, under the clock's stamp; a rejected
   // row adds nothing.
-  void AddCsvRecord(const CsvRowFields& row);
+  void AddCsvRecord(CsvRowFields row);
 
  private:
   // A new import stamp is taken when the clock's stamp moves on.

@@ -71,13 +71,32 @@ CsvReader::Char CsvReader::ReadChar() {
   return {first, length};
 }
 
-void CsvReader::Append(std::string& raw, Char c) const {
-  raw.append(
-      bytes_.substr(at_ - static_cast<std::size_t>(c.length), static_cast<std::size_t>(c.length)));
+std::size_t CsvReader::Find(std::string_view stops) const {
+  if (utf8_ || page_ != CodePage::kJapanese) {
+    if (stops.size() == 1) return std::min(bytes_.find(stops[0], at_), bytes_.size());
+    const char first = stops.front();
+    const char last = stops.back();
+    std::size_t i = at_;
+    while (i < bytes_.size() && bytes_[i] != first && bytes_[i] != last) ++i;
+    return i;
+  }
+  // A trail byte may be any byte from 0x40 on: the characters are stepped over one by one.
+  std::size_t i = at_;
+  while (i < bytes_.size() && stops.find(bytes_[i]) == std::string_view::npos) {
+    i += ShiftJisTables::IsLead(static_cast<unsigned char>(bytes_[i])) ? 2 : 1;
+  }
+  return std::min(i, bytes_.size());
+}
+
+CsvItem CsvReader::Failed(CsvItem& item, int errorCode) {
+  item.failed = true;
+  item.errorCode = errorCode;
+  return item;
 }
 
 std::string CsvReader::Decode(std::string raw) const {
-  return utf8_ || IsAscii(raw) ? raw : ToUtf8(raw, page_);
+  if (utf8_ || IsAscii(raw)) return raw;
+  return ToUtf8(raw, page_);
 }
 
 void CsvReader::SkipLineFeed() {
@@ -94,11 +113,7 @@ CsvItem CsvReader::ReadCsvItem() {
     pos_ = length;
     return item;
   }
-  if (pos_ >= length) {
-    item.failed = true;
-    item.errorCode = kCsvErrorAtEnd;
-    return item;
-  }
+  if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
   const auto next = [&] {
     const Char c = ReadChar();
     at_ += static_cast<std::size_t>(c.length);
@@ -120,23 +135,22 @@ CsvItem CsvReader::ReadCsvItem() {
 
   std::string raw;
   for (;;) {
-    if (pos_ >= length) {
-      item.failed = true;
-      item.errorCode = kCsvErrorAtEnd;
-      return item;
+    if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
+    const std::size_t quote = Find("\"");
+    raw.append(bytes_.substr(at_, quote - at_));
+    pos_ += static_cast<std::int64_t>(quote - at_);
+    at_ = quote;
+    if (AtEnd()) {
+      // An open quote at the end; the reader's count may lag the bytes after a CR alone.
+      if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
+      throw CsvReadFailure();
     }
+    next();
+    // A closing quote needs one more character behind it.
+    if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
     c = next();
-    if (c.first == kQuote) {
-      // A closing quote needs one more character behind it.
-      if (pos_ >= length) {
-        item.failed = true;
-        item.errorCode = kCsvErrorAtEnd;
-        return item;
-      }
-      c = next();
-      if (c.first != kQuote) break;  // a doubled quote stands for one
-    }
-    Append(raw, c);
+    if (c.first != kQuote) break;
+    raw += '"';  // a doubled quote stands for one
   }
   item.text = Decode(std::move(raw));
   // What stands between the closing quote and the comma or line end is dropped.
@@ -147,11 +161,7 @@ CsvItem CsvReader::ReadCsvItem() {
       item.atLineEnd = true;
       return item;
     }
-    if (AtEnd()) {
-      item.failed = true;
-      item.errorCode = kCsvErrorAfterQuote;
-      return item;
-    }
+    if (AtEnd()) return Failed(item, kCsvErrorAfterQuote);
     c = next();
   }
 }
@@ -159,26 +169,25 @@ CsvItem CsvReader::ReadCsvItem() {
 CsvItem CsvReader::ReadUnquotedCsvItem(Char first) {
   CsvItem item;
   if (first.first == kComma) return item;
-  std::string raw;
-  Char c = first;
-  for (;;) {
-    if (c.first == kComma) break;
-    if (c.first == kCR) {
-      SkipLineFeed();
-      item.atLineEnd = true;
-      break;
-    }
-    Append(raw, c);
-    c = ReadChar();  // the end of the file here fails the read
-    at_ += static_cast<std::size_t>(c.length);
-    pos_ += c.length;
+  const std::size_t start = at_ - static_cast<std::size_t>(first.length);
+  std::size_t end = start;
+  if (first.first != kCR) {
+    end = Find(",\r");
+    if (end == bytes_.size()) throw CsvReadFailure();  // no line end at the end
+    pos_ += static_cast<std::int64_t>(end + 1 - at_);
+    at_ = end + 1;
   }
-  item.text = Decode(TrimBlanks(raw));
+  if (bytes_[end] == '\r') {
+    SkipLineFeed();
+    item.atLineEnd = true;
+  }
+  item.text = Decode(TrimBlanks(std::string(bytes_.substr(start, end - start))));
   return item;
 }
 
 CsvRow CsvReader::ReadCsvRow() {
   CsvRow row;
+  row.items.reserve(lastItemCount_);  // rows of a file are mostly alike
   while (!row.atLineEnd) {
     CsvItem item = ReadCsvItem();
     row.atLineEnd = item.atLineEnd;
@@ -189,6 +198,7 @@ CsvRow CsvReader::ReadCsvRow() {
     if (item.text.empty() && item.atLineEnd) break;
     row.items.push_back(std::move(item.text));
   }
+  lastItemCount_ = row.items.size();
   return row;
 }
 

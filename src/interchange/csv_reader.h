@@ -63,7 +63,12 @@ class CsvReader {
   CsvItem ReadUnquotedCsvItem(Char first);
   // Reads the character behind a CR over, as the LF of the line end.
   void SkipLineFeed();
-  void Append(std::string& raw, Char c) const;
+  static CsvItem Failed(CsvItem& item, int errorCode);
+  // The next byte at or after the read position that is one of `stops` (one or two bytes)
+  // and begins a
+  // character; the file's length when there is none. Every character between counts its
+  // bytes, so the text up to it is taken in one piece.
+  std::size_t Find(std::string_view stops) const;
   std::string Decode(std::string raw) const;
 
   std::string_view bytes_;
@@ -71,6 +76,7 @@ class CsvReader {
   bool utf8_ = false;
   std::size_t at_ = 0;    // the next byte to read
   std::int64_t pos_ = 0;  // CsvReadPos
+  std::size_t lastItemCount_ = 0;
 };
 
 }  // namespace sched
