@@ -242,10 +242,11 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
   const CivilDate shown{doc.CurYear, doc.CurMonth, doc.CurDay};
   store.ClearIndex();
   store.ResetHeader();
-  // Room for a row a line, so that the table does not move as it grows.
-  constexpr std::size_t kMostRowsReserved = 1 << 20;
-  doc.Tables.SchDatList.Reserve(
-      std::min<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n') + 1, kMostRowsReserved));
+  // Room for as many rows as a file of real texts holds, so that the table does not move as it
+  // grows: room that stays unused is never touched, and costs no memory.
+  constexpr std::size_t kShortRowBytes = 40;
+  constexpr std::size_t kMostRowsReserved = 1 << 21;
+  doc.Tables.SchDatList.Reserve(std::min(bytes.size() / kShortRowBytes + 1, kMostRowsReserved));
   EnsureDefaultCsvColumns(settings.CsvColumns);
   const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
   CsvReader reader(bytes, doc.FileCodePage);
