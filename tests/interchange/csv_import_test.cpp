@@ -92,6 +92,27 @@ TEST(CsvImport, SeventyThousandRowsKeepTheirIdentities) {
   EXPECT_EQ(t.RowCount, 70000 + 70);
 }
 
+// Files far from a calendar end in the reader's reactions, at once and without records.
+TEST(CsvImport, HugeLinesAndColumnsEndQuickly) {
+  const struct {
+    const char* name;
+    std::string file;
+    bool whole;
+  } cases[] = {
+      {"10 MB on one line", std::string(10'000'000, 'x') + "\r\n", true},
+      {"10 MB in one open quote", "\"" + std::string(10'000'000, 'x'), true},
+      {"a million columns", std::string(1'000'000, ',') + "x\r\n", true},
+      {"a million columns without a line end", std::string(1'000'000, ',') + "xy", false},
+  };
+  for (const auto& c : cases) {
+    FakeStore maker;
+    EXPECT_EQ(ImportCsvFile({maker.store, maker.progress, maker.clock}, c.file, {{}, false}),
+              c.whole)
+        << c.name;
+    EXPECT_EQ(maker.doc.Tables.RowCount, 0) << c.name;
+  }
+}
+
 TEST(CsvBoolean, TrueOnlyForTheTextsAndNumbersOfOne) {
   const std::pair<const char*, int> cases[] = {
       {"1", 1}, {"1abc", 1}, {" 1.0", 1}, {"True", 1}, {"TRUE", 1}, {"真", 1},   {"true", 0},

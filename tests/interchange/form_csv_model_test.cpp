@@ -88,9 +88,7 @@ testing::Trace<Dialog> FormCsvTrace() {
     }
     return text;
   };
-  t.looks["reference"] = [](S d, auto&) {
-    return testing::Join(d.model.Controls().FileField);
-  };
+  t.looks["reference"] = [](S d, auto&) { return testing::Join(d.model.Controls().FileField); };
   t.looks["selected"] = [](S d, auto&) {
     const FormCsvControls& c = d.model.Controls();
     return std::to_string(c.CsvListIndex) + " " + std::to_string(c.FileFieldIndex);
