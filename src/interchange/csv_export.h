@@ -1,14 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 #include "interchange/csv_fields.h"
-#include "interchange/csv_import.h"
 #include "platform/progress_display.h"
 #include "store/document.h"
 #include "store/row_index.h"

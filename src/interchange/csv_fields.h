@@ -32,6 +32,9 @@ enum CsvField : int {
   kCsvPrivate
 };
 
+// The twelve field texts of one row, indexed as CsvFieldNames.
+using CsvRowFields = std::array<std::string, kCsvFieldCount>;
+
 // A column that is read and dropped.
 inline constexpr std::string_view kCsvNotUsed = "Not Used";
 

@@ -15,9 +15,6 @@
 
 namespace sched {
 
-// The twelve field texts of one row, indexed as CsvFieldNames.
-using CsvRowFields = std::array<std::string, kCsvFieldCount>;
-
 // A row's values after the conversion of its texts.
 struct CsvConverted {
   SchRecord record;  // texts, Private, AlarmOn

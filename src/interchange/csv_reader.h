@@ -43,7 +43,6 @@ class CsvReader {
 
   std::int64_t CsvReadPos() const { return pos_; }
   std::int64_t CsvFileLength() const { return static_cast<std::int64_t>(bytes_.size()); }
-  bool IsUtf8() const { return utf8_; }
 
   // One item; throws CsvReadFailure when an unquoted item, or a line end, runs into the end
   // of the file.

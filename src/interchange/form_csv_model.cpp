@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 #include "core/app_texts.h"
 #include "interchange/csv_fields.h"

@@ -16,7 +16,6 @@ namespace sched {
 struct CsvListEntry {
   std::string text;
   int data = -1;
-  friend bool operator==(const CsvListEntry&, const CsvListEntry&) = default;
 };
 
 // What the mapping dialog shows. An index is -1 while no row is selected.

@@ -33,7 +33,6 @@ class FormCsv : public QDialog {
   QListWidget* FieldList() const { return fieldList_; }
   QListWidget* CsvList() const { return csvList_; }
   QListWidget* FileField() const { return fileField_; }
-  QCheckBox* ChkL1isField() const { return chkL1isField_; }
   QPushButton* Button(const QString& name) const;
 
   // Closing without OK, by Cancel, Escape or the close box: the model asks about changes.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "interchange/csv_import.h"
 #include "store/row_order.h"
 #include "tests/support/test_store.h"
 
