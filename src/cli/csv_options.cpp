@@ -1,6 +1,7 @@
 #include "cli/csv_options.h"
 
 #include "cli/verb.h"
+#include "shell/settings.h"
 
 namespace sched {
 
@@ -27,15 +28,17 @@ CommandOptions ParseInOut(const std::vector<std::string>& args, std::string_view
   return ParseOptions(rest, valued, flags);
 }
 
-CsvSettings CsvSettingsOfOptions(const CommandOptions& options) {
+CsvSettings CsvSettingsOfOptions(const CommandOptions& options, SettingsStore& stored) {
   options.Excludes("--header", "--no-header");
-  CsvSettings csv;
+  CsvSettings csv = LoadCsvSettings(stored, kSettingsApp);
   if (const std::string* columns = options.Value("--columns")) {
     csv.CsvColumns = SplitCsvColumnNames(*columns);
     if (csv.CsvColumns.empty()) throw UsageError("--columns names no column");
   }
   EnsureDefaultCsvColumns(csv.CsvColumns);
-  csv.CsvFirstRowIsHeader = !options.Flag("--no-header");
+  if (options.Flag("--header") || options.Flag("--no-header")) {
+    csv.CsvFirstRowIsHeader = options.Flag("--header");
+  }
   return csv;
 }
 

@@ -8,6 +8,7 @@
 #include "cli/cli_args.h"
 #include "core/codepage.h"
 #include "interchange/csv_fields.h"
+#include "platform/settings_store.h"
 #include "store/scl_format.h"
 
 namespace sched {
@@ -33,8 +34,8 @@ CommandOptions ParseInOut(const std::vector<std::string>& args, std::string_view
                           std::string_view outName, std::initializer_list<std::string_view> valued,
                           std::initializer_list<std::string_view> flags, std::string& out);
 
-// The mapping that --columns, --header and --no-header give: the twelve fields in their order
-// and a header row when they are not given.
-CsvSettings CsvSettingsOfOptions(const CommandOptions& options);
+// The mapping that --columns, --header and --no-header give; without --columns the mapping the
+// window has stored, whose header flag the options may change.
+CsvSettings CsvSettingsOfOptions(const CommandOptions& options, SettingsStore& stored);
 
 }  // namespace sched

@@ -3,6 +3,7 @@
 #include "cli/verb.h"
 #include "interchange/csv_export.h"
 #include "platform/std/safe_file.h"
+#include "platform/std/user_settings_file.h"
 
 namespace sched {
 namespace {
@@ -12,7 +13,8 @@ int RunExportCsv(const std::vector<std::string>& args, std::ostream&, std::ostre
   std::string target;
   const CommandOptions options =
       ParseInOut(args, "IN.scl", "OUT.csv", {"--columns"}, {"--header", "--no-header"}, target);
-  const CsvSettings csv = CsvSettingsOfOptions(options);
+  UserSettingsFile stored(UserSettingsFile::WindowSettingsPath());
+  const CsvSettings csv = CsvSettingsOfOptions(options, stored);
   CliStore cli(err, page);
   if (!cli.Load(options.file)) return kExitRefused;
   SilentProgress progress;

@@ -3,6 +3,7 @@
 #include "cli/verb.h"
 #include "interchange/csv_import.h"
 #include "interchange/csv_reader.h"
+#include "platform/std/user_settings_file.h"
 
 namespace sched {
 namespace {
@@ -15,7 +16,8 @@ int RunImportCsv(const std::vector<std::string>& args, std::ostream&, std::ostre
                  {"--header", "--no-header", "--columns-from-header"}, target);
   options.Excludes("--columns", "--columns-from-header");
   options.Excludes("--no-header", "--columns-from-header");
-  CsvSettings csv = CsvSettingsOfOptions(options);
+  UserSettingsFile stored(UserSettingsFile::WindowSettingsPath());
+  CsvSettings csv = CsvSettingsOfOptions(options, stored);
   const std::optional<CsvFileBytes> bytes = ReadCsvBytes(options.file, err);
   if (!bytes) return kExitRefused;
   if (options.Flag("--columns-from-header")) {

@@ -46,11 +46,12 @@ std::string Arguments(const std::string& fields, const std::string& dir) {
 }
 
 // Runs scltool and gives its exit status and the stream asked for: out, err, or both (which
-// a fixture's run gives too).
+// a fixture's run gives too). The window's settings are those of tests/data/cli/config.
 std::pair<int, std::string> Scltool(const std::string& args, const std::string& stream) {
   const std::map<std::string, std::string> redirect = {
       {"both", " 2>&1"}, {"make", " 2>&1"}, {"out", " 2>/dev/null"}, {"err", " 2>&1 >/dev/null"}};
-  return RunCommand(SCLTOOL_PATH + args + redirect.at(stream));
+  return RunCommand("XDG_CONFIG_HOME=" SCHEDULER_TEST_DATA_DIR "/cli/config " SCLTOOL_PATH + args +
+                    redirect.at(stream));
 }
 
 // The live rows of a schedule file in date order, as "Title M-D, ..."; "unreadable" when it
