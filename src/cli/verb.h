@@ -57,6 +57,8 @@ extern const Verb kPrintVerb;
 extern const Verb kCsvReadVerb;
 extern const Verb kImportCsvVerb;
 extern const Verb kExportCsvVerb;
+extern const Verb kExportIcsVerb;
+extern const Verb kImportIcsVerb;
 
 // Every verb, in the order the usage lists them.
 std::span<const Verb* const> Verbs();

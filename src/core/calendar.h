@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <optional>
 
@@ -13,7 +14,7 @@ struct CivilDate {
   int year = kFirstYear;
   int month = 1;
   int day = 1;
-  friend bool operator==(const CivilDate&, const CivilDate&) = default;
+  friend auto operator<=>(const CivilDate&, const CivilDate&) = default;
 };
 
 constexpr bool IsLeapYear(int year) {

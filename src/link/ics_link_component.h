@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/codepage.h"
+#include "platform/clock.h"
+#include "platform/link_component.h"
+
+namespace sched {
+
+// The link component as a bridge to an iCalendar file that the PIM program keeps or imports:
+// an export puts the items of the export file into the calendar, an import makes the import
+// file of the calendar's events. The calendar's path and the code page of the link files are
+// asked for at each use, as the user may change them.
+class IcsLinkComponent : public LinkComponent {
+ public:
+  struct Services {
+    std::function<std::string()> calendarPath;
+    std::function<CodePage()> codePage;
+    const Clock& clock;
+  };
+  explicit IcsLinkComponent(Services services) : s_(std::move(services)) {}
+
+  bool ExportFile(const std::string& path) override;
+  bool ImportFile(const std::string& path) override;
+
+  // The same on the bytes of the link files: the export's put into the calendar, false when
+  // that failed; the import's made of the calendar, nothing when there is no calendar.
+  bool Export(std::span<const std::uint8_t> linkFile);
+  std::optional<std::vector<std::uint8_t>> Import();
+
+ private:
+  Services s_;
+};
+
+}  // namespace sched
