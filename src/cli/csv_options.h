@@ -28,12 +28,6 @@ class CsvFileBytes {
 // The CSV file's bytes; nothing, after "Read error!" and why, when it cannot be read.
 std::optional<CsvFileBytes> ReadCsvBytes(const std::string& path, std::ostream& err);
 
-// A verb's arguments "IN OUT [options]": OUT taken out, the rest parsed as on a file; the
-// names are those of the verb's synopsis.
-CommandOptions ParseInOut(const std::vector<std::string>& args, std::string_view inName,
-                          std::string_view outName, std::initializer_list<std::string_view> valued,
-                          std::initializer_list<std::string_view> flags, std::string& out);
-
 // The mapping that --columns, --header and --no-header give; without --columns the mapping the
 // window has stored, whose header flag the options may change.
 CsvSettings CsvSettingsOfOptions(const CommandOptions& options, SettingsStore& stored);
