@@ -9,6 +9,7 @@
 #include "shell/device_service.h"
 #include "shell/install.h"
 #include "shell/settings.h"
+#include "ui/form_csv.h"
 #include "views/calendar_views.h"
 
 namespace sched {
@@ -56,9 +57,11 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   session_ = std::make_unique<DocumentSession>(
       SessionServices{*store_, *views_, *window_, messages_, progress, *device_, p_.settings,
                       p_.clock, paths_.SystemIniPath});
-  commands_ = std::make_unique<DocumentCommands>(DocumentServices{
-      *session_, *window_, alarms_, messages_, p_.dialogs, *device_, state_, paths_.CacheDir});
+  commands_ = std::make_unique<DocumentCommands>(
+      DocumentServices{*session_, *window_, alarms_, messages_, p_.dialogs, *device_, state_,
+                       paths_.CacheDir, *session_});
   BindDocumentCommands(commandSet_, *commands_);
+  commandSet_.Bind(CommandId::CsvSettingsDialog, [this] { ShowFormCsv(); });
   appointmentDialogs_ = std::make_unique<QtAppointmentDialogs>(window_.get());
   editMedia_ = std::make_unique<EditDialogMedia>(
       EditDialogMediaServices{{messages_, p_.player, p_.clock, &p_.progressWindow},
@@ -105,6 +108,16 @@ void SchedulerApp::LinkEditor() {
     LinkWordListEditor(installer, paths_.PcAppsDir, program);
     return;
   }
+}
+
+void SchedulerApp::ShowFormCsv() {
+  FormCsvTimer timer;
+  FormCsvModel model(
+      {messages_, p_.dialogs, alarms_, p_.settings, timer, doc_.FileCodePage, state_.LastPcDir});
+  model.Form_Load();
+  FormCsv dialog(model, timer, window_.get());
+  const NoticesHeldWhile held(alarms_);
+  dialog.exec();
 }
 
 // The file named on the command line, else the last file of the previous run.

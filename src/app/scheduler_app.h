@@ -73,6 +73,8 @@ class SchedulerApp {
   void OpenStartFile(const QString& commandLineFile);
   // The word list editor, linked into the installation where the program starts it.
   void LinkEditor();
+  // The CSV mapping dialog, alarm notices held back while it is open.
+  void ShowFormCsv();
 
   AppPorts p_;
   InstallSource source_;

@@ -111,4 +111,17 @@ CommandOptions ParseOptions(const std::vector<std::string>& args,
   return options;
 }
 
+CommandOptions ParseInOut(const std::vector<std::string>& args, std::string_view inName,
+                          std::string_view outName, std::initializer_list<std::string_view> valued,
+                          std::initializer_list<std::string_view> flags, std::string& out) {
+  if (args.size() < 2 || args[1].starts_with("--")) {
+    const std::vector<std::string> head(args.begin(), args.begin() + (args.empty() ? 0 : 1));
+    RequireArguments(head, {inName, outName});
+  }
+  out = args[1];
+  std::vector<std::string> rest = args;
+  rest.erase(rest.begin() + 1);
+  return ParseOptions(rest, valued, flags);
+}
+
 }  // namespace sched

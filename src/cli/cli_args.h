@@ -52,4 +52,10 @@ CommandOptions ParseOptions(const std::vector<std::string>& args,
                             std::initializer_list<std::string_view> valued,
                             std::initializer_list<std::string_view> flags = {});
 
+// A verb's arguments "IN OUT [options]": OUT taken out, the rest parsed as on a file; the
+// names are those of the verb's synopsis.
+CommandOptions ParseInOut(const std::vector<std::string>& args, std::string_view inName,
+                          std::string_view outName, std::initializer_list<std::string_view> valued,
+                          std::initializer_list<std::string_view> flags, std::string& out);
+
 }  // namespace sched

@@ -34,12 +34,9 @@ ImportPeriod PeriodOf(const CommandOptions& options, const CivilDate& today) {
 // SCHALARM.
 int RunImportIcs(const std::vector<std::string>& args, std::ostream&, std::ostream& err,
                  CodePage page) {
-  if (args.empty() || args[0].starts_with("--")) throw UsageError("IN.ics is missing");
-  if (args.size() < 2 || args[1].starts_with("--")) throw UsageError("OUT.scl is missing");
-  std::vector<std::string> rest{args[0]};
-  rest.insert(rest.end(), args.begin() + 2, args.end());
-  const CommandOptions options = ParseOptions(rest, {"--mode", "--from", "--to", "--weeks"});
-  const std::string& out = args[1];
+  std::string out;
+  const CommandOptions options =
+      ParseInOut(args, "IN.ics", "OUT.scl", {"--mode", "--from", "--to", "--weeks"}, {}, out);
   const ImportMerge merge = MergeOf(options);
   const DateTime now = SystemClock().Now();
   const CivilDate today{now.year, now.month, now.day};

@@ -54,6 +54,9 @@ extern const Verb kRuleVerb;
 extern const Verb kAlarmsVerb;
 extern const Verb kSnd2WavVerb;
 extern const Verb kPrintVerb;
+extern const Verb kCsvReadVerb;
+extern const Verb kImportCsvVerb;
+extern const Verb kExportCsvVerb;
 extern const Verb kExportIcsVerb;
 extern const Verb kImportIcsVerb;
 

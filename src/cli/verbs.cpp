@@ -7,10 +7,11 @@
 namespace sched {
 namespace {
 
-const std::array<const Verb*, 15> kVerbs = {
-    &kInfoVerb,   &kDumpVerb,    &kResaveVerb, &kSampleVerb,    &kHolidaysVerb,
-    &kMonthVerb,  &kAddVerb,     &kDeleteVerb, &kPasteVerb,     &kRuleVerb,
-    &kAlarmsVerb, &kSnd2WavVerb, &kPrintVerb,  &kExportIcsVerb, &kImportIcsVerb};
+const std::array<const Verb*, 18> kVerbs = {
+    &kInfoVerb,      &kDumpVerb,    &kResaveVerb,    &kSampleVerb,    &kHolidaysVerb,
+    &kMonthVerb,     &kAddVerb,     &kDeleteVerb,    &kPasteVerb,     &kRuleVerb,
+    &kAlarmsVerb,    &kCsvReadVerb, &kImportCsvVerb, &kExportCsvVerb, &kExportIcsVerb,
+    &kImportIcsVerb, &kSnd2WavVerb, &kPrintVerb};
 
 constexpr std::string_view kCodePageOption = "--code-page";
 constexpr std::string_view kCodePageNote =
@@ -72,7 +73,8 @@ void WriteUsage(std::ostream& out) {
   }
   out << kNextLead << "scltool help [VERB] | --help | --version\n\n";
   for (const Verb* verb : kVerbs) {
-    out << "  " << verb->name << std::string(10 - verb->name.size(), ' ') << verb->summary << '\n';
+    const std::size_t pad = verb->name.size() < 10 ? 10 - verb->name.size() : 1;
+    out << "  " << verb->name << std::string(pad, ' ') << verb->summary << '\n';
   }
   out << "\nEvery verb on a schedule file " << kCodePageNote;
   out << "\nExit status: 0 done; 1 when a file does not load or save, or the program refuses\n"

@@ -8,6 +8,8 @@
 #include "core/app_texts.h"
 #include "core/path_parts.h"
 #include "core/text_case.h"
+#include "interchange/csv_file_check.h"
+#include "interchange/texts.h"
 #include "shell/device_service.h"
 #include "shell/texts.h"
 
@@ -24,7 +26,7 @@ bool IsScl(const std::string& path) {
   return EndsWith4(path, ".scl");
 }
 bool IsCsv(const std::string& path) {
-  return EndsWith4(path, ".csv");
+  return IsCsvName(path);
 }
 
 std::string FolderOf(const std::string& path) {
@@ -58,12 +60,6 @@ bool DocumentCommands::Ask(const std::string& text, MsgButtons buttons, MsgIcon 
 bool DocumentCommands::CheckInputFnameSCL(const std::string& path) {
   if (IsScl(path) ? CheckFileMagic(path) : IsCsv(path)) return true;
   s_.messages.Show({texts::kNotSchedulerFile, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
-  return false;
-}
-
-bool DocumentCommands::CsvAvailable() {
-  if (s_.csv != nullptr) return true;
-  s_.messages.Show({texts::kCsvNotAvailable, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
   return false;
 }
 
@@ -118,7 +114,7 @@ bool DocumentCommands::AskSaveChanges() {
     }
   }
   if (IsCsv(target)) {
-    if (!CsvAvailable() || !s_.csv->ExportCsv(target)) return false;
+    if (!s_.csv.ExportCsv(target)) return false;
     doc.ScheduleFile = target;
     doc.Dirty = false;
     return true;
@@ -145,13 +141,11 @@ void DocumentCommands::New() {
 }
 
 bool DocumentCommands::LoadDocument(const std::string& path, int onPc) {
-  // Checked first, so that the open document stays when the file cannot be taken.
-  if (IsCsv(path) && !CsvAvailable()) return false;
   ScheduleDocument& doc = Doc();
   doc.ScheduleOnPc = onPc;
   s_.session.ResetToToday(true);
   if (IsCsv(path)) {
-    s_.csv->ImportCsv(path);
+    s_.csv.ImportCsv(path);
   } else {
     doc.ScheduleFile = path;
     s_.session.LoadScheduleFile();
@@ -186,7 +180,7 @@ void DocumentCommands::SaveToPc() {
     doc.SaveToDevice = false;
     if (!SaveTo(*chosen)) return;
     s_.session.ShowTitle();
-  } else if (!CsvAvailable() || !s_.csv->ExportCsv(doc.ScheduleFile)) {
+  } else if (!s_.csv.ExportCsv(doc.ScheduleFile)) {
     return;
   }
   doc.Dirty = false;
@@ -285,7 +279,28 @@ int DocumentCommands::OpenFileByName(const std::string& path) {
   return LoadDocument(file.path, file.ScheduleOnPc) ? 1 : 0;
 }
 
+void DocumentCommands::InportCSV_Click() {
+  s_.window.HideScheduleList();
+  if (!AskSaveChanges()) return;
+  const auto chosen = PcDialog(false, texts::kImportFilter, "");
+  if (!chosen) return;
+  Doc().ScheduleOnPc = 1;
+  s_.csv.ImportCsv(*chosen);
+}
+
+void DocumentCommands::ExportCSV_Click() {
+  s_.window.HideScheduleList();
+  const std::string& name = Doc().ScheduleFile;
+  auto chosen =
+      PcDialog(true, texts::kExportFilter, name.empty() ? texts::kUntitledName : StemOf(name));
+  if (!chosen) return;
+  if (!IsCsv(*chosen)) *chosen += ".csv";
+  s_.csv.ExportCsv(*chosen);
+}
+
 void BindDocumentCommands(CommandSet& set, DocumentCommands& commands) {
+  set.Bind(CommandId::ImportCsv, [&commands] { commands.InportCSV_Click(); });
+  set.Bind(CommandId::ExportCsv, [&commands] { commands.ExportCSV_Click(); });
   set.Bind(CommandId::New, [&commands] { commands.New(); });
   set.Bind(CommandId::OpenOnPc, [&commands] { commands.OpenOnPc(); });
   set.Bind(CommandId::SaveToPc, [&commands] { commands.SaveToPc(); });

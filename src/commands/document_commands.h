@@ -6,20 +6,13 @@
 #include "commands/command_set.h"
 #include "commands/document_session.h"
 #include "commands/document_view.h"
+#include "interchange/csv_exchange.h"
 #include "platform/device_files.h"
 #include "platform/file_dialogs.h"
 #include "platform/messages.h"
 #include "shell/app_state.h"
 
 namespace sched {
-
-// Reads and writes CSV documents; absent until the program can exchange CSV files.
-class CsvExchange {
- public:
-  virtual ~CsvExchange() = default;
-  virtual void ImportCsv(const std::string& path) = 0;
-  virtual bool ExportCsv(const std::string& path) = 0;
-};
 
 struct DocumentServices {
   DocumentSession& session;
@@ -29,8 +22,8 @@ struct DocumentServices {
   FileDialogs& dialogs;
   DeviceFiles& device;
   AppState& state;
-  std::string cacheDir;        // the cached copy of the device's PIM folder
-  CsvExchange* csv = nullptr;  // nothing while CSV files cannot be exchanged
+  std::string cacheDir;  // the cached copy of the device's PIM folder
+  CsvExchange& csv;
 };
 
 // The file commands of the main window: new, open and save on the PC and on the device, the
@@ -47,6 +40,10 @@ class DocumentCommands {
   // True when the schedule reached the device; a failed or cancelled save keeps `Dirty`.
   bool SaveToTarvex();
   bool SaveAsOnTarvex();
+  // A new document from a CSV file the user chooses.
+  void InportCSV_Click();
+  // The document written to a CSV file the user chooses; the document keeps its name.
+  void ExportCSV_Click();
   // Opens the file given at start-up, from the command line or as the last file; a file that
   // fails its check is dropped and the program stays untitled.
   void OpenAtStart(const std::string& path, int onPc);
@@ -68,7 +65,6 @@ class DocumentCommands {
   bool SaveTo(const std::string& path);
   // The device's melodies, read again after the device's files were in use.
   void RefreshSoundList();
-  bool CsvAvailable();
   std::string DeviceFolder();
   // Puts the file in the place of the open document; false when it cannot be taken.
   bool LoadDocument(const std::string& path, int onPc);

@@ -5,6 +5,9 @@
 #include <system_error>
 
 #include "core/app_texts.h"
+#include "core/path_parts.h"
+#include "interchange/csv_file_check.h"
+#include "interchange/texts.h"
 #include "platform/std/safe_file.h"
 #include "shell/settings.h"
 #include "store/file_location.h"
@@ -60,11 +63,11 @@ void DocumentSession::LoadScheduleFile() {
     return;
   }
   s_.progress.SetValue(100);
-  AfterLoad();
+  AfterLoad(true);
   FinishProgress();
 }
 
-void DocumentSession::AfterLoad() {
+void DocumentSession::AfterLoad(bool remember) {
   ScheduleDocument& doc = Doc();
   s_.views.UpdateDeleteMenus();
   s_.view.ShowMenus();
@@ -74,7 +77,7 @@ void DocumentSession::AfterLoad() {
   if (s_.views.List().Visible) s_.views.ShowScheduleList();
   s_.view.ShowViews();
   ShowTitle();
-  StoreLastFile(s_.settings, kDayviewSection, doc.ScheduleFile, doc.ScheduleOnPc);
+  if (remember) StoreLastFile(s_.settings, kDayviewSection, doc.ScheduleFile, doc.ScheduleOnPc);
   s_.store.Alarms().SortTodayAlarms();
   s_.store.Alarms().ArmNextAlarm();
 }
@@ -161,10 +164,14 @@ void DocumentSession::AfterChange() {
 
 void DocumentSession::ShowTitle() {
   const ScheduleDocument& doc = Doc();
-  s_.view.SetTitle(doc.ScheduleFile.empty()
-                       ? std::string(kUntitledCaption)
-                       : std::string(kAppTitle) + " - " +
-                             FormatLocation(doc.ScheduleFile, doc.ScheduleOnPc));
+  if (doc.ScheduleFile.empty()) {
+    s_.view.SetTitle(kUntitledCaption);
+  } else if (IsCsvName(doc.ScheduleFile)) {
+    s_.view.SetTitle(texts::kCsvTitlePrefix + std::string(SplitPath(doc.ScheduleFile).name));
+  } else {
+    s_.view.SetTitle(std::string(kAppTitle) + " - " +
+                     FormatLocation(doc.ScheduleFile, doc.ScheduleOnPc));
+  }
 }
 
 }  // namespace sched

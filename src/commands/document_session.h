@@ -3,6 +3,7 @@
 #include <string>
 
 #include "commands/document_view.h"
+#include "interchange/csv_exchange.h"
 #include "platform/clock.h"
 #include "platform/device_files.h"
 #include "platform/messages.h"
@@ -28,8 +29,8 @@ struct SessionServices {
 // The open document and what the program does around the store: reading and writing the file
 // with the progress display and the error messages, and the window's state after a load, after
 // a failure and after a reset. Every command that replaces or writes the document goes through
-// here.
-class DocumentSession {
+// here, CSV documents included.
+class DocumentSession : public CsvExchange {
  public:
   explicit DocumentSession(SessionServices services) : s_(services) {}
 
@@ -42,6 +43,11 @@ class DocumentSession {
   // Writes the whole file, to the device when SaveToDevice is set; false after a failure, which
   // was reported.
   [[nodiscard]] bool SaveScheduleFile();
+  // Makes the document anew from a CSV file's rows, in the stored mapping; a file that cannot
+  // be read to its end leaves an empty untitled document after "Read error!".
+  void ImportCsv(const std::string& path) override;
+  // Writes the document as a CSV file, whole or not at all; false when it cannot be written.
+  bool ExportCsv(const std::string& path) override;
 
   // Empties the document and shows today; redraws unless told not to.
   void ResetToToday(bool noRedraw);
@@ -51,11 +57,14 @@ class DocumentSession {
   void RepaintViews();
   // After a command changed the schedule: it is marked changed and the views show the change.
   void AfterChange();
-  // "Scheduler - PC:name", "Scheduler - Tarvex:name" or "Scheduler - Untitled".
+  // "Scheduler - PC:name", "Scheduler - Tarvex:name", "Scheduler- name.csv" or "Scheduler -
+  // Untitled".
   void ShowTitle();
 
  private:
-  void AfterLoad();
+  // The views, title and alarms of a document just read; a schedule file is remembered as the
+  // last file.
+  void AfterLoad(bool remember);
   void ReportReadError();
   void StartProgress(const char* caption);
   void FinishProgress();

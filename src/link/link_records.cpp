@@ -98,20 +98,34 @@ std::string ReadText(ByteReader& in, CodePage page) {
   return ToUtf8(in.Bytes(length), page);
 }
 
-}  // namespace
+// What tells the two forms apart: the end date, the width of ParentSubNo, and the texts.
+struct RecordForm {
+  bool endDate;
+  bool wideParentSubNo;
+  std::vector<std::string SchRecord::*> texts;
+  std::size_t fixed;  // bytes of the fixed part behind the record's count
+};
+const RecordForm kExportForm{
+    true, false, {&SchRecord::Title, &SchRecord::Place, &SchRecord::Memo}, kExportFixed};
+const RecordForm kImportForm{false, true, {&SchRecord::Title, &SchRecord::Memo}, kImportFixed};
 
-std::vector<std::uint8_t> ExportRecordBytes(const SchRecord& r, CodePage page) {
-  const std::vector<std::string> texts =
-      RecordTexts({&r.Title, &r.Place, &r.Memo}, kExportFixed, page);
+std::vector<std::uint8_t> RecordBytes(const SchRecord& r, const RecordForm& form, CodePage page) {
+  std::vector<const std::string*> fields;
+  for (const auto text : form.texts) fields.push_back(&(r.*text));
+  const std::vector<std::string> texts = RecordTexts(fields, form.fixed, page);
   ByteWriter out;
-  out.U16(RecordLength(kExportFixed, texts));
+  out.U16(RecordLength(form.fixed, texts));
   WriteDate(out, r.Day, r.Month, r.Year);
-  WriteDate(out, r.EndDay, r.EndMonth, r.EndYear);
+  if (form.endDate) WriteDate(out, r.EndDay, r.EndMonth, r.EndYear);
   out.I16(r.StartTime);
   out.I16(r.EndTime);
   out.I16(r.SubNo);
   out.I32(r.Stamp);
-  out.I16(r.ParentSubNo);
+  if (form.wideParentSubNo) {
+    out.I32(r.ParentSubNo);
+  } else {
+    out.I16(r.ParentSubNo);
+  }
   out.I32(r.ParentStamp);
   out.I16(r.RepeatKind);
   out.I16(r.Private);
@@ -121,70 +135,46 @@ std::vector<std::uint8_t> ExportRecordBytes(const SchRecord& r, CodePage page) {
   return out.Take();
 }
 
-std::vector<std::uint8_t> ImportRecordBytes(const SchRecord& r, CodePage page) {
-  const std::vector<std::string> texts = RecordTexts({&r.Title, &r.Memo}, kImportFixed, page);
-  ByteWriter out;
-  out.U16(RecordLength(kImportFixed, texts));
-  WriteDate(out, r.Day, r.Month, r.Year);
-  out.I16(r.StartTime);
-  out.I16(r.EndTime);
-  out.I16(r.SubNo);
-  out.I32(r.Stamp);
-  out.I32(r.ParentSubNo);
-  out.I32(r.ParentStamp);
-  out.I16(r.RepeatKind);
-  out.I16(r.Private);
-  out.I16(r.AlarmOn);
-  out.I16(r.AlarmLead);
-  WriteTexts(out, texts);
-  return out.Take();
+// A record of the form; a form without an end date ends on the record's own date.
+SchRecord ReadRecord(ByteReader& in, const RecordForm& form, CodePage page) {
+  SchRecord r;
+  ReadDate(in, r.Day, r.Month, r.Year);
+  if (form.endDate) {
+    ReadDate(in, r.EndDay, r.EndMonth, r.EndYear);
+  } else {
+    SetEndDate(r, {r.Year, r.Month, r.Day});
+  }
+  r.StartTime = in.I16();
+  r.EndTime = in.I16();
+  r.SubNo = in.I16();
+  r.Stamp = in.I32();
+  r.ParentSubNo = form.wideParentSubNo ? static_cast<std::int16_t>(in.I32()) : in.I16();
+  r.ParentStamp = in.I32();
+  r.RepeatKind = in.I16();
+  r.Private = in.I16();
+  r.AlarmOn = in.I16();
+  r.AlarmLead = in.I16();
+  for (const auto text : form.texts) r.*text = ReadText(in, page);
+  CheckRecord(r);
+  return r;
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> ExportRecordBytes(const SchRecord& record, CodePage page) {
+  return RecordBytes(record, kExportForm, page);
+}
+
+std::vector<std::uint8_t> ImportRecordBytes(const SchRecord& record, CodePage page) {
+  return RecordBytes(record, kImportForm, page);
 }
 
 LinkRecords ReadExportRecords(std::span<const std::uint8_t> bytes, CodePage page) {
-  return ReadRecords(bytes, [page](ByteReader& in) {
-    SchRecord r;
-    ReadDate(in, r.Day, r.Month, r.Year);
-    ReadDate(in, r.EndDay, r.EndMonth, r.EndYear);
-    r.StartTime = in.I16();
-    r.EndTime = in.I16();
-    r.SubNo = in.I16();
-    r.Stamp = in.I32();
-    r.ParentSubNo = in.I16();
-    r.ParentStamp = in.I32();
-    r.RepeatKind = in.I16();
-    r.Private = in.I16();
-    r.AlarmOn = in.I16();
-    r.AlarmLead = in.I16();
-    r.Title = ReadText(in, page);
-    r.Place = ReadText(in, page);
-    r.Memo = ReadText(in, page);
-    CheckRecord(r);
-    return r;
-  });
+  return ReadRecords(bytes, [page](ByteReader& in) { return ReadRecord(in, kExportForm, page); });
 }
 
 LinkRecords ReadImportRecords(std::span<const std::uint8_t> bytes, CodePage page) {
-  return ReadRecords(bytes, [page](ByteReader& in) {
-    SchRecord r;
-    ReadDate(in, r.Day, r.Month, r.Year);
-    r.EndDay = r.Day;
-    r.EndMonth = r.Month;
-    r.EndYear = r.Year;
-    r.StartTime = in.I16();
-    r.EndTime = in.I16();
-    r.SubNo = in.I16();
-    r.Stamp = in.I32();
-    r.ParentSubNo = static_cast<std::int16_t>(in.I32());
-    r.ParentStamp = in.I32();
-    r.RepeatKind = in.I16();
-    r.Private = in.I16();
-    r.AlarmOn = in.I16();
-    r.AlarmLead = in.I16();
-    r.Title = ReadText(in, page);
-    r.Memo = ReadText(in, page);
-    CheckRecord(r);
-    return r;
-  });
+  return ReadRecords(bytes, [page](ByteReader& in) { return ReadRecord(in, kImportForm, page); });
 }
 
 }  // namespace sched

@@ -8,8 +8,6 @@ namespace sched::texts {
 inline constexpr const char* kAskConversion = "Do you want to perform a Scheduler file conversion?";
 inline constexpr const char* kNotSchedulerFile = "This is not a Scheduler file.";
 inline constexpr const char* kCsvNotSaved = "Csv file is not saved.";
-inline constexpr const char* kCsvNotAvailable =
-    "Reading and writing CSV files is not available in this version of Scheduler.";
 inline constexpr const char* kHolidayValueInvalid =
     "Invalid the holiday information file.\r\nPlease setting the holiday information.";
 inline constexpr const char* kHolidayFileNotFound =

@@ -46,11 +46,12 @@ std::string Arguments(const std::string& fields, const std::string& dir) {
 }
 
 // Runs scltool and gives its exit status and the stream asked for: out, err, or both (which
-// a fixture's run gives too).
+// a fixture's run gives too). The window's settings are those of tests/data/cli/config.
 std::pair<int, std::string> Scltool(const std::string& args, const std::string& stream) {
   const std::map<std::string, std::string> redirect = {
       {"both", " 2>&1"}, {"make", " 2>&1"}, {"out", " 2>/dev/null"}, {"err", " 2>&1 >/dev/null"}};
-  return RunCommand(SCLTOOL_PATH + args + redirect.at(stream));
+  return RunCommand("XDG_CONFIG_HOME=" SCHEDULER_TEST_DATA_DIR "/cli/config " SCLTOOL_PATH + args +
+                    redirect.at(stream));
 }
 
 // The live rows of a schedule file in date order, as "Title M-D, ..."; "unreadable" when it
@@ -83,6 +84,12 @@ void CheckFile(const testing::CaseRow& row, const std::string& dir, const TempDi
   }
 }
 
+#ifdef SCHEDULER_HAVE_SCLTOOL_QT
+constexpr bool kHaveQtCompanion = true;
+#else
+constexpr bool kHaveQtCompanion = false;
+#endif
+
 // The runs of tests/data/cli/scltool-runs.txt.
 TEST(Scltool, RunsGiveTheirStatusOutputAndFiles) {
   const std::vector<testing::CaseRow> rows = testing::ReadCases("cli/scltool-runs.txt", 6, 140);
@@ -100,13 +107,19 @@ TEST(Scltool, RunsGiveTheirStatusOutputAndFiles) {
   std::unique_ptr<TempDir> folder;
   for (const testing::CaseRow& row : rows) {
     if (row[0] == "make") continue;
-    if (!row[0].starts_with('+') || !folder) {
+    std::string_view stream = row[0];
+    if (stream.starts_with("qt:")) {
+      if (!kHaveQtCompanion) continue;
+      stream.remove_prefix(3);
+    }
+    const bool sameFolder = stream.starts_with('+');
+    if (sameFolder) stream.remove_prefix(1);
+    if (!sameFolder || !folder) {
       folder = std::make_unique<TempDir>();
       fs::copy(fixtures.Path(), folder->Path(), fs::copy_options::recursive);
     }
     const std::string dir = folder->Path().string();
-    const auto [status, out] =
-        Scltool(Arguments(row[2], dir), row[0].substr(row[0].starts_with('+') ? 1 : 0));
+    const auto [status, out] = Scltool(Arguments(row[2], dir), std::string(stream));
     EXPECT_EQ(status, row.Int(1)) << row.where << ": " << out;
     std::string expected = Replaced(testing::Unescaped(row[4]), "$DIR", dir);
     expected = Replaced(expected, "$VERSION", SCHEDULER_VERSION);

@@ -50,7 +50,7 @@ struct TestCommands : TestSession {
   RecordingNotices notices;
   AppState state;
   DocumentCommands commands{DocumentServices{session, window, notices, messages, dialogs, device,
-                                             state, dir.File("cache")}};
+                                             state, dir.File("cache"), session}};
 };
 
 }  // namespace sched

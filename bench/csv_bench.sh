@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# Whole-process timings of the CSV commands beside the schedule file's own save, on the same
+# rows in the same run: a schedule of real texts (make_schedule), written as CSV by
+# `scltool export-csv`, and read back by `scltool import-csv`. Prints the median wall time of
+# each and its ratio to `scltool resave` of the schedule; the import should stay within 1.5
+# times the resave, the export within 1.0 times.
+#
+# usage: bench/csv_bench.sh [BUILD_DIR] [RUNS] [ROWS]
+# Needs make_schedule and scltool built in BUILD_DIR (default build).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=${1:-build}
+runs=${2:-11}
+rows=${3:-100000}
+scltool="$build/src/cli/scltool"
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+"$build/bench/make_schedule" "$work/schedule.scl" "$rows"
+"$scltool" export-csv "$work/schedule.scl" "$work/schedule.csv"
+
+median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
+
+# The median wall time in ms of `runs` runs of the command.
+measure() {
+  local times=() start end
+  for ((i = 0; i < runs; i++)); do
+    start=$(date +%s%N)
+    "$@" >/dev/null
+    end=$(date +%s%N)
+    times+=($(((end - start) / 1000000)))
+  done
+  printf '%s\n' "${times[@]}" | median
+}
+
+echo "Schedule: $("$scltool" info "$work/schedule.scl" | sed -n 's/^Rows (one a day of each item): //p') rows," \
+  "$(($(stat -c %s "$work/schedule.scl") / 1024)) KB; CSV $(($(stat -c %s "$work/schedule.csv") / 1024)) KB;" \
+  "median of $runs runs"
+resave=$(measure "$scltool" resave "$work/schedule.scl" "$work/out.scl")
+export=$(measure "$scltool" export-csv "$work/schedule.scl" "$work/out.csv")
+import=$(measure "$scltool" import-csv "$work/schedule.csv" "$work/in.scl")
+printf '%-20s %8s %8s\n' command ms ratio
+for line in "scltool resave:$resave" "scltool export-csv:$export" "scltool import-csv:$import"; do
+  awk -v n="${line%%:*}" -v ms="${line##*:}" -v base="$resave" \
+    'BEGIN {printf "%-20s %8d %8.2f\n", n, ms, ms / base}'
+done

@@ -1,0 +1,109 @@
+#include "interchange/csv_date_time.h"
+
+#include <array>
+
+#include "core/text_case.h"
+
+namespace sched {
+namespace {
+
+// Up to three whole numbers of `text` between its separators.
+struct NumberParts {
+  std::array<int, 3> values{};
+  std::size_t count = 0;
+};
+
+// The numbers; nothing when a part is empty, is no number, has more than `maxDigits` digits,
+// or there are more than three.
+std::optional<NumberParts> SplitNumbers(std::string_view text, char separator,
+                                        std::size_t maxDigits) {
+  NumberParts parts;
+  std::size_t digits = 0;
+  for (std::size_t i = 0; i <= text.size(); ++i) {
+    if (i == text.size() || text[i] == separator) {
+      if (digits == 0 || parts.count == parts.values.size()) return std::nullopt;
+      ++parts.count;
+      digits = 0;
+      continue;
+    }
+    if (text[i] < '0' || text[i] > '9' || ++digits > maxDigits) return std::nullopt;
+    int& value = parts.values[parts.count];
+    value = value * 10 + (text[i] - '0');
+  }
+  return parts;
+}
+
+std::optional<CivilDate> RealDate(int year, int month, int day) {
+  if (year < 100 || month < 1 || month > 12 || day < 1 || day > DaysInMonth(year, month)) {
+    return std::nullopt;
+  }
+  return CivilDate{year, month, day};
+}
+
+}  // namespace
+
+std::optional<CivilDate> ParseCsvDate(std::string_view text) {
+  text = Trim(text);
+  const char separator = text.find('-') != std::string_view::npos ? '-' : '/';
+  const auto parts = SplitNumbers(text, separator, 4);
+  if (!parts || parts->count != 3) return std::nullopt;
+  const std::array<int, 3>& p = parts->values;
+  const bool yearFirst = text.find(separator) > 2;
+  if (yearFirst) return RealDate(p[0], p[1], p[2]);
+  if (separator == '-' || text.size() - text.rfind(separator) - 1 != 4) return std::nullopt;
+  return RealDate(p[2], p[0], p[1]);
+}
+
+std::optional<int> ParseCsvTime(std::string_view text) {
+  text = Trim(text);
+  std::optional<bool> afternoon;
+  if (text.size() >= 2) {
+    const std::string_view mark = text.substr(text.size() - 2);
+    if (EqualsIgnoringCase(mark, "AM") || EqualsIgnoringCase(mark, "PM")) {
+      afternoon = EqualsIgnoringCase(mark, "PM");
+      text = Trim(text.substr(0, text.size() - 2));
+    }
+  }
+  const auto parts = SplitNumbers(text, ':', 2);
+  if (!parts || parts->count < 2) return std::nullopt;
+  int hour = parts->values[0];
+  const int minute = parts->values[1];
+  if (minute > 59 || parts->values[2] > 59) return std::nullopt;
+  if (afternoon) {
+    if (hour > 12) return std::nullopt;
+    hour = hour % 12 + (*afternoon ? 12 : 0);
+  } else if (hour > 23) {
+    return std::nullopt;
+  }
+  return hour * 60 + minute;
+}
+
+// Written by hand: an export writes three of each a row.
+std::string FormatCsvDate(const CivilDate& date) {
+  const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
+  return {digit(date.year / 1000),
+          digit(date.year / 100),
+          digit(date.year / 10),
+          digit(date.year),
+          '/',
+          digit(date.month / 10),
+          digit(date.month),
+          '/',
+          digit(date.day / 10),
+          digit(date.day)};
+}
+
+std::string FormatCsvTime(int minutes) {
+  const int hour = minutes / 60;
+  const int hour12 = hour % 12 == 0 ? 12 : hour % 12;
+  std::string text;
+  if (hour12 >= 10) text += '1';
+  text += static_cast<char>('0' + hour12 % 10);
+  text += ':';
+  text += static_cast<char>('0' + minutes % 60 / 10);
+  text += static_cast<char>('0' + minutes % 10);
+  text += hour < 12 ? " AM" : " PM";
+  return text;
+}
+
+}  // namespace sched

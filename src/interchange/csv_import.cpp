@@ -1,0 +1,291 @@
+#include "interchange/csv_import.h"
+
+#include <algorithm>
+
+#include "core/text_case.h"
+#include "interchange/csv_date_time.h"
+#include "interchange/csv_reader.h"
+#include "store/scl_format.h"
+#include "store/series_check.h"
+#include "store/stamp.h"
+
+namespace sched {
+namespace {
+
+constexpr int kTitleLimit = 56;  // characters
+constexpr std::int32_t kLastSeq = 32767;
+constexpr int kMinutesOfDay = 1440;
+constexpr int kLeadLimit = 999;
+constexpr std::int16_t kTimedSpanKind = 2048;
+constexpr int kAllDaySpanLimit = 30;
+constexpr int kTimedSpanLimit = 31;
+
+bool HasLineBreak(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
+}
+
+// CR becomes a blank, LF goes, and at most the first characters of the limit stay.
+std::string OneLine(std::string text, int limit) {
+  if (text.size() <= static_cast<std::size_t>(limit) && !HasLineBreak(text)) {
+    return text;  // the common case, left as it is
+  }
+  std::string line;
+  int characters = 0;
+  for (const char c : text) {
+    if (c == '\n') continue;
+    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80 && ++characters > limit) break;
+    line += c == '\r' ? ' ' : c;
+  }
+  return line;
+}
+
+std::int32_t CodeOf(const CivilDate& date) {
+  return DateCode(date.year, date.month, date.day);
+}
+
+int DaysBetween(const CivilDate& from, const CivilDate& to) {
+  return DaySerial(to) - DaySerial(from);
+}
+
+// Whether the number at the start of a text is 1, as a number is read there: blanks are passed
+// over, then a sign, digits and a decimal part; false when no digit comes.
+bool LeadingNumberIsOne(std::string_view text) {
+  bool negative = false;
+  bool signSeen = false;
+  bool pointSeen = false;
+  bool digitSeen = false;
+  bool wholeIsOne = false;  // the digits before the point make 1
+  bool wholeNonZero = false;
+  bool fractionNonZero = false;
+  for (const char c : text) {
+    if (c == ' ' || c == '\t') continue;
+    if ((c == '-' || c == '+') && !signSeen && !digitSeen && !pointSeen) {
+      signSeen = true;
+      negative = c == '-';
+    } else if (c == '.' && !pointSeen) {
+      pointSeen = true;
+    } else if (c >= '0' && c <= '9') {
+      digitSeen = true;
+      if (pointSeen) {
+        fractionNonZero = fractionNonZero || c != '0';
+      } else if (c != '0') {
+        wholeIsOne = !wholeNonZero && c == '1';
+        wholeNonZero = true;
+      } else {
+        wholeIsOne = false;
+      }
+    } else {
+      break;
+    }
+  }
+  return digitSeen && !negative && wholeIsOne && !fractionNonZero;
+}
+
+const CivilDate kFirstDate{kFirstYear, 1, 1};
+const CivilDate kLastDate{kLastYear, 12, 31};
+
+}  // namespace
+
+std::int16_t CsvBoolean(std::string_view text) {
+  if (text == "真" || text == "True" || text == "TRUE") return 1;
+  return LeadingNumberIsOne(text) ? 1 : 0;
+}
+
+std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row) {
+  for (std::string& text : row) {
+    if (text.find('\t') != std::string::npos) text = TabToBlank(std::move(text));
+  }
+  CsvConverted c;
+  SchRecord& r = c.record;
+  r.Title = OneLine(std::move(row[kCsvTitle]), kTitleLimit);
+  r.Place = OneLine(std::move(row[kCsvPlace]), kTitleLimit);
+  std::string& memo = row[kCsvMemo];
+  r.Memo = HasLineBreak(memo) ? LfToCrLf(memo) : std::move(memo);
+  r.Private = CsvBoolean(row[kCsvPrivate]);
+  r.AlarmOn = CsvBoolean(row[kCsvAlarmOn]);
+  c.allDay = CsvBoolean(row[kCsvAllDay]) != 0;
+
+  const auto start = ParseCsvDate(row[kCsvStartDate]);
+  if (!start) return std::nullopt;
+  c.start = *start;
+  // All-day rows need a start time too.
+  const auto startTime = ParseCsvTime(row[kCsvStartTime]);
+  if (!startTime) return std::nullopt;
+  c.startTime = *startTime;
+  c.end = ParseCsvDate(row[kCsvEndDate]).value_or(c.start);
+  c.endTime = ParseCsvTime(row[kCsvEndTime]).value_or(c.startTime);
+  if (r.AlarmOn != 0) {
+    c.alarmDate = ParseCsvDate(row[kCsvAlarmDate]).value_or(c.start);
+    c.alarmTime = ParseCsvTime(row[kCsvAlarmTime]).value_or(c.startTime);
+  }
+
+  if (r.Title.empty()) r.Title = "Untitled";
+  if (CodeOf(c.start) < CodeOf(kFirstDate) || CodeOf(c.start) > CodeOf(kLastDate)) {
+    return std::nullopt;
+  }
+  c.endValid = CodeOf(c.end) >= CodeOf(kFirstDate);
+  if (c.endValid && CodeOf(c.end) < CodeOf(c.start)) return std::nullopt;
+  if (CodeOf(c.end) > CodeOf(kLastDate)) c.end = kLastDate;
+  if (r.AlarmOn != 0) {
+    if (CodeOf(c.alarmDate) < CodeOf(kFirstDate)) {
+      r.AlarmOn = 0;
+    } else if (CodeOf(c.alarmDate) > CodeOf(c.start)) {
+      c.alarmDate = c.start;
+    }
+    if (c.alarmDate == c.start && c.startTime < c.alarmTime) c.alarmTime = c.startTime;
+  }
+  return c;
+}
+
+std::int16_t ComputeCsvLead(const CivilDate& start, int startTime, const CivilDate& alarmDate,
+                            int alarmTime) {
+  const int lead = CodeOf(start) <= CodeOf(alarmDate) ? startTime - alarmTime
+                                                      : kMinutesOfDay - alarmTime + startTime;
+  return static_cast<std::int16_t>(std::min(lead, kLeadLimit));
+}
+
+std::int32_t CsvImporter::UnusedStamp(std::int32_t candidate) const {
+  const SchDatCTL& tables = s_.store.Document().Tables;
+  while (!StampRows(tables, candidate).empty()) candidate = SetTopBits(candidate + 1);
+  return candidate;
+}
+
+void CsvImporter::TakeClockStamp() {
+  const std::int32_t stamp = MakeStamp(s_.clock);
+  if (stamp == clockStamp_) return;
+  clockStamp_ = stamp;
+  ImportStamp = UnusedStamp(stamp);
+  ImportSeq = 1;
+}
+
+void CsvImporter::ReserveSeq(int count) {
+  if (ImportSeq + count - 1 <= kLastSeq) return;
+  ImportStamp = UnusedStamp(ImportStamp);
+  ImportSeq = 1;
+}
+
+void CsvImporter::SetTimes(SchRecord& record, const CsvConverted& row) const {
+  record.StartTime = static_cast<std::int16_t>(row.allDay ? -1 : row.startTime);
+  record.EndTime = static_cast<std::int16_t>(row.allDay ? -1 : row.endTime);
+}
+
+void CsvImporter::AddCsvRecord(CsvRowFields fields) {
+  TakeClockStamp();
+  std::optional<CsvConverted> converted = ConvertCsvRow(std::move(fields));
+  if (!converted) return;
+  CsvConverted& row = *converted;
+  SchRecord record = std::move(row.record);
+  record.Prev = -1;
+  record.Next = -1;
+  record.RepeatKind = 0;
+  const int days = DaysBetween(row.start, row.end);
+  // Other calendars write a one-day event as running to the next midnight.
+  if (row.allDay && days == 1 && row.startTime == 0 && row.endTime == 0) row.end = row.start;
+  if (!row.allDay && days >= 1) {
+    if (row.startTime == 0 && row.endTime == 0) {
+      row.allDay = true;
+      record.RepeatKind = kMultiDayKind;
+    } else {
+      record.RepeatKind = kTimedSpanKind;
+    }
+  }
+  SetEndDate(record, row.end);
+  if (record.AlarmOn != 0) {
+    record.AlarmLead = ComputeCsvLead(row.start, row.startTime, row.alarmDate, row.alarmTime);
+    record.AlarmSound = kDefaultAlarmSound;
+  }
+  SetTimes(record, row);
+  if (record.RepeatKind == 0 && row.start == row.end) {
+    AddCsvSingleDay(std::move(record), row);
+  } else {
+    AddCsvSpan(std::move(record), row, DaysBetween(row.start, row.end) + 1);
+  }
+}
+
+void CsvImporter::AddCsvSingleDay(SchRecord record, const CsvConverted& row) {
+  ReserveSeq(1);
+  SetStartDate(record, row.start);
+  record.SubNo = static_cast<std::int16_t>(ImportSeq & 0xFFFF);
+  ++ImportSeq;
+  record.Stamp = ImportStamp;
+  record.ParentSubNo = 0;
+  record.ParentStamp = 0;
+  record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
+  s_.store.InsertRecord(record);
+}
+
+void CsvImporter::AddCsvSpan(SchRecord record, const CsvConverted& row, int days) {
+  if (days > kAllDaySpanLimit && record.RepeatKind == kMultiDayKind) days = kAllDaySpanLimit;
+  if (days > kTimedSpanLimit && record.RepeatKind != kMultiDayKind) days = kTimedSpanLimit;
+  if (days <= 0) return;
+  ReserveSeq(days);
+  SetEndDate(record, AddDays(row.start, days - 1));
+  const auto groupId = static_cast<std::int16_t>(ImportSeq);
+  record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
+  CivilDate date = row.start;
+  for (int i = 0; i < days; ++i) {
+    SetStartDate(record, date);
+    record.SubNo = static_cast<std::int16_t>(ImportSeq);
+    ++ImportSeq;
+    record.Stamp = ImportStamp;
+    record.ParentSubNo = groupId;
+    record.ParentStamp = ImportStamp;
+    s_.store.InsertRecord(record);
+    date = AddDays(date, 1);
+    if (CodeOf(date) > CodeOf(kLastDate)) break;
+  }
+}
+
+bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettings settings) {
+  ScheduleStore& store = services.store;
+  ScheduleDocument& doc = store.Document();
+  const CivilDate shown{doc.CurYear, doc.CurMonth, doc.CurDay};
+  store.ClearIndex();
+  store.ResetHeader();
+  // Room for as many rows as a file of real texts holds, so that the table does not move as it
+  // grows: room that stays unused is never touched, and costs no memory.
+  constexpr std::size_t kShortRowBytes = 40;
+  constexpr std::size_t kMostRowsReserved = 1 << 21;
+  doc.Tables.SchDatList.Reserve(std::min(bytes.size() / kShortRowBytes + 1, kMostRowsReserved));
+  EnsureDefaultCsvColumns(settings.CsvColumns);
+  const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
+  CsvReader reader(bytes, doc.FileCodePage);
+  CsvImporter importer(services);
+  bool header = settings.CsvFirstRowIsHeader;
+  bool whole = true;
+  int shownProgress = -1;
+  try {
+    while (reader.CsvReadPos() < reader.CsvFileLength()) {
+      const int progress = static_cast<int>(reader.CsvReadPos() * 100 /
+                                            std::max<std::int64_t>(reader.CsvFileLength(), 1));
+      if (progress != shownProgress) services.progress.SetValue(shownProgress = progress);
+      CsvRow read = reader.ReadCsvRow();
+      // An empty line ends the import.
+      if (read.items.empty() && read.atLineEnd) break;
+      CsvRowFields row;
+      const std::size_t columns = std::min(read.items.size(), map.size());
+      for (std::size_t i = 0; i < columns; ++i) {
+        if (map[i] < 0) continue;
+        std::string& field = row[static_cast<std::size_t>(map[i])];
+        if (field.empty()) {
+          field = std::move(read.items[i]);
+        } else {
+          field += " " + read.items[i];
+        }
+      }
+      if (header) {
+        header = false;
+        continue;
+      }
+      importer.AddCsvRecord(std::move(row));
+    }
+  } catch (const CsvReadFailure&) {
+    whole = false;
+  }
+  doc.SetShownDate(shown);
+  services.progress.SetValue(100);
+  if (whole) CheckSeries(doc.Tables);
+  return whole;
+}
+
+}  // namespace sched

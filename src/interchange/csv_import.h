@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/calendar.h"
+#include "interchange/csv_fields.h"
+#include "platform/clock.h"
+#include "platform/progress_display.h"
+#include "store/sch_record.h"
+#include "store/schedule_store.h"
+
+namespace sched {
+
+// A row's values after the conversion of its texts.
+struct CsvConverted {
+  SchRecord record;  // texts, Private, AlarmOn
+  CivilDate start;
+  int startTime = 0;  // minutes after 0:00
+  CivilDate end;
+  int endTime = 0;
+  CivilDate alarmDate;
+  int alarmTime = 0;
+  bool allDay = false;
+  bool endValid = true;  // the end lies on or after the calendar's first day
+};
+
+// 1 for "真", "True", "TRUE" or a text whose leading number is 1; 0 for everything else.
+std::int16_t CsvBoolean(std::string_view text);
+
+// The row's values, or nothing when the row is rejected: its start is no date, no time, or
+// lies outside the calendar, or it ends before it starts.
+std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row);
+
+// Minutes from the alarm to the start, at most 999; an alarm on an earlier day counts only
+// the times of day.
+std::int16_t ComputeCsvLead(const CivilDate& start, int startTime, const CivilDate& alarmDate,
+                            int alarmTime);
+
+struct CsvImportServices {
+  ScheduleStore& store;
+  ProgressDisplay& progress;  // 0 to 100 over the file's bytes
+  const Clock& clock;
+};
+
+// Adds the records of the rows to the store, numbering them as one import.
+class CsvImporter {
+ public:
+  explicit CsvImporter(CsvImportServices services) : s_(services) {}
+
+  // Adds the row's record, or one for each of its days, under the clock's stamp; a rejected
+  // row adds nothing.
+  void AddCsvRecord(CsvRowFields row);
+
+ private:
+  // A new import stamp is taken when the clock's stamp moves on.
+  void TakeClockStamp();
+  // Makes room for `count` more numbers under one stamp: before SubNo would pass its largest
+  // value, the import goes on under a stamp that no row holds.
+  void ReserveSeq(int count);
+  std::int32_t UnusedStamp(std::int32_t candidate) const;
+  void AddCsvSingleDay(SchRecord record, const CsvConverted& row);
+  void AddCsvSpan(SchRecord record, const CsvConverted& row, int days);
+  void SetTimes(SchRecord& record, const CsvConverted& row) const;
+
+  CsvImportServices s_;
+  std::int32_t ImportSeq = 1;
+  std::int32_t ImportStamp = 0;
+  std::int32_t clockStamp_ = 0;  // the clock's stamp when ImportStamp was last taken from it
+};
+
+// Empties the store and fills it from the CSV file's bytes, in the mapping of `settings`;
+// the store's code page reads files that are not UTF-8. The shown date stays. False when the
+// file could not be read to its end: the store then holds what was read.
+bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettings settings);
+
+}  // namespace sched

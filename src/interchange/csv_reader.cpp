@@ -1,0 +1,205 @@
+#include "interchange/csv_reader.h"
+
+#include "core/shift_jis.h"
+
+namespace sched {
+namespace {
+
+constexpr unsigned char kCR = 13;
+constexpr unsigned char kQuote = '"';
+constexpr unsigned char kComma = ',';
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// The length of the UTF-8 sequence that begins with `lead`; 0 for a byte that begins none.
+int Utf8Length(unsigned char lead) {
+  if (lead < 0x80) return 1;
+  if (lead >= 0xC2 && lead <= 0xDF) return 2;
+  if (lead >= 0xE0 && lead <= 0xEF) return 3;
+  if (lead >= 0xF0 && lead <= 0xF4) return 4;
+  return 0;
+}
+
+bool IsValidUtf8(std::string_view text) {
+  std::size_t i = 0;
+  while (i < text.size()) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    const int length = Utf8Length(lead);
+    if (length == 0 || i + length > text.size()) return false;
+    for (int k = 1; k < length; ++k) {
+      if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80) return false;
+    }
+    const auto second = static_cast<unsigned char>(length > 1 ? text[i + 1] : 0x80);
+    // Overlong forms, surrogates and code points beyond U+10FFFF.
+    if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
+        (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F)) {
+      return false;
+    }
+    i += static_cast<std::size_t>(length);
+  }
+  return true;
+}
+
+std::string TrimBlanks(const std::string& raw) {
+  const std::size_t first = raw.find_first_not_of(' ');
+  if (first == std::string::npos) return {};
+  return raw.substr(first, raw.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+CsvReader::CsvReader(std::string_view bytes, CodePage page) : bytes_(bytes), page_(page) {
+  if (bytes.starts_with(kByteOrderMark)) {
+    utf8_ = true;
+    at_ = kByteOrderMark.size();
+    pos_ = static_cast<std::int64_t>(at_);
+  } else {
+    utf8_ = !IsAscii(bytes) && IsValidUtf8(bytes);
+  }
+}
+
+CsvReader::Char CsvReader::ReadChar() {
+  if (AtEnd()) throw CsvReadFailure();
+  const auto first = static_cast<unsigned char>(bytes_[at_]);
+  int length = 1;
+  if (utf8_) {
+    length = std::max(Utf8Length(first), 1);
+  } else if (page_ == CodePage::kJapanese && ShiftJisTables::IsLead(first)) {
+    length = 2;
+  }
+  length = static_cast<int>(
+      std::min<std::size_t>(static_cast<std::size_t>(length), bytes_.size() - at_));
+  return {first, length};
+}
+
+std::size_t CsvReader::Find(std::string_view stops) const {
+  if (utf8_ || page_ != CodePage::kJapanese) {
+    if (stops.size() == 1) return std::min(bytes_.find(stops[0], at_), bytes_.size());
+    const char first = stops.front();
+    const char last = stops.back();
+    std::size_t i = at_;
+    while (i < bytes_.size() && bytes_[i] != first && bytes_[i] != last) ++i;
+    return i;
+  }
+  // A trail byte may be any byte from 0x40 on: the characters are stepped over one by one.
+  std::size_t i = at_;
+  while (i < bytes_.size() && stops.find(bytes_[i]) == std::string_view::npos) {
+    i += ShiftJisTables::IsLead(static_cast<unsigned char>(bytes_[i])) ? 2 : 1;
+  }
+  return std::min(i, bytes_.size());
+}
+
+CsvItem CsvReader::Failed(CsvItem& item, int errorCode) {
+  item.failed = true;
+  item.errorCode = errorCode;
+  return item;
+}
+
+std::string CsvReader::Decode(std::string raw) const {
+  if (utf8_ || IsAscii(raw)) return raw;
+  return ToUtf8(raw, page_);
+}
+
+void CsvReader::SkipLineFeed() {
+  const Char c = ReadChar();
+  at_ += static_cast<std::size_t>(c.length);
+  pos_ += 1;
+}
+
+CsvItem CsvReader::ReadCsvItem() {
+  CsvItem item;
+  const std::int64_t length = CsvFileLength();
+  if (AtEnd()) {
+    item.atLineEnd = true;
+    pos_ = length;
+    return item;
+  }
+  if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
+  const auto next = [&] {
+    const Char c = ReadChar();
+    at_ += static_cast<std::size_t>(c.length);
+    pos_ += c.length;
+    return c;
+  };
+  if (length - pos_ == 1) {  // a last byte alone is read over: it cannot start an item
+    next();
+    item.atLineEnd = true;
+    return item;
+  }
+  Char c = next();
+  if (c.first == kCR) {
+    SkipLineFeed();
+    item.atLineEnd = true;
+    return item;
+  }
+  if (c.first != kQuote) return ReadUnquotedCsvItem(c);
+
+  std::string raw;
+  for (;;) {
+    if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
+    const std::size_t quote = Find("\"");
+    raw.append(bytes_.substr(at_, quote - at_));
+    pos_ += static_cast<std::int64_t>(quote - at_);
+    at_ = quote;
+    if (AtEnd()) {
+      // An open quote at the end; the reader's count may lag the bytes after a CR alone.
+      if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
+      throw CsvReadFailure();
+    }
+    next();
+    // A closing quote needs one more character behind it.
+    if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
+    c = next();
+    if (c.first != kQuote) break;
+    raw += '"';  // a doubled quote stands for one
+  }
+  item.text = Decode(std::move(raw));
+  // What stands between the closing quote and the comma or line end is dropped.
+  for (;;) {
+    if (c.first == kComma) return item;
+    if (c.first == kCR) {
+      SkipLineFeed();
+      item.atLineEnd = true;
+      return item;
+    }
+    if (AtEnd()) return Failed(item, kCsvErrorAfterQuote);
+    c = next();
+  }
+}
+
+CsvItem CsvReader::ReadUnquotedCsvItem(Char first) {
+  CsvItem item;
+  if (first.first == kComma) return item;
+  const std::size_t start = at_ - static_cast<std::size_t>(first.length);
+  std::size_t end = start;
+  if (first.first != kCR) {
+    end = Find(",\r");
+    if (end == bytes_.size()) throw CsvReadFailure();  // no line end at the end
+    pos_ += static_cast<std::int64_t>(end + 1 - at_);
+    at_ = end + 1;
+  }
+  if (bytes_[end] == '\r') {
+    SkipLineFeed();
+    item.atLineEnd = true;
+  }
+  item.text = Decode(TrimBlanks(std::string(bytes_.substr(start, end - start))));
+  return item;
+}
+
+CsvRow CsvReader::ReadCsvRow() {
+  CsvRow row;
+  row.items.reserve(lastItemCount_);  // rows of a file are mostly alike
+  while (!row.atLineEnd) {
+    CsvItem item = ReadCsvItem();
+    row.atLineEnd = item.atLineEnd;
+    if (item.failed) {
+      row.errorCode = item.errorCode;
+      break;
+    }
+    if (item.text.empty() && item.atLineEnd) break;
+    row.items.push_back(std::move(item.text));
+  }
+  lastItemCount_ = row.items.size();
+  return row;
+}
+
+}  // namespace sched

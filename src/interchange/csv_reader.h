@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/codepage.h"
+
+namespace sched {
+
+// A read that ran past the end of the file: the import as a whole fails on it.
+class CsvReadFailure : public std::runtime_error {
+ public:
+  CsvReadFailure() : std::runtime_error("read past the end of the file") {}
+};
+
+// The reader's error codes: an open quote at the end of the file, or the end of the file
+// behind a closing quote before its comma or line end.
+inline constexpr int kCsvErrorAtEnd = 1;
+inline constexpr int kCsvErrorAfterQuote = 2;
+
+struct CsvItem {
+  std::string text;  // UTF-8
+  bool failed = false;
+  bool atLineEnd = false;
+  int errorCode = 0;
+};
+
+struct CsvRow {
+  std::vector<std::string> items;
+  bool atLineEnd = false;
+  int errorCode = 0;  // of the item that ended the row by failing
+};
+
+// Reads a CSV file's bytes one character at a time. The file's texts are UTF-8 when it
+// begins with a byte-order mark or is valid UTF-8 throughout, else in the given code page.
+// CsvReadPos counts the bytes read, as the loops of its callers compare it with the length.
+class CsvReader {
+ public:
+  CsvReader(std::string_view bytes, CodePage page);
+
+  std::int64_t CsvReadPos() const { return pos_; }
+  std::int64_t CsvFileLength() const { return static_cast<std::int64_t>(bytes_.size()); }
+
+  // One item; throws CsvReadFailure when an unquoted item, or a line end, runs into the end
+  // of the file.
+  CsvItem ReadCsvItem();
+  // The items up to the line end; a trailing empty item is not counted, and a failing item
+  // ends the row with the items before it.
+  CsvRow ReadCsvRow();
+
+ private:
+  // Reads one character: its first byte and its length in bytes.
+  struct Char {
+    unsigned char first;
+    int length;
+  };
+  Char ReadChar();
+  bool AtEnd() const { return at_ >= bytes_.size(); }
+  CsvItem ReadUnquotedCsvItem(Char first);
+  // Reads the character behind a CR over, as the LF of the line end.
+  void SkipLineFeed();
+  static CsvItem Failed(CsvItem& item, int errorCode);
+  // The next byte at or after the read position that is one of `stops` (one or two bytes)
+  // and begins a
+  // character; the file's length when there is none. Every character between counts its
+  // bytes, so the text up to it is taken in one piece.
+  std::size_t Find(std::string_view stops) const;
+  std::string Decode(std::string raw) const;
+
+  std::string_view bytes_;
+  CodePage page_;
+  bool utf8_ = false;
+  std::size_t at_ = 0;    // the next byte to read
+  std::int64_t pos_ = 0;  // CsvReadPos
+  std::size_t lastItemCount_ = 0;
+};
+
+}  // namespace sched
