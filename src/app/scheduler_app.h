@@ -11,6 +11,8 @@
 #include "commands/command_set.h"
 #include "commands/document_commands.h"
 #include "commands/document_session.h"
+#include "commands/link_commands.h"
+#include "link/ics_link_component.h"
 #include "media/edit_dialog_media.h"
 #include "platform/holiday_calendar.h"
 #include "platform/registry.h"
@@ -22,6 +24,7 @@
 #include "ui/appointment_dialogs.h"
 #include "ui/disconnection_setup_dialog.h"
 #include "ui/form1.h"
+#include "ui/link_dialogs.h"
 #include "ui/schmain.h"
 
 namespace sched {
@@ -96,6 +99,9 @@ class SchedulerApp {
   std::unique_ptr<QtAppointmentDialogs> appointmentDialogs_;
   std::unique_ptr<EditDialogMedia> editMedia_;
   std::unique_ptr<AppointmentCommands> appointments_;
+  std::unique_ptr<IcsLinkComponent> linkComponent_;
+  std::unique_ptr<QtLinkDialogs> linkDialogs_;
+  std::unique_ptr<LinkCommands> linkCommands_;
 };
 
 }  // namespace sched

@@ -129,7 +129,7 @@ std::vector<MenuDefinition> MakeMenuBar() {
       {"PcLink",
        "Data &Link",
        {Entry("PcImport", "&Import...", LinkImport), Entry("PcExport", "&Export...", LinkExport),
-        Entry("PcExpOption", "Im&port exported data", LinkImportExported)}},
+        Check("PcExpOption", "Im&port exported data", LinkImportExported, true)}},
       {"MenuDefine", "&Options", OptionEntries()},
       {"HelpMenu",
        "&Help",

@@ -13,6 +13,10 @@ namespace sched {
 bool ReadExpOption(SettingsStore& settings);
 void SaveExpOption(SettingsStore& settings, bool on);
 
+// The name of the iCalendar file in the user's data folder that the link component exchanges
+// with until the user chooses another.
+inline constexpr const char* kDefaultLinkCalendar = "calendar.ics";
+
 // The iCalendar file that the link component exchanges with; empty when none is set.
 std::string ReadLinkCalendar(SettingsStore& settings);
 void SaveLinkCalendar(SettingsStore& settings, const std::string& path);

@@ -194,6 +194,12 @@ InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
       report.failures.push_back(kSchedulerKey);
     }
   }
+  // The data link's component, the bridge to an iCalendar file, comes with the program.
+  if (!registry.KeyExists(kPimLinkKey)) {
+    const bool made = registry.CreateKey(kPimLinkKey) &&
+                      registry.WriteNumber(kPimLinkKey, kPimLinkInstallValue, 1);
+    (made ? report.created : report.failures).push_back(kPimLinkKey);
+  }
   const std::optional<std::string> holidayIni =
       registry.ReadString(kSchedulerKey, kHolidayIniValue);
   if (!holidayIni || holidayIni->size() < 2) {

@@ -66,7 +66,9 @@ FormDip::FormDip(FormDipModel& model, QWidget* parent) : QDialog(parent), model_
   weeks->addWidget(new QLabel("(Max 99 Weeks)", period));
   periodLayout->addRow(kikan_[0]);
   periodLayout->addRow(kikan_[1]);
-  periodLayout->addRow("&Weeks:", weeks);
+  auto* weeksLabel = new QLabel("&Weeks:", period);
+  weeksLabel->setBuddy(kikanWeek_);
+  periodLayout->addRow(weeksLabel, weeks);
   periodLayout->addRow(kikan_[2]);
   periodLayout->addRow("Start Date:", AddDateBox("KikanDate(0)", 0));
   periodLayout->addRow("End Date:", AddDateBox("KikanDate(1)", 1));

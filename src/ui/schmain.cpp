@@ -20,6 +20,7 @@
 
 #include "commands/document_commands.h"
 #include "core/app_texts.h"
+#include "link/link_settings.h"
 #include "shell/clock_text.h"
 #include "shell/settings.h"
 #include "ui/day_tab.h"
@@ -117,6 +118,9 @@ void SchMain::BuildMenus() {
       DelCTRL = menu;
     } else if (definition.name == "PcLink") {
       PcLink = menu;
+      connect(menu, &QMenu::aboutToShow, this, [this] {
+        ActionOf(CommandId::LinkImportExported)->setChecked(ReadExpOption(s_.settings));
+      });
     } else if (definition.name == "MenuDefine") {
       connect(menu, &QMenu::aboutToShow, this, &SchMain::MenuDefine_Open);
     }
@@ -136,6 +140,9 @@ void SchMain::BindWindowCommands() {
   c.Bind(CommandId::RingAlarm,
          [this] { s_.alarms.BeepAlarm = ActionOf(CommandId::RingAlarm)->isChecked(); });
   c.Bind(CommandId::TransferMessage, [this] { MenuCheckMsg_Click(); });
+  c.Bind(CommandId::LinkImportExported, [this] {
+    SaveExpOption(s_.settings, ActionOf(CommandId::LinkImportExported)->isChecked());
+  });
   c.Bind(CommandId::CodePageWestern, [this] { ChooseCodePage(CodePage::kWestern); });
   c.Bind(CommandId::CodePageJapanese, [this] { ChooseCodePage(CodePage::kJapanese); });
   c.Bind(CommandId::DisconnectionSetup, [this] {

@@ -341,6 +341,16 @@ testing::Trace<Program> ProgramTrace() {
     return YesNo(ReadBytes(p.Path(files.substr(0, files.find(',')))) ==
                  ReadBytes(p.Path(files.substr(files.find(',') + 1))));
   };
+  t.looks["events"] = [](S p, auto& file) {
+    const std::vector<std::uint8_t> bytes = ReadBytes(p.Path(file));
+    const std::string text(bytes.begin(), bytes.end());
+    std::size_t count = 0;
+    for (std::size_t at = text.find("BEGIN:VEVENT"); at != std::string::npos;
+         at = text.find("BEGIN:VEVENT", at + 1)) {
+      ++count;
+    }
+    return std::to_string(count);
+  };
   t.looks["text"] = [](S p, auto& file) {
     const std::vector<std::uint8_t> bytes = ReadBytes(p.Path(file));
     return std::string(bytes.begin(), bytes.end());

@@ -1,0 +1,24 @@
+#include "ui/link_dialogs.h"
+
+#include <QApplication>
+
+#include "ui/form_dip.h"
+
+namespace sched {
+
+std::optional<ImportOptions> QtLinkDialogs::ShowFormDip() {
+  const DateTime now = s_.clock.Now();
+  FormDipModel model(s_.settings, s_.messages, s_.sounds(), {now.year, now.month, now.day});
+  model.Form_Load();
+  FormDip dialog(model, s_.window);
+  dialog.exec();
+  if (model.Cancelled()) return std::nullopt;
+  return model.Answers();
+}
+
+void QtLinkDialogs::EnableMainWindow(bool enabled) {
+  s_.window->setEnabled(enabled);
+  QApplication::processEvents();
+}
+
+}  // namespace sched

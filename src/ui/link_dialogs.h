@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "commands/link_commands.h"
+#include "platform/clock.h"
+#include "platform/messages.h"
+#include "platform/settings_store.h"
+
+namespace sched {
+
+// The data link's dialogs over Qt: the import options, and the main window held while the
+// link component works.
+class QtLinkDialogs : public LinkDialogs {
+ public:
+  struct Services {
+    QWidget* window;
+    SettingsStore& settings;
+    Messages& messages;
+    const Clock& clock;
+    std::function<std::vector<std::string>()> sounds;  // the names the sound combo offers
+  };
+  explicit QtLinkDialogs(Services services) : s_(std::move(services)) {}
+
+  std::optional<ImportOptions> ShowFormDip() override;
+  void EnableMainWindow(bool enabled) override;
+
+ private:
+  Services s_;
+};
+
+}  // namespace sched
