@@ -29,7 +29,7 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   const DateTime now = p_.clock.Now();
   std::string why;
   const auto installDir =
-      InstallDirForStart(p_.registry, source_, {now.year, now.month, now.day}, why);
+      InstallDirForStart(p_.registry, p_.settings, source_, {now.year, now.month, now.day}, why);
   if (!installDir) {
     std::cerr << "scheduler: " << why << "\n";
     return 0;

@@ -10,7 +10,6 @@
 namespace sched {
 namespace {
 
-constexpr const char* kExpOptionKey = "ExpOption";
 constexpr const char* kLinkCalendarKey = "LinkCalendar";
 constexpr const char* kTypeKey = "DIPType";
 constexpr const char* kPeriodKey = "DIPKKN";

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/qt/qt_registry.h"
+#include "platform/qt/qt_settings_store.h"
 #include "platform/std/system_clock.h"
 #include "shell/desktop_files.h"
 #include "shell/install.h"
@@ -80,8 +81,9 @@ int main(int argc, char** argv) {
 
   const sched::DateTime now = sched::SystemClock().Now();
   sched::QtRegistry registry;
-  sched::InstallReport report =
-      sched::EnsureInstallation(registry, dataDir, installDir, {now.year, now.month, now.day});
+  sched::QtSettingsStore settings;
+  sched::InstallReport report = sched::EnsureInstallation(registry, settings, dataDir, installDir,
+                                                          {now.year, now.month, now.day});
   const std::string dataHome = sched::UserDataHome(xdgDataHome, home);
   sched::Installer installer(report);
   const std::size_t madeBefore = report.created.size();

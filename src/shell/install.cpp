@@ -17,6 +17,7 @@
 #include "shell/installer.h"
 #include "shell/paths.h"
 #include "shell/sample_schedule.h"
+#include "shell/settings.h"
 #include "shell/stock_sounds.h"
 #include "store/schedule_store.h"
 
@@ -172,8 +173,9 @@ std::string DefaultInstallDir(std::string_view xdgDataHome, std::string_view hom
   return (fs::path(UserDataHome(xdgDataHome, home)) / "Sorvane" / "Tarvex").string();
 }
 
-InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
-                                 const std::string& defaultInstallDir, const CivilDate& today) {
+InstallReport EnsureInstallation(Registry& registry, SettingsStore& settings,
+                                 const std::string& dataDir, const std::string& defaultInstallDir,
+                                 const CivilDate& today) {
   InstallReport report;
   Installer installer(report);
   const std::optional<std::string> registered = ReadInstallDir(registry);
@@ -199,6 +201,7 @@ InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
     const bool made = registry.CreateKey(kPimLinkKey) &&
                       registry.WriteNumber(kPimLinkKey, kPimLinkInstallValue, 1);
     (made ? report.created : report.failures).push_back(kPimLinkKey);
+    if (made) settings.SaveSetting(kSettingsApp, kDayviewSection, kExpOptionKey, "0");
   }
   const std::optional<std::string> holidayIni =
       registry.ReadString(kSchedulerKey, kHolidayIniValue);

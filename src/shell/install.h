@@ -6,6 +6,7 @@
 
 #include "core/calendar.h"
 #include "platform/registry.h"
+#include "platform/settings_store.h"
 #include "shell/installer.h"
 
 namespace sched {
@@ -23,8 +24,11 @@ std::string DefaultInstallDir(std::string_view xdgDataHome, std::string_view hom
 // device's settings and melodies. What exists is kept: a user's file is never overwritten, a
 // registered folder that exists stays registered, and a second run makes nothing. A registered
 // folder other than the default one is the user's own and is left as it is.
-InstallReport EnsureInstallation(Registry& registry, const std::string& dataDir,
-                                 const std::string& defaultInstallDir, const CivilDate& today);
+// The data link's component is registered too, and a new registration sends every item on the
+// first export: the mark of "Import exported data" is stored cleared.
+InstallReport EnsureInstallation(Registry& registry, SettingsStore& settings,
+                                 const std::string& dataDir, const std::string& defaultInstallDir,
+                                 const CivilDate& today);
 
 // Puts a link "MkSbjct" to the word list editor `editorProgram` into the installation's pcapps
 // folder, where the scheduler starts it; an upgraded program is found through the same link.

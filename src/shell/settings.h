@@ -17,6 +17,8 @@ inline constexpr const char* kDayviewSection = "Dayview";
 inline constexpr const char* kLastFileKey = "File1";
 inline constexpr const char* kWindowPlacementKey = "WindwInformation";
 inline constexpr const char* kCodePageKey = "CodePage";
+// The mark of the data link's "Import exported data".
+inline constexpr const char* kExpOptionKey = "ExpOption";
 
 // Remembers the open file: "<onPc>,<PC: or Tarvex:><name>,<full path>".
 void StoreLastFile(SettingsStore& settings, const std::string& section, const std::string& path,

@@ -21,8 +21,9 @@ bool HoldsCountryFiles(const std::string& dataDir) {
 
 }  // namespace
 
-std::optional<std::string> InstallDirForStart(Registry& registry, const InstallSource& source,
-                                              const CivilDate& today, std::string& why) {
+std::optional<std::string> InstallDirForStart(Registry& registry, SettingsStore& settings,
+                                              const InstallSource& source, const CivilDate& today,
+                                              std::string& why) {
   if (std::optional<std::string> registered = ReadInstallDir(registry)) return registered;
   const auto data = std::find_if(source.dataDirs.begin(), source.dataDirs.end(), HoldsCountryFiles);
   if (data == source.dataDirs.end()) {
@@ -33,7 +34,8 @@ std::optional<std::string> InstallDirForStart(Registry& registry, const InstallS
     if (!source.dataDirs.empty()) why += ")";
     return std::nullopt;
   }
-  const InstallReport report = EnsureInstallation(registry, *data, source.installDir, today);
+  const InstallReport report =
+      EnsureInstallation(registry, settings, *data, source.installDir, today);
   if (std::optional<std::string> laidOut = ReadInstallDir(registry)) return laidOut;
   why = "could not lay out an installation in " + source.installDir;
   if (!report.failures.empty()) why += ": could not make " + report.failures.front();

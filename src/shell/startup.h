@@ -8,6 +8,7 @@
 #include "platform/holiday_calendar.h"
 #include "platform/messages.h"
 #include "platform/registry.h"
+#include "platform/settings_store.h"
 #include "shell/app_state.h"
 #include "shell/paths.h"
 
@@ -26,8 +27,9 @@ struct InstallSource {
 // The install folder that a start runs on: the registered one; else one laid out from the
 // shipped data and registered first, as the set-up step does. Nothing when neither can be had,
 // and `why` then says what is missing.
-std::optional<std::string> InstallDirForStart(Registry& registry, const InstallSource& source,
-                                              const CivilDate& today, std::string& why);
+std::optional<std::string> InstallDirForStart(Registry& registry, SettingsStore& settings,
+                                              const InstallSource& source, const CivilDate& today,
+                                              std::string& why);
 
 // Opens the country file named in the registry for the named holidays. False when the
 // program's registry key is missing: the installation is broken and the program ends (after

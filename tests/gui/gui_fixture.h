@@ -33,7 +33,8 @@ class GuiTest : public ::testing::Test {
  public:
   GuiTest() {
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(dir.File("config")));
-    install = EnsureInstallation(registry, SCHEDULER_DATA_DIR, dir.File("install"), {2026, 11, 21})
+    install = EnsureInstallation(registry, settings, SCHEDULER_DATA_DIR, dir.File("install"),
+                                 {2026, 11, 21})
                   .installDir;
   }
 

@@ -7,7 +7,9 @@
 
 #include "core/registry_keys.h"
 #include "platform/fake/fake_registry.h"
+#include "platform/fake/fake_settings_store.h"
 #include "shell/paths.h"
+#include "shell/settings.h"
 #include "shell/startup.h"
 #include "tests/shell/shell_test_support.h"
 
@@ -33,6 +35,7 @@ struct InstallFixture : ::testing::Test {
   fs::path data = dir.Path() / "data";
   std::string defaultDir = (dir.Path() / "share" / "Sorvane" / "Tarvex").string();
   FakeRegistry registry;
+  FakeSettingsStore settings;
 
   void SetUp() override {
     for (const char* name : {"holidayDE.ini", "holidayUS.ini", "holidayJP.ini"}) {
@@ -51,7 +54,7 @@ struct InstallFixture : ::testing::Test {
   }
 
   InstallReport Install() {
-    return EnsureInstallation(registry, data.string(), defaultDir, kToday);
+    return EnsureInstallation(registry, settings, data.string(), defaultDir, kToday);
   }
 };
 
@@ -61,6 +64,9 @@ TEST_F(InstallFixture, AFreshMachineGetsTheWholeLayout) {
   EXPECT_EQ(report.installDir, defaultDir);
   EXPECT_EQ(ReadInstallDir(registry), defaultDir);
   EXPECT_EQ(registry.ReadString(kSchedulerKey, kHolidayIniValue), "holidayUS.ini");
+  // The data link's bridge is registered, its first export sending every item.
+  EXPECT_EQ(registry.ReadNumber(kPimLinkKey, kPimLinkInstallValue), 1u);
+  EXPECT_EQ(settings.GetSetting(kSettingsApp, kDayviewSection, kExpOptionKey, ""), "0");
 
   const InstallPaths paths = MakeInstallPaths(defaultDir);
   EXPECT_TRUE(paths.PimDataFound);
@@ -196,7 +202,7 @@ TEST_F(InstallFixture, AStartThatCannotHaveAnInstallationSaysWhy) {
     FakeRegistry empty;
     empty.failWrites = c.failWrites;
     std::string why;
-    EXPECT_FALSE(InstallDirForStart(empty, {c.dataDirs, defaultDir}, kToday, why));
+    EXPECT_FALSE(InstallDirForStart(empty, settings, {c.dataDirs, defaultDir}, kToday, why));
     EXPECT_EQ(why, c.why);
   }
 }
