@@ -100,16 +100,16 @@ void AlarmEngine::ClearTodayAlarms() {
 }
 
 void AlarmEngine::AddAlarmOfRecord(int row) {
-  auto alarm = AlarmOfRow(s_.tables.SchDatList.At(row), todayCode_);
+  auto alarm = AlarmOfRow(s_.tables.SchDatList, row, todayCode_);
   // An alarm that has gone by today is not listed.
   if (alarm && alarm->AlarmMinute > NowMinute()) todayAlarms_.push_back(std::move(*alarm));
 }
 
 void AlarmEngine::RemoveAlarmOfRecord(int row) {
-  const SchDatRow& removed = s_.tables.SchDatList.At(row);
-  if (removed.AlarmOn == 0) return;
+  const SchDatTable& list = s_.tables.SchDatList;
+  if (list.At(row).AlarmOn == 0) return;
   const auto dropped = std::erase_if(
-      todayAlarms_, [&](const AlarmEntry& alarm) { return IsAlarmOfRow(alarm, removed); });
+      todayAlarms_, [&](const AlarmEntry& alarm) { return IsAlarmOfRow(alarm, list, row); });
   if (dropped > 0 && todayAlarms_.empty()) nextAlarmIndex_ = -1;
   ArmNextAlarm();
 }

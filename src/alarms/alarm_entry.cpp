@@ -27,12 +27,13 @@ std::string AlarmClockText(int time) {
   return TwelveHourTime(hour, minute, false, "am", "pm");
 }
 
-std::optional<AlarmEntry> AlarmOfRow(const SchDatRow& row, std::int32_t todayCode) {
+std::optional<AlarmEntry> AlarmOfRow(const SchDatTable& list, int at, std::int32_t todayCode) {
+  const SchDatRow& row = list.At(at);
   if (row.blank || row.Deleted == kDeleted || row.AlarmOn <= 0) return std::nullopt;
   const AlarmMoment moment =
       AlarmDateCodeOfStart(row.Year, row.Month, row.Day, row.StartTime, row.AlarmLead);
   if (moment.dateCode != todayCode) return std::nullopt;
-  const SchRecord r = RowToRecord(row);
+  const SchRecord r = RowToRecord(list, at);
   return AlarmEntry{
       moment.minute,
       r.Title,
@@ -52,7 +53,7 @@ std::vector<AlarmEntry> BuildTodayAlarms(const SchDatCTL& tables, std::int32_t t
   std::vector<AlarmEntry> alarms;
   const auto& list = tables.SchDatList;
   for (int row = 0; row < list.Rows(); ++row) {
-    if (auto alarm = AlarmOfRow(list.At(row), todayCode)) alarms.push_back(std::move(*alarm));
+    if (auto alarm = AlarmOfRow(list, row, todayCode)) alarms.push_back(std::move(*alarm));
   }
   SortTodayAlarms(alarms);
   return alarms;
@@ -64,8 +65,10 @@ void SortTodayAlarms(std::vector<AlarmEntry>& alarms) {
   });
 }
 
-bool IsAlarmOfRow(const AlarmEntry& alarm, const SchDatRow& row) {
-  return alarm.Title == row.Title && alarm.Place == row.Place && alarm.Memo == row.Memo &&
+bool IsAlarmOfRow(const AlarmEntry& alarm, const SchDatTable& list, int at) {
+  const SchDatRow& row = list.At(at);
+  const RowTexts texts = list.Texts(row);
+  return alarm.Title == texts.Title && alarm.Place == texts.Place && alarm.Memo == texts.Memo &&
          alarm.Day == row.Day && alarm.Month == row.Month && alarm.Year == row.Year &&
          alarm.StartTime == row.StartTime && alarm.EndTime == row.EndTime &&
          alarm.Lead == row.AlarmLead;

@@ -41,7 +41,7 @@ std::string AlarmClockText(int time);
 
 // The alarm of a row when it rings on the day `todayCode`; nothing for a blank or deleted row,
 // a row without an alarm, or an alarm of another day.
-std::optional<AlarmEntry> AlarmOfRow(const SchDatRow& row, std::int32_t todayCode);
+std::optional<AlarmEntry> AlarmOfRow(const SchDatTable& list, int row, std::int32_t todayCode);
 
 // Today's alarms from the whole table, top to bottom, in ringing order.
 std::vector<AlarmEntry> BuildTodayAlarms(const SchDatCTL& tables, std::int32_t todayCode);
@@ -51,7 +51,7 @@ void SortTodayAlarms(std::vector<AlarmEntry>& alarms);
 
 // Whether the alarm is the row's by all it shows and when it rings: title, place, memo, date,
 // start, end and lead. Two items alike in all of them share one alarm entry's fate.
-bool IsAlarmOfRow(const AlarmEntry& alarm, const SchDatRow& row);
+bool IsAlarmOfRow(const AlarmEntry& alarm, const SchDatTable& list, int row);
 
 // What the notice window shows of an alarm.
 PendingNotice NoticeOf(const AlarmEntry& alarm);

@@ -47,7 +47,7 @@ bool CopyPaste::PasteSchedule() {
 }
 
 SchRecord CopyPaste::LoadCopiedRecord(int row) const {
-  return RowToRecord(store_.Document().Tables.SchDatList.At(row));
+  return RowToRecord(store_.Document().Tables.SchDatList, row);
 }
 
 SchRecord CopyPaste::LoadCopiedAsSingle(int row) const {

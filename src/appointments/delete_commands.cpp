@@ -46,13 +46,14 @@ bool DeleteCommands::DeleteSelection(const std::vector<int>& rows) {
     const SchDatRow& line = list.At(rows.front());
     const std::optional<std::size_t> kind = KindIndex(line.RepeatKind);
     const std::string kindText = kind ? std::string(kDeleteKinds[*kind]) + "\r\n" : "";
-    if (!Ask(kDeleteQuestion + kindText + line.Title + "?")) return false;
+    const std::string title(list.Texts(line).Title);
+    if (!Ask(kDeleteQuestion + kindText + title + "?")) return false;
   } else if (!Ask(kDeleteSelected)) {
     return false;
   }
   bool removed = false;
   for (int row : rows) {
-    const SchRecord saved = RowToRecord(list.At(row));
+    const SchRecord saved = RowToRecord(list, row);
     const std::optional<std::size_t> kind = KindIndex(saved.RepeatKind);
     if (!single && kind &&
         !Ask(kDeleteQuestion + std::string(kDeleteKindsAgain[*kind]) + saved.Title + "?")) {
@@ -171,9 +172,7 @@ void DeleteCommands::RepairSeriesEnds(const SeriesKey& series) {
   for (int row : rows) {
     SchDatRow& r = list.At(row);
     if (!r.IsLive()) continue;
-    r.EndDay = end.day;
-    r.EndMonth = end.month;
-    r.EndYear = end.year;
+    SetEndDate(r, end);
   }
 }
 

@@ -86,7 +86,7 @@ void SchEditModel::OpenModify(int row) {
   StartSession();
   IsNewItem = 0;
   const SchDatCTL& tables = s_.store.Document().Tables;
-  Record = RowToRecord(tables.SchDatList.At(row));
+  Record = RowToRecord(tables.SchDatList, row);
   c_.Caption = appointment_texts::kCaptionModify + Record.Title;
   c_.Text1 = Record.Title;
   c_.Text3 = Record.Place;

@@ -18,16 +18,17 @@ void WriteArray(std::ostream& out, const Values& values) {
   out << ']';
 }
 
-void WriteRow(std::ostream& out, const SchDatRow& r) {
-  out << "{\"Day\":" << r.Day << ",\"Month\":" << r.Month << ",\"Year\":" << r.Year
-      << ",\"EndDay\":" << r.EndDay << ",\"EndMonth\":" << r.EndMonth
+void WriteRow(std::ostream& out, const SchDatRow& r, const RowTexts& texts) {
+  // The narrow fields are written as numbers, never as characters.
+  out << "{\"Day\":" << +r.Day << ",\"Month\":" << +r.Month << ",\"Year\":" << r.Year
+      << ",\"EndDay\":" << +r.EndDay << ",\"EndMonth\":" << +r.EndMonth
       << ",\"EndYear\":" << r.EndYear << ",\"StartTime\":" << r.StartTime
       << ",\"EndTime\":" << r.EndTime << ",\"SubNo\":" << r.SubNo << ",\"Stamp\":" << r.Stamp
       << ",\"ParentSubNo\":" << r.ParentSubNo << ",\"ParentStamp\":" << r.ParentStamp
       << ",\"RepeatKind\":" << r.RepeatKind << ",\"Private\":" << (r.Private != 0 ? 1 : 0)
-      << ",\"Title\":" << JsonString(r.Title) << ",\"Place\":" << JsonString(r.Place)
-      << ",\"Memo\":" << JsonString(r.Memo) << ",\"AlarmOn\":" << r.AlarmOn
-      << ",\"AlarmSound\":" << JsonString(r.AlarmSound) << ",\"AlarmLead\":" << r.AlarmLead << '}';
+      << ",\"Title\":" << JsonString(texts.Title) << ",\"Place\":" << JsonString(texts.Place)
+      << ",\"Memo\":" << JsonString(texts.Memo) << ",\"AlarmOn\":" << r.AlarmOn
+      << ",\"AlarmSound\":" << JsonString(texts.AlarmSound) << ",\"AlarmLead\":" << r.AlarmLead << '}';
 }
 
 // The loaded tables as JSON: weekly holidays, the years with their masks in table order, and
@@ -49,7 +50,7 @@ void WriteDumpJson(const ScheduleDocument& doc, std::ostream& out) {
   bool first = true;
   for (int row : LiveRowsInDateOrder(t)) {
     out << (first ? "" : ",");
-    WriteRow(out, t.SchDatList.At(row));
+    WriteRow(out, t.SchDatList.At(row), t.SchDatList.Texts(row));
     first = false;
   }
   out << "]}\n";

@@ -4,7 +4,7 @@
 
 namespace sched {
 
-std::string JsonString(const std::string& text) {
+std::string JsonString(std::string_view text) {
   std::string out = "\"";
   for (char c : text) {
     switch (c) {

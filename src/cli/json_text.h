@@ -5,6 +5,6 @@
 namespace sched {
 
 // The text as a JSON string, quotes included.
-std::string JsonString(const std::string& text);
+std::string JsonString(std::string_view text);
 
 }  // namespace sched

@@ -28,7 +28,9 @@ std::size_t LargestSize(const SchDatCTL& t, int lastColumn) {
   std::size_t size = perRow;
   for (int row = 0; !t.SchDatList.IsEmpty() && row < t.SchDatList.Rows(); ++row) {
     const SchDatRow& r = t.SchDatList.At(row);
-    if (r.IsLive()) size += perRow + r.Title.size() + r.Place.size() + r.Memo.size();
+    if (!r.IsLive()) continue;
+    const RowTexts texts = t.SchDatList.Texts(r);
+    size += perRow + texts.Title.size() + texts.Place.size() + texts.Memo.size();
   }
   return size;
 }
@@ -41,7 +43,7 @@ const char* Flag(bool on) {
 
 bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& exported,
                  CsvRowFields& fields) {
-  const bool multiDay = static_cast<std::int16_t>(row.RepeatKind) == kMultiDayKind;
+  const bool multiDay = row.RepeatKind == kMultiDayKind;
   const bool span = multiDay || IsTimedSpan(row.RepeatKind);
   if (span && !exported.insert(row.Series()).second) return false;
   const auto groupRange = [&] {
@@ -50,11 +52,12 @@ bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& 
                        : std::pair{StartOf(row), StartOf(row)};
   };
   for (std::string& field : fields) field.clear();
+  const RowTexts texts = tables.SchDatList.Texts(row);
   for (const CsvField text : {kCsvTitle, kCsvPlace, kCsvMemo}) {
-    const std::string& from = text == kCsvTitle   ? row.Title
-                              : text == kCsvPlace ? row.Place
-                                                  : row.Memo;
-    fields[text] = from.find('\r') == std::string::npos ? from : StripCR(from);
+    const std::string_view from = text == kCsvTitle   ? texts.Title
+                                  : text == kCsvPlace ? texts.Place
+                                                      : texts.Memo;
+    fields[text] = from.find('\r') == std::string_view::npos ? std::string(from) : StripCR(from);
   }
   fields[kCsvPrivate] = Flag(row.Private != 0);
   fields[kCsvAlarmOn] = Flag(row.AlarmLead != 0);
@@ -77,7 +80,7 @@ bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& 
     fields[kCsvAllDay] = "0";
     if (span) std::tie(first, last) = groupRange();
     fields[kCsvStartTime] = FormatCsvTime(row.StartTime);
-    fields[kCsvEndTime] = FormatCsvTime(std::max(row.EndTime, 0));
+    fields[kCsvEndTime] = FormatCsvTime(std::max<int>(row.EndTime, 0));
     if (row.AlarmLead != 0) {
       const AlarmMoment alarm =
           AlarmDateCodeOfStart(row.Year, row.Month, row.Day, row.StartTime, row.AlarmLead);

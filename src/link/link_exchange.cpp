@@ -46,9 +46,9 @@ std::optional<std::vector<std::uint8_t>> BuildExportFile(const SchDatCTL& tables
   ForEachLiveRow(tables, [&](int, const SchDatRow& r) { anyNew = anyNew || HasLinkBit(r.Stamp); });
   if (onlyNew && !anyNew) return std::nullopt;
   std::vector<std::uint8_t> file;
-  ForEachLiveRow(tables, [&](int, const SchDatRow& row) {
+  ForEachLiveRow(tables, [&](int at, const SchDatRow& row) {
     if (onlyNew && !HasLinkBit(row.SubNo)) return;
-    SchRecord r = RowToRecord(row);
+    SchRecord r = RowToRecord(tables.SchDatList, at);
     if (r.AlarmOn != 0 && AlarmPassed(r, now)) r.AlarmOn = r.AlarmLead = 0;
     const std::vector<std::uint8_t> bytes = ExportRecordBytes(r, page);
     file.insert(file.end(), bytes.begin(), bytes.end());

@@ -120,7 +120,7 @@ void PagePrinter::PrintPageHeader() {
   d_.SetCurrentY(2 * lineHeight_);
 }
 
-void PagePrinter::PrintRecord(const SchDatRow& row) {
+void PagePrinter::PrintRecord(const SchDatRow& row, const RowTexts& texts) {
   date_ = DateCode(row.Year, row.Month, row.Day);
   if (d_.CurrentY() + 2 * pad_ + lineHeight_ > foot_) {
     RuleAcross(c_.Left);
@@ -137,9 +137,9 @@ void PagePrinter::PrintRecord(const SchDatRow& row) {
   lastDate_ = date_;
   d_.SetCurrentX(c_.Time + kFirstColumn);
   d_.Print(TimeRangeText(row));
-  PrintField(t::kTitleLabel, row.Title);
-  PrintField(t::kPlaceLabel, row.Place);
-  PrintField(t::kMemoLabel, row.Memo);
+  PrintField(t::kTitleLabel, std::string(texts.Title));
+  PrintField(t::kPlaceLabel, std::string(texts.Place));
+  PrintField(t::kMemoLabel, std::string(texts.Memo));
   d_.SetCurrentY(d_.CurrentY() + pad_);
   RuleColumns();
 }

@@ -35,7 +35,7 @@ class PagePrinter {
 
   // Starts a copy on a new page, numbered 1.
   void StartCopy();
-  void PrintRecord(const SchDatRow& row);
+  void PrintRecord(const SchDatRow& row, const RowTexts& texts);
   // Rules off the last record of the copy.
   void EndCopy();
 

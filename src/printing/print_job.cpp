@@ -91,7 +91,7 @@ std::optional<DocumentEnd> PrintSchedule(const ScheduleDocument& doc, PrintDevic
     pages.StartCopy();
     int done = 0;
     ForEachRecordInRange(doc.Tables, PrintStartDate, PrintFinishDate, [&](int row) {
-      pages.PrintRecord(doc.Tables.SchDatList.At(row));
+      pages.PrintRecord(doc.Tables.SchDatList.At(row), doc.Tables.SchDatList.Texts(row));
       ++printed;
       window.DoEvents(++done, total);
       return !PrintCancelled;

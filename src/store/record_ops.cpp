@@ -4,7 +4,7 @@
 
 namespace sched {
 
-SchDatRow BuildRecordLine(const SchRecord& record) {
+SchDatRow RecordNumbers(const SchRecord& record) {
   SchDatRow row;
   row.Day = record.Day;
   row.Month = record.Month;
@@ -21,38 +21,45 @@ SchDatRow BuildRecordLine(const SchRecord& record) {
   row.RepeatKind = record.RepeatKind;
   row.Private = record.Private != 0 ? 1 : 0;
   row.VarLen = record.VarLen;
-  row.Title = TabToBlank(record.Title);
-  row.Place = TabToBlank(record.Place);
-  row.Memo = TabToBlank(record.Memo);
   row.AlarmOn = record.AlarmOn;
-  row.AlarmSound = record.AlarmSound;
   row.AlarmLead = record.AlarmLead;
   return row;
 }
 
-SchRecord RowToRecord(const SchDatRow& r) {
+SchDatRow BuildRecordLine(SchDatTable& list, const SchRecord& record) {
+  SchDatRow row = RecordNumbers(record);
+  const std::string title = TabToBlank(record.Title);
+  const std::string place = TabToBlank(record.Place);
+  const std::string memo = TabToBlank(record.Memo);
+  list.SetTexts(row, {title, place, memo, record.AlarmSound});
+  return row;
+}
+
+SchRecord RowToRecord(const SchDatTable& list, int row) {
+  const SchDatRow& r = list.At(row);
   SchRecord rec;
-  rec.Day = static_cast<std::uint8_t>(r.Day);
-  rec.Month = static_cast<std::uint8_t>(r.Month);
-  rec.Year = static_cast<std::uint16_t>(r.Year);
-  rec.EndDay = static_cast<std::uint8_t>(r.EndDay);
-  rec.EndMonth = static_cast<std::uint8_t>(r.EndMonth);
-  rec.EndYear = static_cast<std::uint16_t>(r.EndYear);
-  rec.StartTime = static_cast<std::int16_t>(r.StartTime);
-  rec.EndTime = static_cast<std::int16_t>(r.EndTime);
+  rec.Day = r.Day;
+  rec.Month = r.Month;
+  rec.Year = r.Year;
+  rec.EndDay = r.EndDay;
+  rec.EndMonth = r.EndMonth;
+  rec.EndYear = r.EndYear;
+  rec.StartTime = r.StartTime;
+  rec.EndTime = r.EndTime;
   rec.SubNo = static_cast<std::int16_t>(r.SubNo);
   rec.Stamp = r.Stamp;
   rec.ParentSubNo = static_cast<std::int16_t>(r.ParentSubNo);
   rec.ParentStamp = r.ParentStamp;
-  rec.RepeatKind = static_cast<std::int16_t>(r.RepeatKind);
+  rec.RepeatKind = r.RepeatKind;
   rec.Private = static_cast<std::int16_t>(r.Private != 0 ? 1 : 0);
-  rec.VarLen = static_cast<std::int16_t>(r.VarLen);
-  rec.Title = r.Title;
-  rec.Place = r.Place;
-  rec.Memo = r.Memo;
-  rec.AlarmOn = static_cast<std::int16_t>(r.AlarmOn);
-  rec.AlarmSound = r.AlarmSound;
-  rec.AlarmLead = static_cast<std::int16_t>(r.AlarmLead);
+  rec.VarLen = r.VarLen;
+  const RowTexts texts = list.Texts(r);
+  rec.Title = texts.Title;
+  rec.Place = texts.Place;
+  rec.Memo = texts.Memo;
+  rec.AlarmOn = r.AlarmOn;
+  rec.AlarmSound = texts.AlarmSound;
+  rec.AlarmLead = r.AlarmLead;
   return rec;
 }
 
@@ -110,7 +117,7 @@ int ScheduleStore::FindOrAddMonth(int month, int yearRow) {
 int ScheduleStore::InsertRow(int head, int monthRow, int day, const SchRecord& record) {
   SchDatCTL& t = doc_.Tables;
   auto& list = t.SchDatList;
-  SchDatRow line = BuildRecordLine(record);
+  SchDatRow line = BuildRecordLine(list, record);
   int newRow = 0;
   if (t.RowCount == 0 && list.IsEmpty()) {
     list.PutFirst(std::move(line));

@@ -8,18 +8,6 @@
 
 namespace sched {
 
-void SetStartDate(SchRecord& record, const CivilDate& date) {
-  record.Day = static_cast<std::uint8_t>(date.day);
-  record.Month = static_cast<std::uint8_t>(date.month);
-  record.Year = static_cast<std::uint16_t>(date.year);
-}
-
-void SetEndDate(SchRecord& record, const CivilDate& date) {
-  record.EndDay = static_cast<std::uint8_t>(date.day);
-  record.EndMonth = static_cast<std::uint8_t>(date.month);
-  record.EndYear = static_cast<std::uint16_t>(date.year);
-}
-
 AlarmMoment AlarmDateCode(int year, int month, int day, int startHour, int startMinute, int lead) {
   auto minute = static_cast<std::int16_t>(startHour * 60 - lead + startMinute);
   if (minute >= 0) return {DateCode(year, month, day), minute};

@@ -37,9 +37,19 @@ struct SchRecord {
   friend bool operator==(const SchRecord&, const SchRecord&) = default;
 };
 
-// The record's own date (Day, Month, Year) and the date its item or series ends.
-void SetStartDate(SchRecord& record, const CivilDate& date);
-void SetEndDate(SchRecord& record, const CivilDate& date);
+// The record's or row's own date (Day, Month, Year) and the date its item or series ends.
+template <typename Record>
+void SetStartDate(Record& record, const CivilDate& date) {
+  record.Day = static_cast<std::uint8_t>(date.day);
+  record.Month = static_cast<std::uint8_t>(date.month);
+  record.Year = static_cast<std::uint16_t>(date.year);
+}
+template <typename Record>
+void SetEndDate(Record& record, const CivilDate& date) {
+  record.EndDay = static_cast<std::uint8_t>(date.day);
+  record.EndMonth = static_cast<std::uint8_t>(date.month);
+  record.EndYear = static_cast<std::uint16_t>(date.year);
+}
 
 // RepeatKind of an item over multiple days (the bit pattern 0x8000).
 inline constexpr std::int16_t kMultiDayKind = -32768;

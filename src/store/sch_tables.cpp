@@ -60,7 +60,7 @@ void AncMMRow::SetCell(int col, std::string_view text) {
 
 std::string SchDatRow::Cell(int col) const {
   switch (col) {
-    case kColPrev: return Num(Prev);
+    case kColPrev: return Num(-1);  // rows are chained forwards only
     case kColNext: return Num(Next);
     case kColDay: return Num(Day);
     case kColMonth: return Num(Month);
@@ -77,11 +77,7 @@ std::string SchDatRow::Cell(int col) const {
     case kColRepeatKind: return Num(RepeatKind);
     case kColPrivate: return Num(Private);
     case kColVarLen: return Num(VarLen);
-    case kColTitle: return Title;
-    case kColPlace: return Place;
-    case kColMemo: return Memo;
     case kColAlarmOn: return Num(AlarmOn);
-    case kColAlarmSound: return AlarmSound;
     case kColAlarmLead: return Num(AlarmLead);
     case kColDeleted: return Num(Deleted);
     default: return {};
@@ -89,21 +85,94 @@ std::string SchDatRow::Cell(int col) const {
 }
 
 void SchDatRow::SetCell(int col, std::string_view text) {
-  std::int32_t* const numbers[] = {&Prev,    &Next,     &Day,         &Month,       &Year,
-                                   &EndDay,  &EndMonth, &EndYear,     &StartTime,   &EndTime,
-                                   &SubNo,   &Stamp,    &ParentSubNo, &ParentStamp, &RepeatKind,
-                                   &Private, &VarLen};
+  const std::int32_t value = CellNumber(text);
+  const auto u8 = static_cast<std::uint8_t>(value);
+  const auto u16 = static_cast<std::uint16_t>(value);
+  const auto i16 = static_cast<std::int16_t>(value);
   switch (col) {
-    case kColTitle: Title = text; return;
-    case kColPlace: Place = text; return;
-    case kColMemo: Memo = text; return;
-    case kColAlarmOn: AlarmOn = CellNumber(text); return;
-    case kColAlarmSound: AlarmSound = text; return;
-    case kColAlarmLead: AlarmLead = CellNumber(text); return;
-    case kColDeleted: Deleted = CellNumber(text); return;
-    default:
-      if (col >= 0 && col <= kColVarLen) *numbers[col] = CellNumber(text);
+    case kColNext: Next = value; return;
+    case kColDay: Day = u8; return;
+    case kColMonth: Month = u8; return;
+    case kColYear: Year = u16; return;
+    case kColEndDay: EndDay = u8; return;
+    case kColEndMonth: EndMonth = u8; return;
+    case kColEndYear: EndYear = u16; return;
+    case kColStartTime: StartTime = i16; return;
+    case kColEndTime: EndTime = i16; return;
+    case kColSubNo: SubNo = value; return;
+    case kColStamp: Stamp = value; return;
+    case kColParentSubNo: ParentSubNo = value; return;
+    case kColParentStamp: ParentStamp = value; return;
+    case kColRepeatKind: RepeatKind = i16; return;
+    case kColPrivate: Private = i16; return;
+    case kColVarLen: VarLen = i16; return;
+    case kColAlarmOn: AlarmOn = i16; return;
+    case kColAlarmLead: AlarmLead = i16; return;
+    case kColDeleted: Deleted = u8; return;
+    default: return;
   }
+}
+
+namespace {
+
+// The text of a text column, nothing for another column.
+std::string_view* TextOfColumn(RowTexts& texts, int col) {
+  switch (col) {
+    case kColTitle: return &texts.Title;
+    case kColPlace: return &texts.Place;
+    case kColMemo: return &texts.Memo;
+    case kColAlarmSound: return &texts.AlarmSound;
+    default: return nullptr;
+  }
+}
+
+}  // namespace
+
+std::string SchDatTable::Cell(int row, int col) const {
+  const SchDatRow& r = At(row);
+  if (r.blank) return {};
+  RowTexts texts = Texts(r);
+  if (const std::string_view* text = TextOfColumn(texts, col)) return std::string(*text);
+  return r.Cell(col);
+}
+
+void SchDatTable::SetCell(int row, int col, std::string_view text) {
+  SchDatRow& r = At(row);
+  r.blank = false;
+  RowTexts texts = Texts(r);
+  if (std::string_view* cell = TextOfColumn(texts, col)) {
+    *cell = text;
+    SetTexts(r, texts);
+  } else {
+    r.SetCell(col, text);
+  }
+  CountEdit();
+}
+
+void SchDatTable::AddItem(std::string_view line) {
+  SchDatRow row{};
+  RowTexts texts;
+  int col = 0;
+  for (std::string_view cell : SplitLine(line)) {
+    if (col >= SchDatRow::kColumns) break;
+    if (std::string_view* text = TextOfColumn(texts, col)) {
+      *text = cell;
+    } else {
+      row.SetCell(col, cell);
+    }
+    ++col;
+  }
+  SetTexts(row, texts);
+  Append(row);
+}
+
+std::string SchDatTable::Line(int row) const {
+  std::string line;
+  for (int col = 0; col < SchDatRow::kColumns; ++col) {
+    if (col > 0) line += '\t';
+    line += Cell(row, col);
+  }
+  return line;
 }
 
 std::int32_t SchDatRow::StartCode() const {

@@ -6,8 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "core/calendar.h"
 #include "store/row_index.h"
 #include "store/table.h"
+#include "store/text_arena.h"
 
 namespace sched {
 
@@ -72,41 +74,63 @@ inline constexpr std::int32_t kLive = 0;
 inline constexpr std::int32_t kDeleted = 1;
 inline constexpr std::int32_t kSeriesMark = 2;  // a passing mark while series are checked
 
-// SchDatList: one row for each occurrence on one day.
+// SchDatList: one row for each occurrence on one day. The fields are as narrow as the file's;
+// the texts live in the table's text arena, behind one handle.
 struct SchDatRow {
   static constexpr int kColumns = 24;
-  bool blank = false;
-  std::int32_t Prev = -1;
   std::int32_t Next = -1;
-  std::int32_t Day = 0;
-  std::int32_t Month = 0;
-  std::int32_t Year = 0;
-  std::int32_t EndDay = 0;
-  std::int32_t EndMonth = 0;
-  std::int32_t EndYear = 0;
-  std::int32_t StartTime = -1;
-  std::int32_t EndTime = -1;
   std::int32_t SubNo = 0;
   std::int32_t Stamp = 0;
   std::int32_t ParentSubNo = 0;
   std::int32_t ParentStamp = 0;
-  std::int32_t RepeatKind = 0;
-  std::int32_t Private = 0;  // the private flag, 0 or 1
-  std::int32_t VarLen = 0;
-  std::string Title;
-  std::string Place;
-  std::string Memo;
-  std::int32_t AlarmOn = 0;
-  std::string AlarmSound;
-  std::int32_t AlarmLead = 0;
-  std::int32_t Deleted = kLive;
+  TextArena::Handle TextHandle = TextArena::kEmpty;  // title, place, memo and alarm sound
+  std::uint16_t Year = 0;
+  std::uint16_t EndYear = 0;
+  std::uint8_t Day = 0;
+  std::uint8_t Month = 0;
+  std::uint8_t EndDay = 0;
+  std::uint8_t EndMonth = 0;
+  std::int16_t StartTime = -1;
+  std::int16_t EndTime = -1;
+  std::int16_t RepeatKind = 0;
+  std::int16_t Private = 0;  // the private flag, 0 or 1
+  std::int16_t VarLen = 0;
+  std::int16_t AlarmOn = 0;
+  std::int16_t AlarmLead = 0;
+  std::uint8_t Deleted = kLive;
+  bool blank = false;
 
+  // The cells of the numbers; the text cells are the table's.
   std::string Cell(int col) const;
   void SetCell(int col, std::string_view text);
   bool IsLive() const { return !blank && Deleted == kLive; }
   std::int32_t StartCode() const;
   std::int32_t EndCode() const;
   SeriesKey Series() const { return {ParentSubNo, ParentStamp}; }
+};
+
+// The SchDatList table: its rows and the texts they show.
+class SchDatTable : public Table<SchDatRow> {
+ public:
+  RowTexts Texts(const SchDatRow& row) const { return texts_.Get(row.TextHandle); }
+  RowTexts Texts(int row) const { return Texts(At(row)); }
+  // Keeps texts in the table's form (UTF-8, CR LF, no tabs) for rows to show.
+  TextArena::Handle AddTexts(const RowTexts& texts) { return texts_.Add(texts); }
+  // Gives a row new texts.
+  void SetTexts(SchDatRow& row, const RowTexts& texts) { row.TextHandle = AddTexts(texts); }
+
+  std::string Cell(int row, int col) const;
+  void SetCell(int row, int col, std::string_view text);
+  // Adds a row at the end, the tab-joined cells of `line` filling the columns.
+  void AddItem(std::string_view line);
+  std::string Line(int row) const;
+  void Clear() {
+    Table::Clear();
+    texts_.Clear();
+  }
+
+ private:
+  TextArena texts_;
 };
 
 // SchHlist: cleared with the others, holds nothing.
@@ -122,7 +146,7 @@ struct TextRow {
 struct SchDatCTL {
   Table<AncYYRow> AncYY;
   Table<AncMMRow> AncMM;
-  Table<SchDatRow> SchDatList;
+  SchDatTable SchDatList;
   Table<TextRow> SchHlist;
   int YearCount = 0;           // data rows of AncYY
   int MonthCount = 0;          // data rows of AncMM

@@ -84,11 +84,13 @@ class ScheduleStore {
   StoreServices svc_;
 };
 
-// The 24 cells of a row for the record. Texts lose their tabs, the private flag is 0 or 1.
-SchDatRow BuildRecordLine(const SchRecord& record);
+// The row of a record without its texts; the private flag is 0 or 1.
+SchDatRow RecordNumbers(const SchRecord& record);
+// The row of a record, its texts (which lose their tabs) kept in the list.
+SchDatRow BuildRecordLine(SchDatTable& list, const SchRecord& record);
 
 // The working record of a row: the reverse of BuildRecordLine.
-SchRecord RowToRecord(const SchDatRow& row);
+SchRecord RowToRecord(const SchDatTable& list, int row);
 
 // Bit i (Sunday 0 to Saturday 6) for each weekday that is a weekly holiday.
 std::uint16_t WeekHolidayMask(const std::array<std::int16_t, 7>& weekHoliday);

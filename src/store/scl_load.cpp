@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -42,12 +43,15 @@ class ClaimedBytes {
   std::vector<std::uint64_t> words_;
 };
 
-// A text of the file as the tables hold it: UTF-8, every line break CR LF, no tabs.
-std::string TableText(std::string_view bytes, CodePage page) {
-  std::string text = IsAscii(bytes) ? std::string(bytes) : ToUtf8(bytes, page);
+// A text of the file as the tables hold it: UTF-8, every line break CR LF, no tabs. Text that
+// needs no change is given as it stands in the file; else it is made in `scratch`.
+std::string_view TableText(std::string_view bytes, CodePage page, std::string& scratch) {
   const auto special = [](char c) { return c == '\t' || c == '\r' || c == '\n'; };
-  if (std::none_of(text.begin(), text.end(), special)) return text;
-  return TabToBlank(LfToCrLf(text));
+  const bool ascii = IsAscii(bytes);
+  if (ascii && std::none_of(bytes.begin(), bytes.end(), special)) return bytes;
+  scratch = ascii ? std::string(bytes) : ToUtf8(bytes, page);
+  if (std::any_of(scratch.begin(), scratch.end(), special)) scratch = TabToBlank(LfToCrLf(scratch));
+  return scratch;
 }
 
 // The fewest bytes a record takes in a file: its fixed part, three empty texts, no alarm.
@@ -115,12 +119,6 @@ class SclLoader {
     in_.Seek(offset);
   }
 
-  // Claims the next `count` bytes of a record's variable part, unless they were claimed by an
-  // earlier reading of the same record.
-  void ClaimNext(std::int64_t count, std::string_view part) {
-    if (claimVarPart_) Claim(in_.Position(), count, part);
-  }
-
   void LoadYear(std::int32_t offset, const SclYear& year) {
     if (year.Year < kFirstYear || year.Year > kLastYear) {
       throw SclFormatError(offset, "year out of range");
@@ -151,10 +149,18 @@ class SclLoader {
     }
   }
 
+  // A record's variable part: its texts in the table's text arena and its alarm.
+  struct VariablePart {
+    TextArena::Handle texts = TextArena::kEmpty;
+    std::int16_t alarmOn = 0;
+    std::int16_t alarmLead = 0;
+  };
+
+  // An item over several dates has one record and one row a day, which share its texts.
   struct MultiDayRecord {
     SchRecord fixed;
-    std::int64_t varPos;
-    bool varPartClaimed = false;  // the variable part is read again for each day
+    std::int32_t offset;
+    std::optional<VariablePart> variable;  // once read
   };
 
   void LoadMonth(std::int32_t offset, int firstRow, int index, const SclMonth& month, int year) {
@@ -165,7 +171,7 @@ class SclLoader {
 
     std::vector<MultiDayRecord> multiDay;
     for (std::int32_t at = month.MultiDayHead; at != -1;) {
-      MultiDayRecord rec{{}, static_cast<std::int64_t>(at) + kRecordFixedSize, false};
+      MultiDayRecord rec{{}, at, std::nullopt};
       ReadFixedAt(at, rec.fixed);
       at = rec.fixed.Next;
       multiDay.push_back(rec);
@@ -193,7 +199,8 @@ class SclLoader {
           fixed.Month = static_cast<std::uint8_t>(month.Month);
           fixed.Year = static_cast<std::uint16_t>(year);
         }
-        if (LoadRecord(recordAt, fixed)) ++added;
+        CheckRecord(recordAt, fixed);
+        if (AddRow(fixed, ReadVariablePart(fixed))) ++added;
       }
       // An item over several dates has one row on each of its days of this month.
       const std::int32_t dayCode = DateCode(year, month.Month, d + 1);
@@ -208,12 +215,12 @@ class SclLoader {
         fixed.Day = static_cast<std::uint8_t>(d + 1);
         fixed.Month = static_cast<std::uint8_t>(month.Month);
         fixed.Year = static_cast<std::uint16_t>(year);
-        in_.Seek(rec.varPos);
-        claimVarPart_ = !rec.varPartClaimed;
-        rec.varPartClaimed = true;
-        const bool loaded = LoadRecord(rec.varPos - kRecordFixedSize, fixed);
-        claimVarPart_ = true;
-        if (loaded) ++added;
+        CheckRecord(rec.offset, fixed);
+        if (!rec.variable) {
+          in_.Seek(rec.offset + kRecordFixedSize);
+          rec.variable = ReadVariablePart(fixed);
+        }
+        if (AddRow(fixed, *rec.variable)) ++added;
       }
       if (added > 0) row.DayHead[static_cast<std::size_t>(d)] = SortDayChain(t_, first, added);
     }
@@ -230,13 +237,13 @@ class SclLoader {
     ++doc_.LoadedRecords;
   }
 
-  // One of a record's texts, its length first; `part` names it.
-  std::string ReadText(std::string_view part) {
-    ClaimNext(2, part);
+  // One of a record's texts as the file holds it, its length first; `part` names it.
+  std::string_view ReadText(std::string_view part) {
+    Claim(in_.Position(), 2, part);
     const std::uint16_t length = in_.U16();
     if (length == 0) return {};
-    ClaimNext(length, part);
-    return TableText(in_.Bytes(length), doc_.FileCodePage);
+    Claim(in_.Position(), length, part);
+    return in_.Bytes(length);
   }
 
   static void CheckRecord(std::int64_t offset, const SchRecord& f) {
@@ -251,28 +258,47 @@ class SclLoader {
     if (!timeOk(f.EndTime)) throw SclFormatError(offset, "end time out of range");
   }
 
-  // Adds the record's row unless it is a private record of the device above the user's level;
-  // the file position is at the record's variable part.
-  bool LoadRecord(std::int64_t offset, const SchRecord& f) {
-    CheckRecord(offset, f);
-    // The fixed part fills the row as a working record would; the texts follow from the file.
-    SchDatRow row = BuildRecordLine(f);
-    const bool dropped = f.Private != 0 && doc_.ScheduleOnPc == 0 && f.Private < doc_.PrivateLevel;
-    row.Title = ReadText("title");
-    row.Place = ReadText("place");
-    row.Memo = ReadText("memo");
-    ClaimNext(2, "alarm flag");
-    row.AlarmOn = in_.I16();
-    if (row.AlarmOn == 1) {
-      ClaimNext(static_cast<std::int64_t>(kAlarmSoundBytes), "alarm sound");
-      const std::string_view sound = in_.Bytes(kAlarmSoundBytes);
-      row.AlarmSound = ToUtf8(sound.substr(0, sound.find('\0')), doc_.FileCodePage);
-      ClaimNext(2, "alarm lead");
-      row.AlarmLead = in_.I16();
+  // Whether the record is a private record of the device above the user's level, which the
+  // tables leave out.
+  bool Hidden(const SchRecord& f) const {
+    return f.Private != 0 && doc_.ScheduleOnPc == 0 && f.Private < doc_.PrivateLevel;
+  }
+
+  // Reads the variable part of the record at the file position; its texts go to the arena
+  // unless the record is left out.
+  VariablePart ReadVariablePart(const SchRecord& f) {
+    const std::string_view title = ReadText("title");
+    const std::string_view place = ReadText("place");
+    const std::string_view memo = ReadText("memo");
+    VariablePart part;
+    Claim(in_.Position(), 2, "alarm flag");
+    part.alarmOn = in_.I16();
+    std::string_view sound;
+    if (part.alarmOn == 1) {
+      Claim(in_.Position(), static_cast<std::int64_t>(kAlarmSoundBytes), "alarm sound");
+      sound = in_.Bytes(kAlarmSoundBytes);
+      sound = sound.substr(0, sound.find('\0'));
+      Claim(in_.Position(), 2, "alarm lead");
+      part.alarmLead = in_.I16();
     }
-    if (dropped) return false;
+    if (Hidden(f)) return part;
+    const CodePage page = doc_.FileCodePage;
+    part.texts = t_.SchDatList.AddTexts({TableText(title, page, scratch_[0]),
+                                          TableText(place, page, scratch_[1]),
+                                          TableText(memo, page, scratch_[2]),
+                                          TableText(sound, page, scratch_[3])});
+    return part;
+  }
+
+  // Adds the row of a record unless the record is left out.
+  bool AddRow(const SchRecord& f, const VariablePart& part) {
+    if (Hidden(f)) return false;
+    SchDatRow row = RecordNumbers(f);
+    row.TextHandle = part.texts;
+    row.AlarmOn = part.alarmOn;
+    row.AlarmLead = part.alarmLead;
     auto& list = t_.SchDatList;
-    const int at = list.Put(std::move(row));
+    const int at = list.Put(row);
     ++t_.RowCount;
     if (store_.AlarmDueToday(list.At(at))) store_.svc_.alarms.AddAlarmOfRecord(at);
     return true;
@@ -283,7 +309,7 @@ class SclLoader {
   SchDatCTL& t_;
   ByteReader in_;
   ClaimedBytes claimed_;
-  bool claimVarPart_ = true;
+  std::string scratch_[4];
 };
 
 SclLoadResult ScheduleStore::LoadSchedule(std::span<const std::uint8_t> bytes) {

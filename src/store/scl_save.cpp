@@ -99,7 +99,8 @@ class SclWriter {
     for (int row = 0; !list.IsEmpty() && row < list.Rows(); ++row) {
       const SchDatRow& r = list.At(row);
       if (r.Deleted == kDeleted) continue;
-      size += kRecordFixedSize + 8 + 10 + r.Title.size() + r.Place.size() + r.Memo.size();
+      const RowTexts texts = list.Texts(r);
+      size += kRecordFixedSize + 8 + 10 + texts.Title.size() + texts.Place.size() + texts.Memo.size();
     }
     return size;
   }
@@ -151,10 +152,10 @@ class SclWriter {
       if (r.Deleted == kDeleted) continue;
       const SeriesRange& range = ranges_[r.Series()];
       if (r.RepeatKind == kMultiDayKind && range.firstCode != range.lastCode) {
-        WriteMultiDay(r, range, month);
+        WriteMultiDay(row, range, month);
         continue;
       }
-      SchRecord rec = BuildDiskRecord(r);
+      SchRecord rec = BuildDiskRecord(row);
       if (r.RepeatKind != 0 && r.RepeatKind != kMultiDayKind) {
         SetDate(range.firstCode, rec.Day, rec.Month, rec.Year);
         SetDate(range.lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
@@ -173,9 +174,10 @@ class SclWriter {
     return first;
   }
 
-  void WriteMultiDay(const SchDatRow& r, const SeriesRange& range, SclMonth& month) {
-    if (!writtenSeries_.insert(r.Series()).second) return;  // already written in this month
-    SchRecord rec = BuildDiskRecord(r);
+  void WriteMultiDay(int row, const SeriesRange& range, SclMonth& month) {
+    // Written once in a month.
+    if (!writtenSeries_.insert(t_.SchDatList.At(row).Series()).second) return;
+    SchRecord rec = BuildDiskRecord(row);
     SetDate(range.firstCode, rec.Day, rec.Month, rec.Year);
     SetDate(range.lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
     rec.SubNo = static_cast<std::int16_t>(range.lowestSubNo);
@@ -193,8 +195,9 @@ class SclWriter {
 
   // The record of a row as the file holds it: 8-bit text, memo lines ending in LF alone, the
   // private flag replaced by the device's private level.
-  SchRecord BuildDiskRecord(const SchDatRow& r) {
-    SchRecord rec = RowToRecord(r);
+  SchRecord BuildDiskRecord(int row) {
+    const SchDatRow& r = t_.SchDatList.At(row);
+    SchRecord rec = RowToRecord(t_.SchDatList, row);
     if (r.Private != 0) {
       rec.Private = doc_.PrivateLevel;
       ++privateCount_;

@@ -109,6 +109,10 @@ class Table {
     return line;
   }
 
+ protected:
+  // Counts a change made by a derived table.
+  void CountEdit() { ++edits_; }
+
  private:
   std::vector<Row> rows_;
   std::uint64_t edits_ = 0;

@@ -56,13 +56,15 @@ std::string MonthDayText(int month, int day) {
 
 std::string MonthLineText(const SchDatCTL& ctl, int row) {
   const SchDatRow& r = ctl.SchDatList.At(row);
-  if (r.StartTime != -1) return ShortTimeText(r.StartTime) + " " + r.Title;
-  if (IsMultiDay(r)) return SeriesDates(ctl, r).last + " " + r.Title;
-  return view_texts::kAllDayMonth + r.Title;
+  const std::string title(ctl.SchDatList.Texts(r).Title);
+  if (r.StartTime != -1) return ShortTimeText(r.StartTime) + " " + title;
+  if (IsMultiDay(r)) return SeriesDates(ctl, r).last + " " + title;
+  return view_texts::kAllDayMonth + title;
 }
 
 std::string DayLineText(const SchDatCTL& ctl, int row) {
   const SchDatRow& r = ctl.SchDatList.At(row);
+  const std::string title(ctl.SchDatList.Texts(r).Title);
   std::string time;
   if (r.StartTime != -1) {
     time = PaddedTimeText(r.StartTime) + " - " + PaddedTimeText(r.EndTime);
@@ -72,19 +74,20 @@ std::string DayLineText(const SchDatCTL& ctl, int row) {
   } else {
     time = view_texts::kAllDayList;
   }
-  return time + "  " + r.Title;
+  return time + "  " + title;
 }
 
 std::string ListLineText(const SchDatCTL& ctl, int row) {
   const SchDatRow& r = ctl.SchDatList.At(row);
+  const std::string title(ctl.SchDatList.Texts(r).Title);
   if (r.StartTime != -1) {
-    return ShortTimeText(r.StartTime) + "-" + ShortTimeText(r.EndTime) + " " + r.Title;
+    return ShortTimeText(r.StartTime) + "-" + ShortTimeText(r.EndTime) + " " + title;
   }
   if (IsMultiDay(r)) {
     const SpanDates dates = SeriesDates(ctl, r);
-    return dates.first + "-" + dates.last + " " + r.Title;
+    return dates.first + "-" + dates.last + " " + title;
   }
-  return view_texts::kAllDayList + r.Title;
+  return view_texts::kAllDayList + title;
 }
 
 }  // namespace sched

@@ -85,7 +85,7 @@ struct AlarmDay {
   int RowOf(const std::string& title) const {
     const auto& list = doc.Tables.SchDatList;
     for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive() && list.At(row).Title == title) return row;
+      if (list.At(row).IsLive() && list.Texts(row).Title == title) return row;
     }
     ADD_FAILURE() << "no live row " << title;
     return 0;

@@ -53,7 +53,7 @@ TEST(CopyPaste, APasteWritesTheCopyOnTheShownDate) {
     // The copied row holds the word as the case writes it, as a file may hold it.
     b.s.doc.Tables.SchDatList.At(copied).RepeatKind = static_cast<std::int16_t>(c.Hex(0));
     ASSERT_TRUE(b.copyPaste.CopySchedule(false, copied)) << c.where;
-    if (c.YesNo(3)) b.s.store.DeleteItem(RowToRecord(b.s.doc.Tables.SchDatList.At(copied)));
+    if (c.YesNo(3)) b.s.store.DeleteItem(RowToRecord(b.s.doc.Tables.SchDatList, copied));
     b.s.doc.SetShownDate(c.Date(4));
     const bool asked = c[5] != "-";
     if (c[5] == "no") b.messages.QueueAnswer(MsgAnswer::No);

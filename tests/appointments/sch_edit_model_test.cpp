@@ -81,11 +81,11 @@ struct Edit {
         SchEditServices{fake.store, messages, fake.clock, dates, host, sounds});
     return *model;
   }
-  SchDatRow Row(const std::string& index) const {
-    const std::vector<SchDatRow> rows = LiveRows(fake.doc.Tables);
+  RowWithTexts Row(const std::string& index) const {
+    const std::vector<RowWithTexts> rows = LiveRows(fake.doc.Tables);
     const auto i = static_cast<std::size_t>(std::stoi(index));
     EXPECT_LT(i, rows.size()) << "no live row " << index;
-    return i < rows.size() ? rows[i] : SchDatRow{};
+    return i < rows.size() ? rows[i] : RowWithTexts{};
   }
 };
 

@@ -63,7 +63,8 @@ std::string LiveRowsOf(const std::string& file, bool countOnly) {
   std::string rows;
   for (int row : LiveRowsInDateOrder(s.doc.Tables)) {
     const SchDatRow& r = s.doc.Tables.SchDatList.At(row);
-    rows += (rows.empty() ? "" : ", ") + r.Title + " " + std::to_string(r.Month) + "-" +
+    rows += (rows.empty() ? "" : ", ") + std::string(s.doc.Tables.SchDatList.Texts(r).Title) + " " +
+            std::to_string(r.Month) + "-" +
             std::to_string(r.Day);
   }
   return rows;

@@ -112,7 +112,7 @@ testing::Trace<Documents> DocumentsTrace() {
 
   // The document and the window.
   t.looks["first-title"] = [](S d, auto&) {
-    return d.doc.Tables.RowCount > 0 ? d.doc.Tables.SchDatList.At(0).Title : "";
+    return std::string(d.doc.Tables.RowCount > 0 ? d.doc.Tables.SchDatList.Texts(0).Title : "");
   };
   t.looks["rows"] = [n](S d, auto&) { return n(d.doc.Tables.RowCount); };
   t.looks["title"] = [](S d, auto&) { return d.window.title; };

@@ -29,7 +29,7 @@ std::string Rows(const SchDatCTL& t) {
   std::string text;
   for (const int at : rows) {
     const SchDatRow& r = t.SchDatList.At(at);
-    text += (text.empty() ? "" : " ; ") + r.Title + "@" + DateText(r.Year, r.Month, r.Day) + " " +
+    text += (text.empty() ? "" : " ; ") + std::string(t.SchDatList.Texts(r).Title) + "@" + DateText(r.Year, r.Month, r.Day) + " " +
             std::to_string(r.StartTime) + "-" + std::to_string(r.EndTime) + " k" +
             std::to_string(static_cast<std::int16_t>(r.RepeatKind)) + " a" +
             std::to_string(r.AlarmLead) + " p" + std::to_string(r.Private) + " to" +
@@ -55,9 +55,11 @@ TEST(CsvImport, KeepsTheShownDateAndMarksItsRowsForSave) {
                             "t,2001/5/1,10:00,,,,1,,9:00,Hall,\"a\nb\"\r\n", {{}, false}));
   EXPECT_EQ((CivilDate{maker.doc.CurYear, maker.doc.CurMonth, maker.doc.CurDay}),
             (CivilDate{2030, 7, 14}));
-  const SchDatRow& row = maker.doc.Tables.SchDatList.At(LiveRowsInDateOrder(maker.doc.Tables)[0]);
-  EXPECT_EQ(row.Memo, "a\r\nb");
-  EXPECT_EQ(row.AlarmSound, "SCHALARM");
+  const int at = LiveRowsInDateOrder(maker.doc.Tables)[0];
+  const SchDatRow& row = maker.doc.Tables.SchDatList.At(at);
+  const RowTexts texts = maker.doc.Tables.SchDatList.Texts(at);
+  EXPECT_EQ(texts.Memo, "a\r\nb");
+  EXPECT_EQ(texts.AlarmSound, "SCHALARM");
   // Title, place and memo bytes (the memo as the file holds it, without CR), 8, and 10 for the
   // alarm.
   EXPECT_EQ(row.VarLen, 1 + 4 + 3 + 8 + 10);

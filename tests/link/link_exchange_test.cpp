@@ -101,14 +101,14 @@ TEST(LinkExchange, AnImportReplacesWhatItsMergeSaysAndAddsLinkedRows) {
     std::string live;
     const auto& list = x.doc.Tables.SchDatList;
     for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) live += (live.empty() ? "" : "|") + list.At(row).Title;
+      if (list.At(row).IsLive()) live += (live.empty() ? "" : "|") + std::string(list.Texts(row).Title);
     }
     EXPECT_EQ(live, c.live);
     EXPECT_EQ(added, c.period.last ? 1 : 2);
     const SchDatRow& imported = list.At(2);
     EXPECT_EQ(IsLinkDone(imported.Stamp), -1);
     EXPECT_LT(imported.Stamp, 0);  // the top bit
-    EXPECT_EQ(imported.AlarmSound, "GONG");
+    EXPECT_EQ(list.Texts(imported).AlarmSound, "GONG");
     EXPECT_EQ(imported.AlarmLead, 5);
   }
 }

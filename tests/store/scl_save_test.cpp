@@ -161,7 +161,7 @@ TEST(SclSave, TextsTooLongForTheRecordsSizeFieldAreCutMemoFirst) {
   const int varLen = bytes[12 + 36] | bytes[12 + 37] << 8;
   EXPECT_EQ(varLen, 32767 - 10);  // the whole budget, and no alarm
   ASSERT_TRUE(s.LoadFrom(s.dir.File("long.scl")));
-  const SchDatRow& row = s.doc.Tables.SchDatList.At(0);
+  const RowTexts row = s.doc.Tables.SchDatList.Texts(0);
   EXPECT_EQ(row.Title, "Title");
   EXPECT_EQ(row.Place.size(), 20000u);
   EXPECT_EQ(row.Memo.size(), 32749u - 5 - 20000);
@@ -187,12 +187,12 @@ TEST(SclSave, ShiftJisTextsCountTwoBytesACharacterAndAreCutBetweenCharacters) {
   at[2] = 0x89;  // a lead byte at the end of the field
   WriteBytes(s.dir.File("broken.scl"), bytes);
   ASSERT_TRUE(s.LoadFrom(s.dir.File("broken.scl")));
-  const SchDatRow& row = s.doc.Tables.SchDatList.At(0);
+  const RowTexts row = s.doc.Tables.SchDatList.Texts(0);
   EXPECT_EQ(row.Title, "\u4F1A\uFFFD");
   EXPECT_EQ(row.AlarmSound, "ALARM\u4F1A");
   EXPECT_EQ(row.Memo.size(), 10000u + 3u * 8872);
   ASSERT_TRUE(s.RoundTrip());
-  EXPECT_EQ(s.doc.Tables.SchDatList.At(0).Title, "\u4F1A?");
+  EXPECT_EQ(s.doc.Tables.SchDatList.Texts(0).Title, "\u4F1A?");
 }
 
 }  // namespace

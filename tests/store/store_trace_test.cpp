@@ -86,7 +86,7 @@ testing::Trace<Store> StoreTrace() {
     st.s.doc.Tables.AncMM.At(r.Int(1)).DayHead[static_cast<std::size_t>(r.Int(2) - 1)] = r.Int(3);
   };
   t.steps["title"] = [](S st, R r) {
-    st.s.doc.Tables.SchDatList.At(r.Int(1)).Title = testing::Unescaped(r[2]);
+    st.s.doc.Tables.SchDatList.SetCell(r.Int(1), kColTitle, testing::Unescaped(r[2]));
   };
   // A year's row found or made, and its row; the masks of a month of it.
   t.steps["year"] = [](S st, R r) {
@@ -152,7 +152,7 @@ testing::Trace<Store> StoreTrace() {
     std::vector<std::string> titles;
     for (int row = GetDayHead(c, FindMonthRow(c, FindYearRow(c, y), m), d); row != -1;
          row = c.SchDatList.At(row).Next) {
-      if (c.SchDatList.At(row).IsLive()) titles.push_back(c.SchDatList.At(row).Title);
+      if (c.SchDatList.At(row).IsLive()) titles.emplace_back(c.SchDatList.Texts(row).Title);
     }
     return Join(titles);
   };
@@ -175,7 +175,7 @@ testing::Trace<Store> StoreTrace() {
     return Join(LiveRowsInDateOrder(st.s.doc.Tables), " | ", [&](int row) {
       const SchDatRow& r = st.s.doc.Tables.SchDatList.At(row);
       return std::to_string(r.Year) + "/" + std::to_string(r.Month) + "/" + std::to_string(r.Day) +
-             " " + r.Title;
+             " " + std::string(st.s.doc.Tables.SchDatList.Texts(r).Title);
     });
   };
   t.looks["subnos"] = [](S st, auto&) {

@@ -22,7 +22,9 @@ TEST(Table, ALineRoundTripsThroughTheCellsOfEachTable) {
   const std::string schLine =
       "-1\t5\t9\t7\t1998\t12\t7\t1998\t540\t600\t3\t-1072548778\t1\t-1072548778\t4100\t1\t"
       "30\tTitle\tPlace\tline1\r\nline2\t1\tSCHALARM\t15\t0";
-  EXPECT_EQ(Table<SchDatRow>::LineOf(Table<SchDatRow>::RowFromLine(schLine)), schLine);
+  SchDatTable list;
+  list.AddItem(schLine);
+  EXPECT_EQ(list.Line(1), schLine);
 
   std::string yearLine = "1998\t-1\t0";
   for (int i = 0; i < 24; ++i) yearLine += "\t" + std::to_string(i == 5 ? 1073741824 : i);

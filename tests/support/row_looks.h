@@ -16,17 +16,17 @@ namespace sched::testing {
 template <class State, class Tables>
 void AddRowLooks(Trace<State>& t, Tables tables) {
   const auto row = [tables](State& s, const std::string& index) {
-    const std::vector<SchDatRow> rows = LiveRows(tables(s));
+    const std::vector<RowWithTexts> rows = LiveRows(tables(s));
     const auto i = static_cast<std::size_t>(std::stoi(index));
     EXPECT_LT(i, rows.size()) << "no live row " << index;
-    return i < rows.size() ? rows[i] : SchDatRow{};
+    return i < rows.size() ? rows[i] : RowWithTexts{};
   };
   const auto n = [](int value) { return std::to_string(value); };
   t.looks["rows"] = [tables](State& s, auto&) {
     return std::to_string(LiveRows(tables(s)).size());
   };
   t.looks["row.date"] = [row](State& s, auto& i) {
-    const SchDatRow r = row(s, i);
+    const RowWithTexts r = row(s, i);
     return DateText(r.Year, r.Month, r.Day) + " " + DateText(r.EndYear, r.EndMonth, r.EndDay);
   };
   t.looks["row.times"] = [row, n](State& s, auto& i) {
@@ -37,7 +37,7 @@ void AddRowLooks(Trace<State>& t, Tables tables) {
   t.looks["row.memo"] = [row](State& s, auto& i) { return row(s, i).Memo; };
   t.looks["row.private"] = [row, n](State& s, auto& i) { return n(row(s, i).Private); };
   t.looks["row.alarm"] = [row, n](State& s, auto& i) {
-    const SchDatRow r = row(s, i);
+    const RowWithTexts r = row(s, i);
     return r.AlarmOn == 0 ? std::string("off") : n(r.AlarmLead) + " " + r.AlarmSound;
   };
   t.looks["row.kind"] = [row](State& s, auto& i) {

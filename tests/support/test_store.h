@@ -67,10 +67,19 @@ inline std::int32_t ItemStamp(int year, int month, int day, int start, int end,
 }
 
 // The live rows of the tables, in the order they were written.
-inline std::vector<SchDatRow> LiveRows(const SchDatCTL& tables) {
-  std::vector<SchDatRow> rows;
+// A row with copies of its texts.
+struct RowWithTexts : SchDatRow {
+  std::string Title, Place, Memo, AlarmSound;
+};
+
+inline std::vector<RowWithTexts> LiveRows(const SchDatCTL& tables) {
+  std::vector<RowWithTexts> rows;
   for (int row = 0; row < tables.SchDatList.Rows(); ++row) {
-    if (tables.SchDatList.At(row).IsLive()) rows.push_back(tables.SchDatList.At(row));
+    const SchDatRow& r = tables.SchDatList.At(row);
+    if (!r.IsLive()) continue;
+    const RowTexts texts = tables.SchDatList.Texts(r);
+    rows.push_back({r, std::string(texts.Title), std::string(texts.Place),
+                    std::string(texts.Memo), std::string(texts.AlarmSound)});
   }
   return rows;
 }

@@ -18,7 +18,7 @@ inline std::vector<SchRecord> LiveRecords(const SchDatCTL& ctl, int firstRow = 0
   std::vector<SchRecord> records;
   const auto& list = ctl.SchDatList;
   for (int row = firstRow; row < list.Rows(); ++row) {
-    if (list.At(row).IsLive()) records.push_back(RowToRecord(list.At(row)));
+    if (list.At(row).IsLive()) records.push_back(RowToRecord(list, row));
   }
   return records;
 }
