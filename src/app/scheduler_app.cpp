@@ -81,7 +81,7 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       [this] { return doc_.FileCodePage; }, p_.clock});
   linkDialogs_ = std::make_unique<QtLinkDialogs>(
       QtLinkDialogs::Services{window_.get(), p_.settings, messages_, p_.clock,
-                              [this] { return AlarmSoundNames(*device_); }});
+                              [this] { return AlarmSoundNames(*device_); }, editMedia_.get()});
   linkCommands_ = std::make_unique<LinkCommands>(
       LinkServices{*session_, *linkComponent_, *linkDialogs_, alarms_, messages_, p_.settings,
                    p_.clock, paths_.PimDataDir});

@@ -8,7 +8,8 @@ namespace sched {
 
 std::optional<ImportOptions> QtLinkDialogs::ShowFormDip() {
   const DateTime now = s_.clock.Now();
-  FormDipModel model(s_.settings, s_.messages, s_.sounds(), {now.year, now.month, now.day});
+  FormDipModel model(s_.settings, s_.messages, s_.sounds(), {now.year, now.month, now.day},
+                     s_.media);
   model.Form_Load();
   FormDip dialog(model, s_.window);
   dialog.exec();

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "appointments/sch_edit_model.h"
 #include "commands/link_commands.h"
 #include "platform/clock.h"
 #include "platform/messages.h"
@@ -22,6 +23,7 @@ class QtLinkDialogs : public LinkDialogs {
     Messages& messages;
     const Clock& clock;
     std::function<std::vector<std::string>()> sounds;  // the names the sound combo offers
+    SchEditMedia* media;                               // plays them for Listen
   };
   explicit QtLinkDialogs(Services services) : s_(std::move(services)) {}
 
