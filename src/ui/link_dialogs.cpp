@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "ui/form_dip.h"
+#include "ui/link_settings.h"
 
 namespace sched {
 
@@ -15,6 +16,13 @@ std::optional<ImportOptions> QtLinkDialogs::ShowFormDip() {
   dialog.exec();
   if (model.Cancelled()) return std::nullopt;
   return model.Answers();
+}
+
+void QtLinkDialogs::ShowLinkSettings() {
+  LinkSettingsModel model({s_.settings, s_.messages, s_.fileDialogs, s_.pimDataDir});
+  model.Form_Load();
+  DataLinkSettings dialog(model, s_.window);
+  dialog.exec();
 }
 
 void QtLinkDialogs::EnableMainWindow(bool enabled) {
