@@ -74,18 +74,19 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
                           p_.dates, *device_, state_, editMedia_.get()});
   BindAppointmentCommands(commandSet_, *appointments_);
   linkComponent_ = std::make_unique<IcsLinkComponent>(IcsLinkComponent::Services{
-      [this] {
-        const std::string chosen = ReadLinkCalendar(p_.settings);
-        return chosen.empty() ? paths_.PimDataDir + "/" + kDefaultLinkCalendar : chosen;
-      },
+      [this] { return LinkCalendarPath(p_.settings, paths_.PimDataDir); },
       [this] { return doc_.FileCodePage; }, p_.clock});
-  linkDialogs_ = std::make_unique<QtLinkDialogs>(
-      QtLinkDialogs::Services{window_.get(), p_.settings, messages_, p_.clock,
-                              [this] { return AlarmSoundNames(*device_); }});
+  linkDialogs_ = std::make_unique<QtLinkDialogs>(QtLinkDialogs::Services{
+      window_.get(), p_.settings, messages_, p_.clock, [this] { return AlarmSoundNames(*device_); },
+      editMedia_.get(), p_.dialogs, paths_.PimDataDir});
   linkCommands_ = std::make_unique<LinkCommands>(
       LinkServices{*session_, *linkComponent_, *linkDialogs_, alarms_, messages_, p_.settings,
                    p_.clock, paths_.PimDataDir});
   BindLinkCommands(commandSet_, *linkCommands_);
+  commandSet_.Bind(CommandId::LinkSettings, [this] {
+    const NoticesHeldWhile held(alarms_);
+    linkDialogs_->ShowLinkSettings();
+  });
   commandSet_.Bind(CommandId::WordLists,
                    [this] { StartWordListEditor(p_.processes, messages_, paths_.InstallDir); });
   window_->Attach(commands_.get(), store_.get());

@@ -45,6 +45,7 @@ enum class CommandId {
   CodePageWestern,
   CodePageJapanese,
   DisconnectionSetup,
+  LinkSettings,
   // Help
   HelpContents,
   About,

@@ -82,6 +82,7 @@ std::vector<MenuEntry> OptionEntries() {
   AddCodePageEntries(entries);
   entries.push_back(Separator());
   entries.push_back(Entry("Disconnect_Setup", "&Disconnection Setup...", DisconnectionSetup));
+  entries.push_back(Entry("LinkSettings", "Data Link &Settings...", LinkSettings));
   return entries;
 }
 

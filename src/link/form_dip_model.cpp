@@ -13,9 +13,11 @@ constexpr const char* kSpecifyTheDate = "Specify the date.";
 }  // namespace
 
 FormDipModel::FormDipModel(SettingsStore& settings, Messages& messages,
-                           std::vector<std::string> sounds, const CivilDate& today)
-    : settings_(settings), messages_(messages), today_(today) {
+                           std::vector<std::string> sounds, const CivilDate& today,
+                           SchEditMedia* media)
+    : settings_(settings), messages_(messages), media_(media), today_(today) {
   c_.SoundList = std::move(sounds);
+  c_.PreviewEnabled = media_ != nullptr && media_->HasSoundOutput();
 }
 
 void FormDipModel::Form_Load() {
@@ -60,6 +62,10 @@ void FormDipModel::KikanDate_Change(int index, const std::string& text) {
 
 void FormDipModel::Sound_Change(const std::string& name) {
   c_.Sound = name;
+}
+
+void FormDipModel::cbtSNDprev_Click() {
+  if (c_.PreviewEnabled) media_->PreviewAlarmSound(c_.Sound);
 }
 
 bool FormDipModel::cmdEnd_OK() {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "appointments/sch_edit_model.h"
 #include "core/calendar.h"
 #include "link/link_settings.h"
 #include "platform/messages.h"
@@ -25,14 +26,16 @@ struct FormDipControls {
   std::vector<std::string> SoundList;
   bool KikanWeekEnabled = false;
   bool KikanDateEnabled = false;
+  bool PreviewEnabled = false;  // Listen, when the machine can play a sound
 };
 
 // "Import": how data that comes in over the data link is merged, over which dates, and the
-// sound its alarms take. It reads and stores its answers in the per-user settings.
+// sound its alarms take. It reads and stores its answers in the per-user settings. Listen
+// plays the sound as the edit dialog's Listen does; without `media` it stays disabled.
 class FormDipModel {
  public:
   FormDipModel(SettingsStore& settings, Messages& messages, std::vector<std::string> sounds,
-               const CivilDate& today);
+               const CivilDate& today, SchEditMedia* media = nullptr);
 
   void Form_Load();
   void DIPType_Click(int index);
@@ -41,6 +44,7 @@ class FormDipModel {
   // A new start keeps a later end; else the end becomes a year after the start, less a day.
   void KikanDate_Change(int index, const std::string& text);
   void Sound_Change(const std::string& name);
+  void cbtSNDprev_Click();
   // OK: true when the answers are taken and stored; false after "Specify the date.", with the
   // focus on the date at fault.
   bool cmdEnd_OK();
@@ -57,6 +61,7 @@ class FormDipModel {
 
   SettingsStore& settings_;
   Messages& messages_;
+  SchEditMedia* media_;
   CivilDate today_;
   FormDipControls c_;
   DipFocus focus_ = DipFocus::None;

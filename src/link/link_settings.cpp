@@ -53,6 +53,11 @@ void SaveLinkCalendar(SettingsStore& settings, const std::string& path) {
   Put(settings, kLinkCalendarKey, path);
 }
 
+std::string LinkCalendarPath(SettingsStore& settings, const std::string& pimDataDir) {
+  const std::string chosen = ReadLinkCalendar(settings);
+  return chosen.empty() ? pimDataDir + "/" + kDefaultLinkCalendar : chosen;
+}
+
 ImportOptions ReadImportOptions(SettingsStore& settings) {
   ImportOptions o;
   o.type = ParseInt(Get(settings, kTypeKey, "0"), 10, 0, 2).value_or(0);

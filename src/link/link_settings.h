@@ -20,6 +20,8 @@ inline constexpr const char* kDefaultLinkCalendar = "calendar.ics";
 // The iCalendar file that the link component exchanges with; empty when none is set.
 std::string ReadLinkCalendar(SettingsStore& settings);
 void SaveLinkCalendar(SettingsStore& settings, const std::string& path);
+// The file chosen, else kDefaultLinkCalendar in the user's data folder `pimDataDir`.
+std::string LinkCalendarPath(SettingsStore& settings, const std::string& pimDataDir);
 
 // The answers of the import options, as they are stored: the merge, the period mode (0 all,
 // 1 weeks from today, 2 the dates), the weeks, the two dates as "yyyy/mm/dd", and the sound of

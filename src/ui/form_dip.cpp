@@ -7,8 +7,11 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include "appointments/texts.h"
 #include "platform/qt/qt_date_formatter.h"
 #include "ui/screen_place.h"
 
@@ -84,7 +87,16 @@ FormDip::FormDip(FormDipModel& model, QWidget* parent) : QDialog(parent), model_
   }
   connect(sound_, &QComboBox::currentTextChanged, this,
           [this](const QString& name) { model_.Sound_Change(name.toStdString()); });
-  soundLayout->addRow("Sound", sound_);
+  auto* preview = new QToolButton(soundFrame);
+  preview->setObjectName("cbtSNDprev");
+  preview->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
+  preview->setToolTip(appointment_texts::kPreviewTip);
+  preview->setEnabled(model_.Controls().PreviewEnabled);
+  connect(preview, &QToolButton::clicked, this, [this] { model_.cbtSNDprev_Click(); });
+  auto* soundRow = new QHBoxLayout();
+  soundRow->addWidget(sound_, 1);
+  soundRow->addWidget(preview);
+  soundLayout->addRow("Sound", soundRow);
   layout->addWidget(soundFrame);
   auto* alarm = new QGroupBox("Schedule alarm", this);
   auto* alarmLayout = new QVBoxLayout(alarm);

@@ -3,17 +3,26 @@
 #include <QApplication>
 
 #include "ui/form_dip.h"
+#include "ui/link_settings.h"
 
 namespace sched {
 
 std::optional<ImportOptions> QtLinkDialogs::ShowFormDip() {
   const DateTime now = s_.clock.Now();
-  FormDipModel model(s_.settings, s_.messages, s_.sounds(), {now.year, now.month, now.day});
+  FormDipModel model(s_.settings, s_.messages, s_.sounds(), {now.year, now.month, now.day},
+                     s_.media);
   model.Form_Load();
   FormDip dialog(model, s_.window);
   dialog.exec();
   if (model.Cancelled()) return std::nullopt;
   return model.Answers();
+}
+
+void QtLinkDialogs::ShowLinkSettings() {
+  LinkSettingsModel model({s_.settings, s_.messages, s_.fileDialogs, s_.pimDataDir});
+  model.Form_Load();
+  DataLinkSettings dialog(model, s_.window);
+  dialog.exec();
 }
 
 void QtLinkDialogs::EnableMainWindow(bool enabled) {

@@ -5,15 +5,17 @@
 #include <string>
 #include <vector>
 
+#include "appointments/sch_edit_model.h"
 #include "commands/link_commands.h"
 #include "platform/clock.h"
+#include "platform/file_dialogs.h"
 #include "platform/messages.h"
 #include "platform/settings_store.h"
 
 namespace sched {
 
-// The data link's dialogs over Qt: the import options, and the main window held while the
-// link component works.
+// The data link's dialogs over Qt: the import options, the main window held while the link
+// component works, and the link's own settings.
 class QtLinkDialogs : public LinkDialogs {
  public:
   struct Services {
@@ -22,11 +24,16 @@ class QtLinkDialogs : public LinkDialogs {
     Messages& messages;
     const Clock& clock;
     std::function<std::vector<std::string>()> sounds;  // the names the sound combo offers
+    SchEditMedia* media;                               // plays them for Listen
+    FileDialogs& fileDialogs;
+    std::string pimDataDir;  // where the calendar file is until the user chooses another
   };
   explicit QtLinkDialogs(Services services) : s_(std::move(services)) {}
 
   std::optional<ImportOptions> ShowFormDip() override;
   void EnableMainWindow(bool enabled) override;
+  // "Data Link Settings", modal; OK stores the calendar file.
+  void ShowLinkSettings();
 
  private:
   Services s_;

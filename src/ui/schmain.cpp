@@ -343,6 +343,7 @@ void SchMain::closeEvent(QCloseEvent* event) {
 
 void SchMain::ShowLinkMenu(bool shown) {
   PcLink->menuAction()->setVisible(shown);
+  ActionOf(CommandId::LinkSettings)->setVisible(shown);
 }
 
 void SchMain::RestoreWindowPlacement() {

@@ -92,7 +92,7 @@ class SchMain : public QMainWindow, public DocumentView {
   // Watches for a new day, which rebuilds today's alarms, shows the date and time of now in the
   // date frame and sets the next interval.
   void Timer2_Timer();
-  // The data link menu shows when the link component is installed.
+  // The data link menu and its settings show when the link component is installed.
   void ShowLinkMenu(bool shown);
   // The window's place from the last run, or the centre of the screen.
   void RestoreWindowPlacement();

@@ -69,5 +69,33 @@ TEST(FormDipModel, AStartDateProposesItsEndAndBadDatesAreRefused) {
   }
 }
 
+// The edit dialog's sound preview, as Listen reaches it.
+struct RecordingPreview : SchEditMedia {
+  bool output = true;
+  std::vector<std::string> played;
+  bool HasSoundOutput() override { return output; }
+  void PreviewAlarmSound(const std::string& name) override { played.push_back(name); }
+  std::optional<std::string> SelectWords(WordField, const std::string&, CodePage) override {
+    return std::nullopt;
+  }
+};
+
+TEST(FormDipModel, ListenPlaysTheSoundInTheComboWhenTheMachineCan) {
+  for (const bool output : {true, false}) {
+    Dialog d;
+    RecordingPreview preview;
+    preview.output = output;
+    FormDipModel model{d.settings, d.messages, {"BELL", "SCHALARM"}, {2026, 11, 25}, &preview};
+    model.Form_Load();
+    model.Sound_Change("BELL");
+    model.cbtSNDprev_Click();
+    EXPECT_EQ(model.Controls().PreviewEnabled, output);
+    EXPECT_EQ(preview.played,
+              output ? std::vector<std::string>{"BELL"} : std::vector<std::string>{});
+  }
+  Dialog d;
+  EXPECT_FALSE(d.model.Controls().PreviewEnabled);  // a model without a preview
+}
+
 }  // namespace
 }  // namespace sched
