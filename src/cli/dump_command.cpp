@@ -28,7 +28,8 @@ void WriteRow(std::ostream& out, const SchDatRow& r, const RowTexts& texts) {
       << ",\"RepeatKind\":" << r.RepeatKind << ",\"Private\":" << (r.Private != 0 ? 1 : 0)
       << ",\"Title\":" << JsonString(texts.Title) << ",\"Place\":" << JsonString(texts.Place)
       << ",\"Memo\":" << JsonString(texts.Memo) << ",\"AlarmOn\":" << r.AlarmOn
-      << ",\"AlarmSound\":" << JsonString(texts.AlarmSound) << ",\"AlarmLead\":" << r.AlarmLead << '}';
+      << ",\"AlarmSound\":" << JsonString(texts.AlarmSound) << ",\"AlarmLead\":" << r.AlarmLead
+      << '}';
 }
 
 // The loaded tables as JSON: weekly holidays, the years with their masks in table order, and

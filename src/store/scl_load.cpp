@@ -283,10 +283,9 @@ class SclLoader {
     }
     if (Hidden(f)) return part;
     const CodePage page = doc_.FileCodePage;
-    part.texts = t_.SchDatList.AddTexts({TableText(title, page, scratch_[0]),
-                                          TableText(place, page, scratch_[1]),
-                                          TableText(memo, page, scratch_[2]),
-                                          TableText(sound, page, scratch_[3])});
+    part.texts = t_.SchDatList.AddTexts(
+        {TableText(title, page, scratch_[0]), TableText(place, page, scratch_[1]),
+         TableText(memo, page, scratch_[2]), TableText(sound, page, scratch_[3])});
     return part;
   }
 

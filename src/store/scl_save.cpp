@@ -100,7 +100,8 @@ class SclWriter {
       const SchDatRow& r = list.At(row);
       if (r.Deleted == kDeleted) continue;
       const RowTexts texts = list.Texts(r);
-      size += kRecordFixedSize + 8 + 10 + texts.Title.size() + texts.Place.size() + texts.Memo.size();
+      size +=
+          kRecordFixedSize + 8 + 10 + texts.Title.size() + texts.Place.size() + texts.Memo.size();
     }
     return size;
   }

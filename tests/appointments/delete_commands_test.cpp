@@ -50,7 +50,8 @@ std::string RowsText(const SchDatCTL& t) {
   std::string text;
   for (int row : LiveRowsInDateOrder(t)) {
     const SchDatRow& r = t.SchDatList.At(row);
-    text += (text.empty() ? "" : " ") + std::string(t.SchDatList.Texts(r).Title) + "@" + DateText(DateOfCode(r.StartCode()));
+    text += (text.empty() ? "" : " ") + std::string(t.SchDatList.Texts(r).Title) + "@" +
+            DateText(DateOfCode(r.StartCode()));
     if (r.EndCode() != r.StartCode()) text += ">" + DateText(DateOfCode(r.EndCode()));
     if (r.RepeatKind != 0) text += "*";
   }
@@ -82,7 +83,8 @@ std::vector<int> SelectedRows(const SchDatCTL& t, const CaseRow& c) {
     const std::vector<int> live = LiveRowsInDateOrder(t);
     const auto found = std::find_if(live.begin(), live.end(), [&](int row) {
       const SchDatRow& r = t.SchDatList.At(row);
-      return std::string(t.SchDatList.Texts(r).Title) + "@" + DateText(DateOfCode(r.StartCode())) == line;
+      return std::string(t.SchDatList.Texts(r).Title) + "@" + DateText(DateOfCode(r.StartCode())) ==
+             line;
     });
     EXPECT_NE(found, live.end()) << c.where << ": no line " << line;
     if (found != live.end()) rows.push_back(*found);

@@ -64,8 +64,7 @@ std::string LiveRowsOf(const std::string& file, bool countOnly) {
   for (int row : LiveRowsInDateOrder(s.doc.Tables)) {
     const SchDatRow& r = s.doc.Tables.SchDatList.At(row);
     rows += (rows.empty() ? "" : ", ") + std::string(s.doc.Tables.SchDatList.Texts(r).Title) + " " +
-            std::to_string(r.Month) + "-" +
-            std::to_string(r.Day);
+            std::to_string(r.Month) + "-" + std::to_string(r.Day);
   }
   return rows;
 }

@@ -29,8 +29,9 @@ std::string Rows(const SchDatCTL& t) {
   std::string text;
   for (const int at : rows) {
     const SchDatRow& r = t.SchDatList.At(at);
-    text += (text.empty() ? "" : " ; ") + std::string(t.SchDatList.Texts(r).Title) + "@" + DateText(r.Year, r.Month, r.Day) + " " +
-            std::to_string(r.StartTime) + "-" + std::to_string(r.EndTime) + " k" +
+    text += (text.empty() ? "" : " ; ") + std::string(t.SchDatList.Texts(r).Title) + "@" +
+            DateText(r.Year, r.Month, r.Day) + " " + std::to_string(r.StartTime) + "-" +
+            std::to_string(r.EndTime) + " k" +
             std::to_string(static_cast<std::int16_t>(r.RepeatKind)) + " a" +
             std::to_string(r.AlarmLead) + " p" + std::to_string(r.Private) + " to" +
             DateText(r.EndYear, r.EndMonth, r.EndDay);

@@ -101,7 +101,8 @@ TEST(LinkExchange, AnImportReplacesWhatItsMergeSaysAndAddsLinkedRows) {
     std::string live;
     const auto& list = x.doc.Tables.SchDatList;
     for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) live += (live.empty() ? "" : "|") + std::string(list.Texts(row).Title);
+      if (list.At(row).IsLive())
+        live += (live.empty() ? "" : "|") + std::string(list.Texts(row).Title);
     }
     EXPECT_EQ(live, c.live);
     EXPECT_EQ(added, c.period.last ? 1 : 2);

@@ -78,8 +78,8 @@ inline std::vector<RowWithTexts> LiveRows(const SchDatCTL& tables) {
     const SchDatRow& r = tables.SchDatList.At(row);
     if (!r.IsLive()) continue;
     const RowTexts texts = tables.SchDatList.Texts(r);
-    rows.push_back({r, std::string(texts.Title), std::string(texts.Place),
-                    std::string(texts.Memo), std::string(texts.AlarmSound)});
+    rows.push_back({r, std::string(texts.Title), std::string(texts.Place), std::string(texts.Memo),
+                    std::string(texts.AlarmSound)});
   }
   return rows;
 }
