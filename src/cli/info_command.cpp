@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <bit>
 #include <map>
-#include <set>
+#include <vector>
 
 #include "cli/cli_args.h"
 #include "cli/cli_store.h"
@@ -12,7 +12,7 @@ namespace sched {
 namespace {
 
 struct Summary {
-  std::map<int, std::set<int>> monthsOfYear;  // months with live rows, years with a row
+  std::map<int, std::uint16_t> monthsOfYear;  // bit m for month m with live rows, years with a row
   int series = 0;
   int multiDay = 0;
   int alarmRows = 0;
@@ -33,23 +33,34 @@ Summary Summarize(const SchDatCTL& t) {
           std::popcount(static_cast<std::uint32_t>(year.HolidayOff[static_cast<std::size_t>(m)]));
     }
   }
-  std::set<std::pair<int, int>> repeatSeries;
-  std::set<std::pair<int, int>> multiDaySeries;
+  std::vector<std::uint64_t> repeatSeries;
+  std::vector<std::uint64_t> multiDaySeries;
+  std::uint16_t* months = nullptr;
+  int monthsYear = -1;
   const auto& list = t.SchDatList;
   for (int row = 0; !list.IsEmpty() && row < list.Rows(); ++row) {
     const SchDatRow& r = list.At(row);
     if (!r.IsLive()) continue;
-    s.monthsOfYear[r.Year].insert(r.Month);
+    if (r.Year != monthsYear) {
+      monthsYear = r.Year;
+      months = &s.monthsOfYear[monthsYear];
+    }
+    *months = static_cast<std::uint16_t>(*months | 1u << r.Month);
+    const std::uint64_t key = r.Series().Packed();
     if (r.RepeatKind == kMultiDayKind) {
-      multiDaySeries.emplace(r.ParentSubNo, r.ParentStamp);
+      multiDaySeries.push_back(key);
     } else if (r.RepeatKind != 0) {
-      repeatSeries.emplace(r.ParentSubNo, r.ParentStamp);
+      repeatSeries.push_back(key);
     }
     if (r.AlarmOn > 0) ++s.alarmRows;
     if (r.Private != 0) ++s.privateRows;
   }
-  s.series = static_cast<int>(repeatSeries.size());
-  s.multiDay = static_cast<int>(multiDaySeries.size());
+  const auto distinct = [](std::vector<std::uint64_t>& keys) {
+    std::sort(keys.begin(), keys.end());
+    return static_cast<int>(std::unique(keys.begin(), keys.end()) - keys.begin());
+  };
+  s.series = distinct(repeatSeries);
+  s.multiDay = distinct(multiDaySeries);
   return s;
 }
 
@@ -64,8 +75,10 @@ void WriteInfo(const ScheduleDocument& doc, std::ostream& out) {
   out << '\n';
   for (const auto& [year, months] : s.monthsOfYear) {
     out << "  " << year << ':';
-    if (months.empty()) out << " holiday settings only";
-    for (int month : months) out << ' ' << month;
+    if (months == 0) out << " holiday settings only";
+    for (int month = 1; month <= 12; ++month) {
+      if ((months >> month & 1) != 0) out << ' ' << month;
+    }
     out << '\n';
   }
   out << "Records in the file: " << doc.LoadedRecords << '\n'

@@ -12,14 +12,16 @@ struct SeriesKey {
   std::int32_t parentSubNo = 0;
   std::int32_t parentStamp = 0;
   friend bool operator==(const SeriesKey&, const SeriesKey&) = default;
+  // Both numbers in one, ordered as the pair.
+  std::uint64_t Packed() const {
+    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(parentSubNo)) << 32 |
+           static_cast<std::uint32_t>(parentStamp);
+  }
 };
 
 struct SeriesKeyHash {
   std::size_t operator()(const SeriesKey& key) const {
-    const auto packed = static_cast<std::uint64_t>(static_cast<std::uint32_t>(key.parentSubNo))
-                            << 32 |
-                        static_cast<std::uint32_t>(key.parentStamp);
-    return std::hash<std::uint64_t>{}(packed);
+    return std::hash<std::uint64_t>{}(key.Packed());
   }
 };
 

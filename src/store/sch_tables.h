@@ -72,7 +72,6 @@ enum SchDatColumn : int {
 // Values of the Deleted column.
 inline constexpr std::int32_t kLive = 0;
 inline constexpr std::int32_t kDeleted = 1;
-inline constexpr std::int32_t kSeriesMark = 2;  // a passing mark while series are checked
 
 // SchDatList: one row for each occurrence on one day. The fields are as narrow as the file's;
 // the texts live in the table's text arena, behind one handle.

@@ -106,13 +106,20 @@ class SclWriter {
     return size;
   }
 
-  // The first and last date and the lowest SubNo of every series, from one pass over the rows.
+  // The first and last date and the lowest SubNo of every series with a repeating row or an
+  // item over several dates, over all its live rows.
   void CollectSeriesRanges() {
     const auto& list = t_.SchDatList;
     if (list.IsEmpty()) return;
     for (int row = 0; row < list.Rows(); ++row) {
       const SchDatRow& r = list.At(row);
-      if (r.IsLive()) ranges_[r.Series()].Add(r);
+      if (r.IsLive() && r.RepeatKind != 0) ranges_.try_emplace(r.Series());
+    }
+    if (ranges_.empty()) return;
+    for (int row = 0; row < list.Rows(); ++row) {
+      const SchDatRow& r = list.At(row);
+      if (!r.IsLive()) continue;
+      if (const auto range = ranges_.find(r.Series()); range != ranges_.end()) range->second.Add(r);
     }
   }
 
@@ -151,15 +158,15 @@ class SclWriter {
     for (int row : DayChain(t_.SchDatList, head)) {
       const SchDatRow& r = t_.SchDatList.At(row);
       if (r.Deleted == kDeleted) continue;
-      const SeriesRange& range = ranges_[r.Series()];
-      if (r.RepeatKind == kMultiDayKind && range.firstCode != range.lastCode) {
-        WriteMultiDay(row, range, month);
+      const SeriesRange* range = r.RepeatKind != 0 ? &ranges_.at(r.Series()) : nullptr;
+      if (r.RepeatKind == kMultiDayKind && range->firstCode != range->lastCode) {
+        WriteMultiDay(row, *range, month);
         continue;
       }
       SchRecord rec = BuildDiskRecord(row);
       if (r.RepeatKind != 0 && r.RepeatKind != kMultiDayKind) {
-        SetDate(range.firstCode, rec.Day, rec.Month, rec.Year);
-        SetDate(range.lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
+        SetDate(range->firstCode, rec.Day, rec.Month, rec.Year);
+        SetDate(range->lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
       }
       const std::int32_t at = out_.Position();
       rec.Prev = previous;

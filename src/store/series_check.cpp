@@ -1,26 +1,28 @@
 #include "store/series_check.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
 namespace sched {
 
 void CheckSeries(SchDatCTL& ctl) {
   if (ctl.RowCount <= 0) return;
   auto& list = ctl.SchDatList;
+  // The live rows of series, grouped by series; in a group, rows keep their order.
+  std::vector<std::pair<std::uint64_t, int>> members;
   for (int i = 0; i < list.Rows(); ++i) {
-    SchDatRow& row = list.At(i);
-    if (row.RepeatKind == 0 || row.Deleted != kLive) {
-      if (row.Deleted == kSeriesMark) row.Deleted = kLive;
-      continue;
-    }
-    bool found = false;
-    for (int j : SeriesRows(ctl, row.Series())) {
-      SchDatRow& other = list.At(j);
-      if (j > i && other.Deleted == kLive && other.RepeatKind != 0) {
-        other.Deleted = kSeriesMark;
-        found = true;
-      }
-    }
+    const SchDatRow& row = list.At(i);
+    if (row.RepeatKind != 0 && row.IsLive()) members.emplace_back(row.Series().Packed(), i);
+  }
+  std::sort(members.begin(), members.end());
+  for (std::size_t i = 0; i < members.size();) {
+    std::size_t end = i + 1;
+    while (end < members.size() && members[end].first == members[i].first) ++end;
     // A series of one is a plain item.
-    if (!found) row.RepeatKind = 0;
+    if (end - i == 1) list.At(members[i].second).RepeatKind = 0;
+    i = end;
   }
 }
 
