@@ -21,15 +21,6 @@ TEST(NoticeForm, ShowsTheAlarmWithTheDateInTheShortForm) {
   EXPECT_EQ(form.Text1, "x-ray\r\nfasting");
 }
 
-TEST(NoticeForm, AMissedAlarmSaysWhenAboveTheTitleUnderTheSameCaption) {
-  const FakeDateFormatter dates;
-  const NoticeForm form =
-      MakeNoticeForm({"Dentist", "2026/11/3", "", "9:00am - 9:30am", "", "8:45 AM", 1}, dates);
-  EXPECT_EQ(form.Caption, "Scheduler - Matching with Schedule alarm");
-  EXPECT_EQ(form.Missed, "Missed at 8:45 AM");
-  EXPECT_EQ(form.Label1, "Dentist");
-}
-
 TEST(NoticeForm, ADateTextThatIsNoDateStaysAsItIs) {
   const FakeDateFormatter dates;
   const struct {
