@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/calendar.h"
+#include "platform/clock.h"
 #include "store/sch_tables.h"
 
 namespace sched {
@@ -33,6 +34,22 @@ struct PendingNotice {
   std::string Memo;
   std::string TimeText;
   std::string Place;
+  std::string MissedAt;  // "9:00 AM" of an alarm that went by unseen; empty for one on time
+  int Id = 0;            // the number the engine gave this ring, by which it is answered
+};
+
+// A minute of the calendar, counted from the start of the year before its first: the moment an
+// alarm rings.
+using RingMoment = std::int64_t;
+RingMoment MomentOf(std::int32_t dateCode, int minute);
+// The minute the time falls in.
+RingMoment MomentOf(const DateTime& time);
+DateTime DateTimeOf(RingMoment moment);
+
+// An alarm of the document, whatever day it rings on.
+struct DocumentAlarm {
+  RingMoment moment = 0;
+  AlarmEntry alarm;
 };
 
 // "9:05am": a start or end time (minutes after 0:00) as the notices write it. A time that is no
@@ -42,6 +59,14 @@ std::string AlarmClockText(int time);
 // The alarm of a row when it rings on the day `todayCode`; nothing for a blank or deleted row,
 // a row without an alarm, or an alarm of another day.
 std::optional<AlarmEntry> AlarmOfRow(const SchDatTable& list, int row, std::int32_t todayCode);
+
+// Every alarm of the table that rings after `after` and no later than `through`, in ringing
+// order; alarms of the same minute in the order of their rows.
+std::vector<DocumentAlarm> AlarmsBetween(const SchDatCTL& tables, RingMoment after,
+                                         RingMoment through);
+
+// Whether the table still has a live item whose alarm this is.
+bool HasAlarmOf(const SchDatCTL& tables, const AlarmEntry& alarm);
 
 // Today's alarms from the whole table, top to bottom, in ringing order.
 std::vector<AlarmEntry> BuildTodayAlarms(const SchDatCTL& tables, std::int32_t todayCode);
@@ -53,7 +78,8 @@ void SortTodayAlarms(std::vector<AlarmEntry>& alarms);
 // start, end and lead. Two items alike in all of them share one alarm entry's fate.
 bool IsAlarmOfRow(const AlarmEntry& alarm, const SchDatTable& list, int row);
 
-// What the notice window shows of an alarm.
-PendingNotice NoticeOf(const AlarmEntry& alarm);
+// What the notice window shows of an alarm; "Missed at 9:00 AM" above the title when
+// `missedAt` is given.
+PendingNotice NoticeOf(const AlarmEntry& alarm, std::optional<RingMoment> missedAt = std::nullopt);
 
 }  // namespace sched

@@ -28,7 +28,9 @@ std::string ShortDateOf(const std::string& dateText, const DateFormatter& dates)
 }  // namespace
 
 NoticeForm MakeNoticeForm(const PendingNotice& notice, const DateFormatter& dates) {
-  return {alarm_texts::kNoticeCaption,
+  return {notice.Id,
+          alarm_texts::kNoticeCaption,
+          notice.MissedAt.empty() ? "" : alarm_texts::kMissedAt + notice.MissedAt,
           notice.Title,
           {ShortDateOf(notice.DateText, dates), notice.TimeText, notice.Place},
           notice.Memo};

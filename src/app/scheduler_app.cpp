@@ -18,8 +18,9 @@ SchedulerApp::SchedulerApp(AppPorts ports, InstallSource source)
     : p_(ports),
       source_(std::move(source)),
       noticeWindows_(p_.dates),
+      alarmMark_(p_.settings),
       alarms_(AlarmServices{doc_.Tables, p_.clock, p_.clockAlarm, p_.beep, p_.desktop,
-                            noticeWindows_, std::cerr}),
+                            noticeWindows_, alarmMark_, std::cerr}),
       messages_(p_.messages, alarms_) {}
 
 // Here, where the views are a complete type; the window, made after them, goes first.
@@ -93,8 +94,10 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   setupDialog_.SetParent(window_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),
                    [this](const QString& path) { commands_->OpenFileByName(path.toStdString()); });
-  QObject::connect(window_.get(), &SchMain::Unloading, window_.get(),
-                   [this] { noticeWindows_.CloseNoticeWindows(); });
+  QObject::connect(window_.get(), &SchMain::Unloading, window_.get(), [this] {
+    alarms_.SaveLastChecked();
+    noticeWindows_.CloseNoticeWindows();
+  });
 
   doc_.FileCodePage = ReadCodePage(p_.settings);
   session_->ResetToToday(true);
@@ -103,11 +106,13 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   OpenStartFile(arguments.size() > 1 ? arguments.at(1) : QString());
 
   window_->ShowLinkMenu(IsPimLinkInstalled(p_.registry));
-  // A start that ran into a new day lists the new day's alarms.
-  alarms_.WatchDayChange();
-  alarms_.ArmNextAlarm();
   window_->StartTimer2();
   window_->show();
+  // Over the window: what rang while the program was closed. A start that ran into a new day
+  // lists the new day's alarms.
+  alarms_.ShowAlarmsMissedWhileClosed();
+  alarms_.WatchDayChange();
+  alarms_.ArmNextAlarm();
   session_->RefreshViews();
   instance_.Listen([this] { window_->BringToFront(); });
   return std::nullopt;

@@ -20,6 +20,7 @@
 #include "shell/cache_device_files.h"
 #include "shell/device_file_chooser.h"
 #include "shell/paths.h"
+#include "shell/settings.h"
 #include "shell/startup.h"
 #include "ui/appointment_dialogs.h"
 #include "ui/disconnection_setup_dialog.h"
@@ -86,6 +87,7 @@ class SchedulerApp {
   InstallPaths paths_;
   ScheduleDocument doc_;
   QtNoticeWindows noticeWindows_;
+  SettingsAlarmCheckMark alarmMark_;
   AlarmEngine alarms_;
   HeldMessages messages_;  // every message box holds the alarm notices back
   DisconnectionSetupDialog setupDialog_;

@@ -1,5 +1,6 @@
 #include "shell/settings.h"
 
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
@@ -82,6 +83,24 @@ CodePage ReadCodePage(SettingsStore& settings) {
 void SaveCodePage(SettingsStore& settings, CodePage page) {
   settings.SaveSetting(kSettingsApp, kDayviewSection, kCodePageKey,
                        std::to_string(static_cast<int>(page)));
+}
+
+std::optional<DateTime> SettingsAlarmCheckMark::ReadLastChecked() {
+  const std::string text =
+      settings_.GetSetting(kSettingsApp, kDayviewSection, kAlarmCheckedKey, "");
+  if (text.size() != 16 || text[10] != ' ' || text[13] != ':') return std::nullopt;
+  const std::optional<CivilDate> date = ParseSlashedDate(std::string_view(text).substr(0, 10));
+  const std::optional<int> hour = ParseInt(std::string_view(text).substr(11, 2), 10, 0, 23);
+  const std::optional<int> minute = ParseInt(std::string_view(text).substr(14, 2), 10, 0, 59);
+  if (!date || !hour || !minute) return std::nullopt;
+  return DateTime{date->year, date->month, date->day, *hour, *minute, 0};
+}
+
+void SettingsAlarmCheckMark::SaveLastChecked(const DateTime& minute) {
+  char time[16];
+  std::snprintf(time, sizeof time, " %02d:%02d", minute.hour % 100, minute.minute % 100);
+  settings_.SaveSetting(kSettingsApp, kDayviewSection, kAlarmCheckedKey,
+                        SlashedDate({minute.year, minute.month, minute.day}) + time);
 }
 
 std::optional<WindowPlacement> ParseWindowPlacement(const std::string& text) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/codepage.h"
+#include "platform/alarm_check_mark.h"
 #include "platform/device_files.h"
 #include "platform/registry.h"
 #include "platform/settings_store.h"
@@ -19,6 +20,8 @@ inline constexpr const char* kWindowPlacementKey = "WindwInformation";
 inline constexpr const char* kCodePageKey = "CodePage";
 // The mark of the data link's "Import exported data".
 inline constexpr const char* kExpOptionKey = "ExpOption";
+// The minute up to which the alarms have looked at the clock, "yyyy/mm/dd hh:mm".
+inline constexpr const char* kAlarmCheckedKey = "AlarmChecked";
 
 // Remembers the open file: "<onPc>,<PC: or Tarvex:><name>,<full path>".
 void StoreLastFile(SettingsStore& settings, const std::string& section, const std::string& path,
@@ -45,6 +48,18 @@ bool IsPimLinkInstalled(Registry& registry);
 // or another number is stored, and when the system cannot convert the stored one.
 CodePage ReadCodePage(SettingsStore& settings);
 void SaveCodePage(SettingsStore& settings, CodePage page);
+
+// The alarms' minute last looked at, kept under "Dayview"; a text that is no such minute reads
+// as none.
+class SettingsAlarmCheckMark final : public AlarmCheckMark {
+ public:
+  explicit SettingsAlarmCheckMark(SettingsStore& settings) : settings_(settings) {}
+  std::optional<DateTime> ReadLastChecked() override;
+  void SaveLastChecked(const DateTime& minute) override;
+
+ private:
+  SettingsStore& settings_;
+};
 
 // The show states of a window's place, as they are stored.
 inline constexpr int kShowNormal = 1;

@@ -3,15 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "alarms/held_messages.h"
+#include "platform/fake/fake_alarm_check_mark.h"
 #include "platform/fake/fake_clock.h"
 #include "platform/fake/fake_clock_alarm.h"
-#include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_progress.h"
 #include "tests/support/test_store.h"
 #include "tests/support/trace.h"
@@ -23,38 +27,62 @@ using testing::CaseRow;
 using testing::Join;
 
 // What rang, in order: "beep", "desktop [SUMMARY] [BODY]", "window [TITLE] [DATE] [TIME]
-// [PLACE] [MEMO]". While `windowsFail` is set, a notice window cannot be opened.
+// [PLACE] [MEMO]" (after "window (missed at 9:00 AM)" for a missed alarm), "closed [TITLE]".
+// While `windowsFail` is set, a notice window cannot be opened.
 struct Rings : Beep, DesktopNotices, NoticeHost {
   std::vector<std::string> events;
   bool windowsFail = false;
+  std::map<int, std::string> titles;     // of every notice rung, by its number
+  std::map<std::string, int> lastIdOf;   // the number of a title's last ring
+  std::function<void(int, int)> answer;  // of the notice windows
+
   void Sound() override { events.push_back("beep"); }
-  void Post(const std::string& summary, const std::string& body) override {
-    events.push_back("desktop [" + summary + "] [" + body + "]");
+  void Post(const DesktopNotice& n) override {
+    events.push_back("desktop [" + n.summary + "] [" + n.body + "]");
+    titles[n.id] = n.summary;
+    lastIdOf[n.summary] = n.id;
+    const std::string actions =
+        Join(n.actions, ",", [](const auto& a) { return a.first + "=" + a.second; });
+    if (actions != "snooze=Snooze 5 minutes,dismiss=Dismiss") ADD_FAILURE() << actions;
   }
   void OpenNoticeWindow(const PendingNotice& n) override {
     if (windowsFail) throw std::runtime_error("no window for " + n.Title);
-    events.push_back("window [" + n.Title + "] [" + n.DateText + "] [" + n.TimeText + "] [" +
-                     n.Place + "] [" + n.Memo + "]");
+    const std::string missed = n.MissedAt.empty() ? "" : "(missed at " + n.MissedAt + ") ";
+    events.push_back("window " + missed + "[" + n.Title + "] [" + n.DateText + "] [" + n.TimeText +
+                     "] [" + n.Place + "] [" + n.Memo + "]");
   }
+  void CloseNoticeWindow(int id) override { events.push_back("closed [" + titles[id] + "]"); }
+  void SetAnswerEvent(std::function<void(int, int)> event) override { answer = std::move(event); }
+  void SetActionEvent(std::function<void(int, const std::string&)>) override {}
 };
 
 // A day of the program with today's alarms, run on a fake clock as the window's timer runs it.
+// The clock, the settings and what rang outlive a run of the program.
 struct AlarmDay {
-  ScheduleDocument doc;
   FakeProgress progress;
   FakeClock clock{{2026, 11, 23, 8, 0, 0}};
   FakeClockAlarm clockAlarm;
   Rings rings;
+  FakeAlarmCheckMark mark;
   std::ostringstream errors;
-  AlarmEngine engine{AlarmServices{doc.Tables, clock, clockAlarm, rings, rings, rings, errors}};
-  ScheduleStore store{doc, StoreServices{engine, progress, clock}};
-  FakeMessages shownMessages;
-  HeldMessages messages{shownMessages, engine};
 
-  AlarmDay() {
-    store.ClearIndex();
-    store.ResetHeader();
-  }
+  // One run of the program: its document, alarms and store.
+  struct Program {
+    ScheduleDocument doc;
+    AlarmEngine engine;
+    ScheduleStore store;
+    explicit Program(AlarmDay& d)
+        : engine{AlarmServices{doc.Tables, d.clock, d.clockAlarm, d.rings, d.rings, d.rings, d.mark,
+                               d.errors}},
+          store{doc, StoreServices{engine, d.progress, d.clock}} {
+      store.ClearIndex();
+      store.ResetHeader();
+    }
+  };
+  std::unique_ptr<Program> program = std::make_unique<Program>(*this);
+  AlarmEngine& engine() { return program->engine; }
+  ScheduleStore& store() { return program->store; }
+
   // Every ring of a case is looked at.
   void End() {
     EXPECT_EQ(Join(rings.events), "") << "rings not looked at";
@@ -71,8 +99,38 @@ struct AlarmDay {
       const int minute = at.hour * 60 + at.minute;
       if (at.second == 0 && clockAlarm.ArmedMinute() == minute) clockAlarm.Ring();
       const bool lastMinute = at.hour == 23 && at.minute == 59;
-      if (at.second % (lastMinute ? 3 : 10) == 0) engine.WatchDayChange();
+      if (at.second % (lastMinute ? 3 : 10) == 0) engine().WatchDayChange();
     }
+  }
+
+  // The clock jumps on to `until`, as after a sleep or when it is put forward: the clock alarm
+  // rings when its moment went by, then the day watch looks.
+  void JumpTo(const DateTime& until) {
+    const RingMoment from = MomentOf(Now());
+    const RingMoment to = MomentOf(until);
+    clock.Set(until);
+    if (const auto armed = clockAlarm.ArmedMinute()) {
+      const RingMoment dayStart = from - from % (24 * 60);
+      RingMoment next = dayStart + *armed;
+      if (next <= from) next += 24 * 60;
+      if (next <= to) clockAlarm.Ring();
+    }
+    engine().WatchDayChange();
+  }
+
+  // The program ends and starts again at `at` on the same file, as a user starts it.
+  void Restart(const DateTime& at) {
+    const std::vector<std::uint8_t> bytes = store().BuildScheduleBytes();
+    engine().SaveLastChecked();
+    program.reset();
+    clock.Set(at);
+    program = std::make_unique<Program>(*this);
+    ASSERT_TRUE(store().LoadSchedule(bytes));
+    engine().SortTodayAlarms();
+    engine().ArmNextAlarm();
+    engine().ShowAlarmsMissedWhileClosed();
+    engine().WatchDayChange();
+    engine().ArmNextAlarm();
   }
 
   static bool Before(const DateTime& a, const DateTime& b) {
@@ -83,7 +141,7 @@ struct AlarmDay {
   }
 
   int RowOf(const std::string& title) const {
-    const auto& list = doc.Tables.SchDatList;
+    const auto& list = program->doc.Tables.SchDatList;
     for (int row = 0; row < list.Rows(); ++row) {
       if (list.At(row).IsLive() && list.Texts(row).Title == title) return row;
     }
@@ -136,23 +194,28 @@ testing::Trace<AlarmDay> AlarmTrace() {
       item.AlarmSound = kDefaultAlarmSound;
       item.AlarmLead = static_cast<std::int16_t>(r.Int(4));
     }
-    d.store.InsertRecord(item);
-    d.engine.SortTodayAlarms();
-    d.engine.ArmNextAlarm();
+    d.store().InsertRecord(item);
+    d.engine().SortTodayAlarms();
+    d.engine().ArmNextAlarm();
   };
-  t.steps["delete"] = [](S d, R r) { d.store.RemoveRow(d.RowOf(r[1])); };
+  t.steps["delete"] = [](S d, R r) { d.store().RemoveRow(d.RowOf(r[1])); };
   t.steps["reopen"] = [](S d, R) {
-    const std::vector<std::uint8_t> bytes = d.store.BuildScheduleBytes();
-    d.store.ClearIndex();
-    d.store.ResetHeader();
-    ASSERT_TRUE(d.store.LoadSchedule(bytes));
-    d.engine.SortTodayAlarms();
-    d.engine.ArmNextAlarm();
+    const std::vector<std::uint8_t> bytes = d.store().BuildScheduleBytes();
+    d.store().ClearIndex();
+    d.store().ResetHeader();
+    ASSERT_TRUE(d.store().LoadSchedule(bytes));
+    d.engine().SortTodayAlarms();
+    d.engine().ArmNextAlarm();
   };
-  t.steps["rebuild"] = [](S d, R) { d.engine.RebuildTodayAlarms(); };
-  t.steps["watch"] = [](S d, R) { d.engine.WatchDayChange(); };
-  t.steps["hold"] = [](S d, R) { d.engine.HoldNotices(); };
-  t.steps["release"] = [](S d, R) { d.engine.ReleaseNotices(); };
+  t.steps["new-document"] = [](S d, R) { d.store().ClearIndex(); };
+  t.steps["rebuild"] = [](S d, R) { d.engine().RebuildTodayAlarms(); };
+  t.steps["watch"] = [](S d, R) { d.engine().WatchDayChange(); };
+  t.steps["hold"] = [](S d, R) { d.engine().HoldNotices(); };
+  t.steps["release"] = [](S d, R) { d.engine().ReleaseNotices(); };
+  t.steps["jump-to"] = [](S d, R r) { d.JumpTo(ReadMoment(d.Now(), r[1])); };
+  t.steps["restart"] = [](S d, R r) { d.Restart(ReadMoment(d.Now(), r[1])); };
+  // As the notice window's Snooze does.
+  t.steps["snooze"] = [](S d, R r) { d.rings.answer(d.rings.lastIdOf.at(r[1]), r.Int(2)); };
   t.steps["windows-fail"] = [](S d, R r) { d.rings.windowsFail = r.YesNo(1); };
   t.steps["message-open-until"] = [](S d, R r) {
     struct Open : Messages {
@@ -161,13 +224,13 @@ testing::Trace<AlarmDay> AlarmTrace() {
       Open(AlarmDay& d, DateTime u) : day(d), until(u) {}
       MsgAnswer Show(const MessageRequest&) override {
         day.rings.events.push_back(std::string("message opens, held ") +
-                                   (day.engine.NoticesHeld() ? "yes" : "no"));
+                                   (day.engine().NoticesHeld() ? "yes" : "no"));
         day.RunTo(until);
         day.rings.events.push_back("message closes");
         return MsgAnswer::Ok;
       }
     } open(d, ReadMoment(d.Now(), r[1]));
-    HeldMessages(open, d.engine).Show({"Saved.", "Scheduler"});
+    HeldMessages(open, d.engine()).Show({"Saved.", "Scheduler"});
   };
 
   t.looks["rings"] = [](S d, auto&) {
@@ -176,11 +239,11 @@ testing::Trace<AlarmDay> AlarmTrace() {
     return rings;
   };
   t.looks["list"] = [](S d, auto&) {
-    return Join(d.engine.TodayAlarms(), " | ",
+    return Join(d.engine().TodayAlarms(), " | ",
                 [](const AlarmEntry& e) { return Clock24(e.AlarmMinute) + " " + e.Title; });
   };
   t.looks["entry"] = [](S d, auto& index) {
-    const AlarmEntry& e = d.engine.TodayAlarms().at(std::stoul(index));
+    const AlarmEntry& e = d.engine().TodayAlarms().at(std::stoul(index));
     return std::to_string(e.AlarmMinute) + " | " + e.Title + " | " + e.Place + " | " + e.DateText +
            " | " + e.TimeText + " | " + e.Memo + " | " + std::to_string(e.StartTime) + " " +
            std::to_string(e.EndTime) + " | " + std::to_string(e.Year) + " " +
@@ -190,22 +253,36 @@ testing::Trace<AlarmDay> AlarmTrace() {
     const auto minute = d.clockAlarm.ArmedMinute();
     return minute ? Clock24(*minute) : "off";
   };
-  t.looks["next"] = [](S d, auto&) { return std::to_string(d.engine.NextAlarmIndex()); };
-  t.looks["today"] = [](S d, auto&) { return std::to_string(d.engine.TodayCode()); };
+  t.looks["next"] = [](S d, auto&) { return std::to_string(d.engine().NextAlarmIndex()); };
+  t.looks["today"] = [](S d, auto&) { return std::to_string(d.engine().TodayCode()); };
   t.looks["errors"] = [](S d, auto&) {
     const std::string errors = d.errors.str();
     d.errors.str("");
     return errors;
   };
-  t.looks["held"] = [](S d, auto&) { return testing::YesNo(d.engine.NoticesHeld()); };
+  t.looks["snoozed"] = [](S d, auto&) {
+    return Join(d.engine().SnoozedNotices(), " | ", [](const SnoozedNotice& n) {
+      const DateTime due = DateTimeOf(n.due);
+      return Clock24(due.hour * 60 + due.minute) + " " + n.rung.notice.Title;
+    });
+  };
+  t.looks["mark"] = [](S d, auto&) {
+    const DateTime& m = d.mark.stored.value();
+    return SlashedDate({m.year, m.month, m.day}) + " " + Clock24(m.hour * 60 + m.minute);
+  };
+  t.looks["held"] = [](S d, auto&) { return testing::YesNo(d.engine().NoticesHeld()); };
   t.looks["pending"] = [](S d, auto&) {
-    return Join(d.engine.PendingNotices(), " | ", [](const PendingNotice& n) { return n.Title; });
+    return Join(d.engine().PendingNotices(), " | ", [](const PendingNotice& n) { return n.Title; });
   };
   return t;
 }
 
 TEST(AlarmEngine, FollowsTheDays) {
   AlarmTrace().Run("alarms/days.txt", 8, 60);
+}
+
+TEST(AlarmEngine, ShowsWhatWentByUnseenAndSnoozes) {
+  AlarmTrace().Run("alarms/missed.txt", 8, 40);
 }
 
 }  // namespace

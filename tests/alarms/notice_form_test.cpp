@@ -10,8 +10,10 @@ namespace {
 TEST(NoticeForm, ShowsTheAlarmWithTheDateInTheShortForm) {
   const FakeDateFormatter dates;
   const NoticeForm form = MakeNoticeForm(
-      {"Dentist", "2026/11/3", "x-ray\r\nfasting", "9:00am - 9:30am", "Main St"}, dates);
+      {"Dentist", "2026/11/3", "x-ray\r\nfasting", "9:00am - 9:30am", "Main St", "", 7}, dates);
+  EXPECT_EQ(form.Id, 7);
   EXPECT_EQ(form.Caption, "Scheduler - Matching with Schedule alarm");
+  EXPECT_EQ(form.Missed, "");
   EXPECT_EQ(form.Label1, "Dentist");
   EXPECT_EQ(form.Label2[0], "2026/11/03");
   EXPECT_EQ(form.Label2[1], "9:00am - 9:30am");
@@ -38,7 +40,8 @@ TEST(NoticeForm, ADateTextThatIsNoDateStaysAsItIs) {
   };
   for (const auto& c : cases) {
     const std::string expected = *c.shown != '\0' ? c.shown : c.text;
-    EXPECT_EQ(MakeNoticeForm({"t", c.text, "", "", ""}, dates).Label2[0], expected) << c.text;
+    EXPECT_EQ(MakeNoticeForm({"t", c.text, "", "", "", "", 0}, dates).Label2[0], expected)
+        << c.text;
   }
 }
 

@@ -68,6 +68,20 @@ TEST(WindowPlacement, ParsesFiveWholeNumbersOnly) {
   }
 }
 
+// The alarms' minute last looked at reads back as saved; a damaged text reads as none.
+TEST(SettingsAlarmCheckMark, ReadsBackWhatItSavedAndNothingElse) {
+  FakeSettingsStore settings;
+  SettingsAlarmCheckMark mark(settings);
+  mark.SaveLastChecked({2099, 12, 31, 23, 59, 0});
+  EXPECT_EQ(settings.GetSetting("Sorvane", "Dayview", "AlarmChecked", ""), "2099/12/31 23:59");
+  EXPECT_EQ(mark.ReadLastChecked().value().minute, 59);
+  for (const char* damaged :
+       {"2026/02/29 09:05", "2026/11/23 24:00", "2026/11/23 9:05", "2026/11/23 09:05:00", ""}) {
+    settings.SaveSetting("Sorvane", "Dayview", "AlarmChecked", damaged);
+    EXPECT_FALSE(mark.ReadLastChecked().has_value()) << damaged;
+  }
+}
+
 TEST(WindowPlacement, ComesBackAsStoredButNeverMinimised) {
   FakeSettingsStore settings;
   for (const auto& [saved, restored] : {std::pair{1, 1}, {2, 1}, {3, 3}}) {
