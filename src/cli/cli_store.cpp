@@ -14,19 +14,18 @@ CliStore::CliStore(std::ostream& err, CodePage page)
 
 bool CliStore::Load(const std::string& path) {
   std::string why;
-  const std::optional<FileBytes> bytes = ReadWholeFile(path, &why);
+  std::optional<FileBytes> bytes = ReadWholeFile(path, &why);
   if (!bytes) {
     err_ << "Read error!\nscltool: " << path << ": " << why << '\n';
     return false;
   }
-  const std::span<const std::uint8_t> data = bytes->Span();
-  if (!HasSclMagic(data)) {
+  if (!HasSclMagic(bytes->Span())) {
     err_ << texts::kNotSchedulerFile << '\n';
     return false;
   }
   doc_.ScheduleFile = path;
   doc_.ScheduleOnPc = 1;
-  const SclLoadResult loaded = store_.LoadSchedule(data);
+  const SclLoadResult loaded = store_.LoadFileBytes(std::move(*bytes));
   if (loaded) return true;
   err_ << "Read error!\nscltool: " << path << ": byte " << loaded.error->offset << ": "
        << loaded.error->what << '\n';

@@ -49,6 +49,8 @@ class ScheduleStore {
   SclLoadResult LoadSchedule(std::span<const std::uint8_t> bytes);
   // The same for the file at `path`; fails too when the file cannot be read.
   SclLoadResult LoadScheduleFile(const std::string& path);
+  // The same for the bytes of a file, whose memory is given back as they are read.
+  SclLoadResult LoadFileBytes(FileBytes bytes);
   // The bytes of the schedule file for the tables; the bar runs from 0 to 100. The header
   // takes the file's new values.
   std::vector<std::uint8_t> BuildScheduleBytes();
@@ -76,6 +78,8 @@ class ScheduleStore {
 
  private:
   bool AlarmDueToday(const SchDatRow& row) const;
+
+  SclLoadResult LoadBytes(std::span<const std::uint8_t> bytes, std::uint8_t* owned);
 
   friend class SclLoader;
   friend class SclWriter;

@@ -11,6 +11,7 @@
 #include "store/row_order.h"
 #include "store/schedule_store.h"
 #include "store/series_check.h"
+#include "store/spent_pages.h"
 
 namespace sched {
 namespace {
@@ -70,8 +71,15 @@ constexpr std::size_t kMostRowsReserved = 1 << 20;
 // size of the file.
 class SclLoader {
  public:
-  SclLoader(ScheduleStore& store, std::span<const std::uint8_t> bytes)
-      : store_(store), doc_(store.doc_), t_(store.doc_.Tables), in_(bytes), claimed_(bytes.size()) {
+  // `owned` is the buffer of `bytes` when the loader may give its pages back as it reads
+  // through them, else null.
+  SclLoader(ScheduleStore& store, std::span<const std::uint8_t> bytes, std::uint8_t* owned)
+      : store_(store),
+        doc_(store.doc_),
+        t_(store.doc_.Tables),
+        in_(bytes),
+        claimed_(bytes.size()),
+        spent_(owned, bytes.size()) {
     // Room for a row of each record the file can hold, so that the rows are placed once; the
     // days of items over several dates may still add more.
     t_.SchDatList.Reserve(std::min(bytes.size() / kSmallestRecord + 1, kMostRowsReserved));
@@ -80,18 +88,17 @@ class SclLoader {
   void Run() {
     Claim(0, kHeaderSize, "header");
     doc_.Header = ReadHeader(in_);
-    std::vector<std::int32_t> years;
+    std::vector<std::pair<std::int32_t, SclYear>> years;
     for (std::int32_t at = doc_.Header.FirstYear; at != -1;) {
       Enter(at, kYearSize, "year");
-      years.push_back(at);
-      at = ReadYear(in_).Next;
+      years.emplace_back(at, ReadYear(in_));
+      at = years.back().second.Next;
     }
     for (int i = 0; i < 7; ++i) {
       doc_.WeekHoliday[static_cast<std::size_t>(i)] = (doc_.Header.WeekHolidayMask >> i) & 1;
     }
     for (std::size_t i = 0; i < years.size(); ++i) {
-      in_.Seek(years[i]);
-      LoadYear(years[i], ReadYear(in_));
+      LoadYear(years[i].first, years[i].second);
       ++t_.YearCount;
       store_.svc_.progress.SetValue(static_cast<int>((i + 1) * 100 / years.size()));
     }
@@ -112,6 +119,7 @@ class SclLoader {
                         static_cast<std::size_t>(offset + size))) {
       throw SclFormatError(offset, "a byte is read for two parts");
     }
+    spent_.Read(static_cast<std::size_t>(offset), static_cast<std::size_t>(offset + size));
   }
 
   void Enter(std::int32_t offset, std::int32_t size, std::string_view part) {
@@ -229,6 +237,7 @@ class SclLoader {
     } else {
       t_.AncMM.Append(row);
     }
+    spent_.Release();
   }
 
   void ReadFixedAt(std::int32_t offset, SchRecord& fixed) {
@@ -308,15 +317,20 @@ class SclLoader {
   SchDatCTL& t_;
   ByteReader in_;
   ClaimedBytes claimed_;
+  SpentPages spent_;
   std::string scratch_[4];
 };
 
 SclLoadResult ScheduleStore::LoadSchedule(std::span<const std::uint8_t> bytes) {
+  return LoadBytes(bytes, nullptr);
+}
+
+SclLoadResult ScheduleStore::LoadBytes(std::span<const std::uint8_t> bytes, std::uint8_t* owned) {
   ClearIndex();
   ResetHeader();
   doc_.LoadedRecords = 0;
   try {
-    SclLoader(*this, bytes).Run();
+    SclLoader(*this, bytes, owned).Run();
   } catch (const SclFormatError& error) {
     ClearIndex();
     ResetHeader();
@@ -328,13 +342,18 @@ SclLoadResult ScheduleStore::LoadSchedule(std::span<const std::uint8_t> bytes) {
 
 SclLoadResult ScheduleStore::LoadScheduleFile(const std::string& path) {
   std::string why;
-  const auto bytes = ReadWholeFile(path, &why);
+  auto bytes = ReadWholeFile(path, &why);
   if (!bytes) {
     ClearIndex();
     ResetHeader();
     return {SclLoadError{-1, why}};
   }
-  return LoadSchedule(bytes->Span());
+  return LoadFileBytes(std::move(*bytes));
+}
+
+SclLoadResult ScheduleStore::LoadFileBytes(FileBytes bytes) {
+  // The bytes are the loader's to give back as it goes.
+  return LoadBytes(bytes.Span(), bytes.data.get());
 }
 
 }  // namespace sched
