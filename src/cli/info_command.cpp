@@ -6,6 +6,7 @@
 #include "cli/cli_args.h"
 #include "cli/cli_store.h"
 #include "cli/verb.h"
+#include "core/radix_sort.h"
 #include "store/sch_record.h"
 
 namespace sched {
@@ -56,7 +57,7 @@ Summary Summarize(const SchDatCTL& t) {
     if (r.Private != 0) ++s.privateRows;
   }
   const auto distinct = [](std::vector<std::uint64_t>& keys) {
-    std::sort(keys.begin(), keys.end());
+    RadixSort(keys, [](std::uint64_t key) { return key; });
     return static_cast<int>(std::unique(keys.begin(), keys.end()) - keys.begin());
   };
   s.series = distinct(repeatSeries);

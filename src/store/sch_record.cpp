@@ -48,12 +48,13 @@ std::string StripCR(std::string_view text) {
 std::string LfToCrLf(std::string_view text) {
   std::string out;
   out.reserve(text.size() + text.size() / 8);
+  std::size_t run = 0;  // the start of the text not yet copied
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const std::size_t brk = std::min(text.find_first_of("\r\n", i), text.size());
-    out.append(text.substr(i, brk - i));
-    i = brk;
-    if (i == text.size()) break;
-    if (text[i] == '\n') {
+    const char c = text[i];
+    if (c != '\r' && c != '\n') continue;
+    out.append(text.substr(run, i - run));
+    run = i + 1;
+    if (c == '\n') {
       if (i == 0 || text[i - 1] != '\r') out += '\r';
       out += '\n';
     } else {
@@ -61,6 +62,7 @@ std::string LfToCrLf(std::string_view text) {
       if (i + 1 >= text.size() || text[i + 1] != '\n') out += '\n';
     }
   }
+  out.append(text.substr(run));
   return out;
 }
 

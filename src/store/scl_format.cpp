@@ -73,11 +73,31 @@ void ByteWriter::I32(std::int32_t value) {
 
 void ByteWriter::PatchI32(std::int32_t offset, std::int32_t value) {
   const auto bytes = LittleEndian(value);
-  std::copy(bytes.begin(), bytes.end(), bytes_.begin() + offset);
+  Patch(offset, bytes);
 }
 
-void ByteWriter::Patch(std::int32_t offset, const std::vector<std::uint8_t>& bytes) {
-  std::copy(bytes.begin(), bytes.end(), bytes_.begin() + offset);
+void ByteWriter::Patch(std::int32_t offset, std::span<const std::uint8_t> bytes) {
+  if (offset >= handed_) {
+    std::copy(bytes.begin(), bytes.end(), bytes_.begin() + (offset - handed_));
+  } else if (!sink_->WriteAt(static_cast<std::uint64_t>(offset), bytes)) {
+    refused_ = true;
+  }
+}
+
+void ByteWriter::Spill() {
+  constexpr std::size_t kPiece = std::size_t{1} << 20;
+  if (sink_ != nullptr && bytes_.size() >= kPiece) HandOn();
+}
+
+bool ByteWriter::Finish() {
+  if (sink_ != nullptr) HandOn();
+  return !refused_;
+}
+
+void ByteWriter::HandOn() {
+  if (!sink_->Append(bytes_)) refused_ = true;
+  handed_ += static_cast<std::int32_t>(bytes_.size());
+  bytes_.clear();
 }
 
 SclHeader ReadHeader(ByteReader& in) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/codepage.h"
+#include "platform/std/safe_file.h"
 #include "store/sch_record.h"
 
 namespace sched {
@@ -100,25 +101,41 @@ class ByteReader {
   std::int64_t pos_ = 0;
 };
 
-// Builds a file in memory; links are patched in place once their target is known.
+// Builds a file in memory, or hands it on to a sink in pieces; links are patched in place once
+// their target is known.
 class ByteWriter {
  public:
+  ByteWriter() = default;
+  // The bytes go on to `sink` whenever a piece is full and the writer is told to Spill.
+  explicit ByteWriter(FileSink& sink) : sink_(&sink) {}
+
   // Room for `size` bytes, so that the buffer is placed once.
   void Reserve(std::size_t size) { bytes_.reserve(size); }
-  std::int32_t Position() const { return static_cast<std::int32_t>(bytes_.size()); }
+  std::int32_t Position() const { return handed_ + static_cast<std::int32_t>(bytes_.size()); }
   void U8(std::uint8_t value) { bytes_.push_back(value); }
   void U16(std::uint16_t value);
   void I16(std::int16_t value) { U16(static_cast<std::uint16_t>(value)); }
   void I32(std::int32_t value);
   void Bytes(std::string_view bytes) { bytes_.insert(bytes_.end(), bytes.begin(), bytes.end()); }
   void PatchI32(std::int32_t offset, std::int32_t value);
-  void Patch(std::int32_t offset, const std::vector<std::uint8_t>& bytes);
+  void Patch(std::int32_t offset, std::span<const std::uint8_t> bytes);
   const std::vector<std::uint8_t>& Data() const { return bytes_; }
   // Hands the bytes over, leaving the writer empty.
   std::vector<std::uint8_t> Take() { return std::move(bytes_); }
 
+  // With a sink, hands on the bytes made so far once they fill a piece. Called between parts,
+  // so that a part patched later lies either wholly handed on or wholly in memory.
+  void Spill();
+  // With a sink, hands on the rest; false when the sink refused any bytes.
+  [[nodiscard]] bool Finish();
+
  private:
+  void HandOn();
+
   std::vector<std::uint8_t> bytes_;
+  FileSink* sink_ = nullptr;
+  std::int32_t handed_ = 0;  // bytes handed on to the sink
+  bool refused_ = false;
 };
 
 SclHeader ReadHeader(ByteReader& in);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -44,13 +45,22 @@ class ClaimedBytes {
   std::vector<std::uint64_t> words_;
 };
 
+// Whether a byte of the file's text is the same in the tables: ASCII other than a tab or a
+// line break.
+constexpr std::array<bool, 256> kKeptBytes = [] {
+  std::array<bool, 256> kept{};
+  for (int c = 0; c < 0x80; ++c) kept[static_cast<std::size_t>(c)] = true;
+  for (const char c : {'\t', '\r', '\n'}) kept[static_cast<std::size_t>(c)] = false;
+  return kept;
+}();
+
 // A text of the file as the tables hold it: UTF-8, every line break CR LF, no tabs. Text that
 // needs no change is given as it stands in the file; else it is made in `scratch`.
 std::string_view TableText(std::string_view bytes, CodePage page, std::string& scratch) {
+  const auto kept = [](char c) { return kKeptBytes[static_cast<unsigned char>(c)]; };
+  if (std::all_of(bytes.begin(), bytes.end(), kept)) return bytes;
+  scratch = IsAscii(bytes) ? std::string(bytes) : ToUtf8(bytes, page);
   const auto special = [](char c) { return c == '\t' || c == '\r' || c == '\n'; };
-  const bool ascii = IsAscii(bytes);
-  if (ascii && std::none_of(bytes.begin(), bytes.end(), special)) return bytes;
-  scratch = ascii ? std::string(bytes) : ToUtf8(bytes, page);
   if (std::any_of(scratch.begin(), scratch.end(), special)) scratch = TabToBlank(LfToCrLf(scratch));
   return scratch;
 }

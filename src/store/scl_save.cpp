@@ -53,16 +53,32 @@ std::uint16_t WeekHolidayMask(const std::array<std::int16_t, 7>& weekHoliday) {
 // patched in when those parts are placed.
 class SclWriter {
  public:
-  SclWriter(ScheduleStore& store) : store_(store), doc_(store.doc_), t_(store.doc_.Tables) {
+  SclWriter(ScheduleStore& store, ByteWriter& out)
+      : store_(store), doc_(store.doc_), t_(store.doc_.Tables), out_(out) {
     CollectSeriesRanges();
   }
 
-  std::vector<std::uint8_t> Build() {
+  // No file of the tables is larger: every live row written as a record of its own, each text
+  // as long as its UTF-8 form with CR LF line ends.
+  std::size_t LargestSize() const {
+    std::size_t size = kHeaderSize + static_cast<std::size_t>(t_.YearCount) * kYearSize +
+                       static_cast<std::size_t>(t_.MonthCount) * kMonthSize;
+    const auto& list = t_.SchDatList;
+    for (int row = 0; !list.IsEmpty() && row < list.Rows(); ++row) {
+      const SchDatRow& r = list.At(row);
+      if (r.Deleted == kDeleted) continue;
+      const RowTexts texts = list.Texts(r);
+      size +=
+          kRecordFixedSize + 8 + 10 + texts.Title.size() + texts.Place.size() + texts.Memo.size();
+    }
+    return size;
+  }
+
+  void Write() {
     SclHeader header = doc_.Header;
     header.Magic = kSclMagic;
     header.WeekHolidayMask = WeekHolidayMask(doc_.WeekHoliday);
     header.FirstYear = -1;
-    out_.Reserve(LargestSize());
     WriteHeader(out_, header);
     std::int32_t previousYear = -1;
     for (int i = 0; i < t_.YearCount; ++i) {
@@ -86,26 +102,9 @@ class SclWriter {
     header.PrivateCount = privateCount_;
     PatchHeader(out_, header);
     doc_.Header = header;
-    return out_.Take();
   }
 
  private:
-  // No file of the tables is larger: every live row written as a record of its own, each text
-  // as long as its UTF-8 form with CR LF line ends.
-  std::size_t LargestSize() const {
-    std::size_t size = kHeaderSize + static_cast<std::size_t>(t_.YearCount) * kYearSize +
-                       static_cast<std::size_t>(t_.MonthCount) * kMonthSize;
-    const auto& list = t_.SchDatList;
-    for (int row = 0; !list.IsEmpty() && row < list.Rows(); ++row) {
-      const SchDatRow& r = list.At(row);
-      if (r.Deleted == kDeleted) continue;
-      const RowTexts texts = list.Texts(r);
-      size +=
-          kRecordFixedSize + 8 + 10 + texts.Title.size() + texts.Place.size() + texts.Memo.size();
-    }
-    return size;
-  }
-
   // The first and last date and the lowest SubNo of every series with a repeating row or an
   // item over several dates, over all its live rows.
   void CollectSeriesRanges() {
@@ -146,6 +145,7 @@ class SclWriter {
         out_.PatchI32(previousMonth + kMonthNextOffset, at);
       }
       previousMonth = at;
+      out_.Spill();
     }
     return first;
   }
@@ -226,7 +226,7 @@ class SclWriter {
   ScheduleStore& store_;
   ScheduleDocument& doc_;
   const SchDatCTL& t_;
-  ByteWriter out_;
+  ByteWriter& out_;
   std::unordered_map<SeriesKey, SeriesRange, SeriesKeyHash> ranges_;
   std::unordered_set<SeriesKey, SeriesKeyHash> writtenSeries_;
   std::int32_t lastMultiDay_ = -1;
@@ -234,11 +234,20 @@ class SclWriter {
 };
 
 std::vector<std::uint8_t> ScheduleStore::BuildScheduleBytes() {
-  return SclWriter(*this).Build();
+  ByteWriter out;
+  SclWriter writer(*this, out);
+  out.Reserve(writer.LargestSize());
+  writer.Write();
+  return out.Take();
 }
 
 bool ScheduleStore::SaveScheduleFile(const std::string& path) {
-  return WriteFileSafely(path, BuildScheduleBytes());
+  // The file is handed on in pieces as it is made, never held whole.
+  return WriteFileSafely(path, [this](FileSink& sink) {
+    ByteWriter out(sink);
+    SclWriter(*this, out).Write();
+    return out.Finish();
+  });
 }
 
 }  // namespace sched

@@ -1,9 +1,10 @@
 #include "store/series_check.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <utility>
 #include <vector>
+
+#include "core/radix_sort.h"
 
 namespace sched {
 
@@ -16,7 +17,7 @@ void CheckSeries(SchDatCTL& ctl) {
     const SchDatRow& row = list.At(i);
     if (row.RepeatKind != 0 && row.IsLive()) members.emplace_back(row.Series().Packed(), i);
   }
-  std::sort(members.begin(), members.end());
+  RadixSort(members, [](const auto& member) { return member.first; });
   for (std::size_t i = 0; i < members.size();) {
     std::size_t end = i + 1;
     while (end < members.size() && members[end].first == members[i].first) ++end;

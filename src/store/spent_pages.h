@@ -22,6 +22,7 @@ class SpentPages {
  private:
   std::uint8_t* bytes_;
   std::size_t page_;
+  int shift_;                        // page_ is 1 << shift_
   std::size_t head_ = 0;             // bytes before the first whole page
   std::vector<std::uint32_t> read_;  // bytes read of each whole page
   std::vector<std::size_t> spent_;   // pages read through, not yet given back

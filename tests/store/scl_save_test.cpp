@@ -195,5 +195,20 @@ TEST(SclSave, ShiftJisTextsCountTwoBytesACharacterAndAreCutBetweenCharacters) {
   EXPECT_EQ(s.doc.Tables.SchDatList.Texts(0).Title, "\u4F1A?");
 }
 
+// A file of several pieces is handed to the disk as it is made, its links to parts already
+// handed on written in place afterwards: the bytes on disk are those made in memory.
+TEST(SclSave, AFileWrittenInPiecesIsTheFileMadeInMemory) {
+  TestStore s;
+  for (int day = 0; day < 3000; ++day) {
+    const CivilDate date = AddDays({2020, 1, 1}, day % 1500);
+    SchRecord r = MakeItem(date.year, date.month, date.day, 540, 600, "Item");
+    r.Memo = std::string(400, static_cast<char>('a' + day % 26));
+    s.store.InsertRecord(r);
+  }
+  const std::vector<std::uint8_t> made = s.store.BuildScheduleBytes();
+  ASSERT_GT(made.size(), 1u << 20);
+  EXPECT_EQ(s.SaveTo("pieces.scl"), made);
+}
+
 }  // namespace
 }  // namespace sched

@@ -123,6 +123,26 @@ bool WriteAll(int fd, std::span<const std::uint8_t> bytes) {
   return true;
 }
 
+// The bytes of a file going to its descriptor.
+class DescriptorSink : public FileSink {
+ public:
+  explicit DescriptorSink(int fd) : fd_(fd) {}
+  bool Append(std::span<const std::uint8_t> bytes) override { return WriteAll(fd_, bytes); }
+  bool WriteAt(std::uint64_t offset, std::span<const std::uint8_t> bytes) override {
+    while (!bytes.empty()) {
+      const ssize_t written = ::pwrite(fd_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+      if (written < 0 && errno == EINTR) continue;
+      if (written <= 0) return false;
+      bytes = bytes.subspan(static_cast<std::size_t>(written));
+      offset += static_cast<std::uint64_t>(written);
+    }
+    return true;
+  }
+
+ private:
+  int fd_;
+};
+
 // Makes a rename in the folder survive a power cut. The new file is in place already, so a
 // folder that cannot be flushed fails nothing.
 void FlushFolder(const std::string& folder) {
@@ -150,6 +170,10 @@ void RemoveLeftovers(const std::string& folder, const std::string& prefix) {
 }  // namespace
 
 bool WriteFileSafely(const std::string& path, std::span<const std::uint8_t> bytes) {
+  return WriteFileSafely(path, [bytes](FileSink& sink) { return sink.Append(bytes); });
+}
+
+bool WriteFileSafely(const std::string& path, const std::function<bool(FileSink&)>& write) {
   const std::optional<std::string> target = FollowLinks(path);
   if (!target) return false;
   const std::string_view name = SplitPath(*target).name;
@@ -171,7 +195,8 @@ bool WriteFileSafely(const std::string& path, std::span<const std::uint8_t> byte
   if (!fd.Valid()) return false;
   if (exists) KeepOwner(fd.Get(), old);
   const mode_t mode = exists ? (old.st_mode & 07777) : (0666 & ~CurrentUmask());
-  if (::fchmod(fd.Get(), mode) != 0 || !WriteAll(fd.Get(), bytes) || ::fsync(fd.Get()) != 0 ||
+  DescriptorSink sink(fd.Get());
+  if (::fchmod(fd.Get(), mode) != 0 || !write(sink) || ::fsync(fd.Get()) != 0 ||
       ::rename(temp.c_str(), target->c_str()) != 0) {
     ::unlink(temp.c_str());
     return false;

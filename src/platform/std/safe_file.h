@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 
@@ -18,6 +19,20 @@ namespace sched {
 //   were killed part-way.
 // Gives false on any failure, with the target untouched and no file of its own left behind.
 [[nodiscard]] bool WriteFileSafely(const std::string& path, std::span<const std::uint8_t> bytes);
+
+// Where the bytes of a file go as they are made: added at the end, or put over bytes given
+// before. False when the system refused them.
+class FileSink {
+ public:
+  virtual ~FileSink() = default;
+  [[nodiscard]] virtual bool Append(std::span<const std::uint8_t> bytes) = 0;
+  [[nodiscard]] virtual bool WriteAt(std::uint64_t offset, std::span<const std::uint8_t> bytes) = 0;
+};
+
+// The same for bytes made while they are written, so that a large file is not held whole in
+// memory: `write` gives them to the sink, and a false from it fails the write.
+[[nodiscard]] bool WriteFileSafely(const std::string& path,
+                                   const std::function<bool(FileSink&)>& write);
 
 // Creates an empty file that did not exist before, never through a link, readable by the user
 // only. Gives false when something of that name is already there.
