@@ -31,14 +31,7 @@ int WesternByte(char32_t cp) {
   return '?';
 }
 
-std::string WesternToUtf8(std::string_view bytes) {
-  std::size_t length = bytes.size();
-  for (char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x80) length += WesternCodePoint(byte) < 0x800 ? 1 : 2;
-  }
-  std::string out;
-  out.reserve(length);
+void AppendWesternUtf8(std::string& out, std::string_view bytes) {
   for (std::size_t pos = 0; pos < bytes.size(); ++pos) {
     const std::size_t high = FirstHigh(bytes, pos);
     out.append(bytes.substr(pos, high - pos));
@@ -46,7 +39,6 @@ std::string WesternToUtf8(std::string_view bytes) {
     AppendUtf8(out, WesternCodePoint(static_cast<unsigned char>(bytes[high])));
     pos = high;
   }
-  return out;
 }
 
 // The character at `pos` of Shift-JIS bytes, packed, moving `pos` behind it. A lead byte whose
@@ -63,12 +55,12 @@ std::uint32_t NextShiftJis(const ShiftJisTables& sjis, std::string_view bytes, s
   return packed != 0 ? packed : kReplacement;
 }
 
-std::string ShiftJisToUtf8(std::string_view bytes) {
+void AppendShiftJisUtf8(std::string& text, std::string_view bytes) {
   const ShiftJisTables& sjis = ShiftJisTables::Get();
   // A byte makes at most three bytes of UTF-8, and a character is stored with all three.
-  thread_local std::vector<char> scratch;
-  if (scratch.size() < 3 * bytes.size() + 1) scratch.resize(3 * bytes.size() + 1);
-  char* out = scratch.data();
+  const std::size_t start = text.size();
+  text.resize(start + 3 * bytes.size() + 1);
+  char* out = text.data() + start;
   for (std::size_t pos = 0; pos < bytes.size();) {
     if (static_cast<unsigned char>(bytes[pos]) < 0x80) {
       *out++ = bytes[pos++];
@@ -80,7 +72,7 @@ std::string ShiftJisToUtf8(std::string_view bytes) {
     out[2] = static_cast<char>(packed >> 16);
     out += packed >> 24;
   }
-  return std::string(scratch.data(), out);
+  text.resize(static_cast<std::size_t>(out - text.data()));
 }
 
 // The bytes of a character from U+0080 up: 0 for one the code page lacks.
@@ -140,8 +132,18 @@ bool IsAscii(std::string_view text) {
   return FirstHigh(text, 0) == text.size();
 }
 
+void AppendToUtf8(std::string& text, std::string_view bytes, CodePage page) {
+  if (page == CodePage::kJapanese) {
+    AppendShiftJisUtf8(text, bytes);
+  } else {
+    AppendWesternUtf8(text, bytes);
+  }
+}
+
 std::string ToUtf8(std::string_view bytes, CodePage page) {
-  return page == CodePage::kJapanese ? ShiftJisToUtf8(bytes) : WesternToUtf8(bytes);
+  std::string text;
+  AppendToUtf8(text, bytes, page);
+  return text;
 }
 
 std::string ToCodePage(std::string_view text, CodePage page) {

@@ -24,6 +24,8 @@ bool IsAscii(std::string_view text);
 // bytes to their C1 control code points. In Shift-JIS a lead byte without its trail byte, or a
 // pair the code page does not assign, becomes U+FFFD.
 std::string ToUtf8(std::string_view bytes, CodePage page);
+// The same, added at the end of `text`.
+void AppendToUtf8(std::string& text, std::string_view bytes, CodePage page);
 
 // The 8-bit form of UTF-8 text; characters the code page lacks, and malformed UTF-8, become '?'.
 std::string ToCodePage(std::string_view text, CodePage page);

@@ -54,14 +54,29 @@ constexpr std::array<bool, 256> kKeptBytes = [] {
   return kept;
 }();
 
-// A text of the file as the tables hold it: UTF-8, every line break CR LF, no tabs. Text that
-// needs no change is given as it stands in the file; else it is made in `scratch`.
+// A text of the file as the tables hold it: UTF-8, every line break CR LF, each tab a blank.
+// Text that needs no change is given as it stands in the file; else it is made in `scratch`,
+// in one pass. Tabs and line breaks are never part of a double-byte character, so the text
+// between them converts on its own.
 std::string_view TableText(std::string_view bytes, CodePage page, std::string& scratch) {
   const auto kept = [](char c) { return kKeptBytes[static_cast<unsigned char>(c)]; };
   if (std::all_of(bytes.begin(), bytes.end(), kept)) return bytes;
-  scratch = IsAscii(bytes) ? std::string(bytes) : ToUtf8(bytes, page);
-  const auto special = [](char c) { return c == '\t' || c == '\r' || c == '\n'; };
-  if (std::any_of(scratch.begin(), scratch.end(), special)) scratch = TabToBlank(LfToCrLf(scratch));
+  scratch.clear();
+  std::size_t run = 0;  // the start of the text not yet converted
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const char c = bytes[i];
+    if (c != '\t' && c != '\r' && c != '\n') continue;
+    AppendToUtf8(scratch, bytes.substr(run, i - run), page);
+    if (c == '\t') {
+      scratch += ' ';
+    } else {
+      // A CR, an LF or a CR LF.
+      scratch += "\r\n";
+      if (c == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') ++i;
+    }
+    run = i + 1;
+  }
+  if (run < bytes.size()) AppendToUtf8(scratch, bytes.substr(run), page);
   return scratch;
 }
 
