@@ -1,8 +1,7 @@
 #include <algorithm>
-#include <unordered_map>
-#include <unordered_set>
 
 #include "core/codepage.h"
+#include "core/radix_sort.h"
 #include "platform/std/safe_file.h"
 #include "store/chains.h"
 #include "store/schedule_store.h"
@@ -106,20 +105,33 @@ class SclWriter {
 
  private:
   // The first and last date and the lowest SubNo of every series with a repeating row or an
-  // item over several dates, over all its live rows.
+  // item over several dates, over all its live rows; the live rows are sorted by series.
   void CollectSeriesRanges() {
     const auto& list = t_.SchDatList;
     if (list.IsEmpty()) return;
+    std::vector<std::pair<std::uint64_t, int>> live;
+    live.reserve(static_cast<std::size_t>(list.Rows()));
     for (int row = 0; row < list.Rows(); ++row) {
-      const SchDatRow& r = list.At(row);
-      if (r.IsLive() && r.RepeatKind != 0) ranges_.try_emplace(r.Series());
+      if (list.At(row).IsLive()) live.emplace_back(list.At(row).Series().Packed(), row);
     }
-    if (ranges_.empty()) return;
-    for (int row = 0; row < list.Rows(); ++row) {
-      const SchDatRow& r = list.At(row);
-      if (!r.IsLive()) continue;
-      if (const auto range = ranges_.find(r.Series()); range != ranges_.end()) range->second.Add(r);
+    RadixSort(live, [](const auto& entry) { return entry.first; });
+    rangeOfRow_.assign(static_cast<std::size_t>(list.Rows()), -1);
+    for (std::size_t i = 0; i < live.size();) {
+      std::size_t end = i + 1;
+      while (end < live.size() && live[end].first == live[i].first) ++end;
+      const auto repeats = [&](const auto& entry) { return list.At(entry.second).RepeatKind != 0; };
+      if (std::any_of(live.begin() + static_cast<std::ptrdiff_t>(i),
+                      live.begin() + static_cast<std::ptrdiff_t>(end), repeats)) {
+        SeriesRange range;
+        for (std::size_t j = i; j < end; ++j) {
+          range.Add(list.At(live[j].second));
+          rangeOfRow_[static_cast<std::size_t>(live[j].second)] = static_cast<int>(ranges_.size());
+        }
+        ranges_.push_back(range);
+      }
+      i = end;
     }
+    monthWritten_.assign(ranges_.size(), -1);
   }
 
   std::int32_t WriteMonths(int firstMonth) {
@@ -131,7 +143,7 @@ class SclWriter {
       SclMonth month;
       month.Month = static_cast<std::uint16_t>(m.Month);
       month.DayHead = m.DayHead;
-      writtenSeries_.clear();
+      ++months_;
       lastMultiDay_ = -1;
       for (std::int32_t& head : month.DayHead) {
         if (head != -1) head = WriteDay(head, month);
@@ -158,9 +170,11 @@ class SclWriter {
     for (int row : DayChain(t_.SchDatList, head)) {
       const SchDatRow& r = t_.SchDatList.At(row);
       if (r.Deleted == kDeleted) continue;
-      const SeriesRange* range = r.RepeatKind != 0 ? &ranges_.at(r.Series()) : nullptr;
+      const int rangeIndex = rangeOfRow_[static_cast<std::size_t>(row)];
+      const SeriesRange* range =
+          rangeIndex != -1 ? &ranges_[static_cast<std::size_t>(rangeIndex)] : nullptr;
       if (r.RepeatKind == kMultiDayKind && range->firstCode != range->lastCode) {
-        WriteMultiDay(row, *range, month);
+        WriteMultiDay(row, rangeIndex, month);
         continue;
       }
       SchRecord rec = BuildDiskRecord(row);
@@ -182,9 +196,12 @@ class SclWriter {
     return first;
   }
 
-  void WriteMultiDay(int row, const SeriesRange& range, SclMonth& month) {
+  void WriteMultiDay(int row, int rangeIndex, SclMonth& month) {
     // Written once in a month.
-    if (!writtenSeries_.insert(t_.SchDatList.At(row).Series()).second) return;
+    int& written = monthWritten_[static_cast<std::size_t>(rangeIndex)];
+    if (written == months_) return;
+    written = months_;
+    const SeriesRange& range = ranges_[static_cast<std::size_t>(rangeIndex)];
     SchRecord rec = BuildDiskRecord(row);
     SetDate(range.firstCode, rec.Day, rec.Month, rec.Year);
     SetDate(range.lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
@@ -227,8 +244,10 @@ class SclWriter {
   ScheduleDocument& doc_;
   const SchDatCTL& t_;
   ByteWriter& out_;
-  std::unordered_map<SeriesKey, SeriesRange, SeriesKeyHash> ranges_;
-  std::unordered_set<SeriesKey, SeriesKeyHash> writtenSeries_;
+  std::vector<SeriesRange> ranges_;
+  std::vector<int> rangeOfRow_;    // the range of each live row of such a series, else -1
+  std::vector<int> monthWritten_;  // for each range, the month its item was last written in
+  int months_ = 0;                 // months written so far
   std::int32_t lastMultiDay_ = -1;
   std::uint16_t privateCount_ = 0;
 };
