@@ -16,7 +16,6 @@
 #include "platform/qt/qt_registry.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_sound_player.h"
-#include "platform/std/huge_pages.h"
 #include "platform/std/system_clock.h"
 #include "shell/install.h"
 #include "ui/device_file_dialog.h"
@@ -38,7 +37,6 @@ sched::InstallSource UserInstallSource() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  sched::StartWithHugePages(argv);
   QApplication application(argc, argv);
   QApplication::setApplicationName("Scheduler");
   QApplication::setOrganizationName("Sorvane");

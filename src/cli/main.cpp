@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "cli/verb.h"
-#include "platform/std/huge_pages.h"
 
 namespace {
 
@@ -59,6 +58,5 @@ int Run(const std::vector<std::string>& args) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  sched::StartWithHugePages(argv);
   return Run(std::vector<std::string>(argv + 1, argv + argc));
 }

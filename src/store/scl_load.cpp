@@ -1,6 +1,6 @@
 #include <algorithm>
-#include <array>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <span>
 #include <string>
@@ -45,22 +45,35 @@ class ClaimedBytes {
   std::vector<std::uint64_t> words_;
 };
 
-// Whether a byte of the file's text is the same in the tables: ASCII other than a tab or a
-// line break.
-constexpr std::array<bool, 256> kKeptBytes = [] {
-  std::array<bool, 256> kept{};
-  for (int c = 0; c < 0x80; ++c) kept[static_cast<std::size_t>(c)] = true;
-  for (const char c : {'\t', '\r', '\n'}) kept[static_cast<std::size_t>(c)] = false;
-  return kept;
-}();
+// Whether the file's text is the same in the tables: ASCII without a tab or a line break.
+// Eight bytes are looked at a time, as most texts are plain.
+bool IsPlainText(std::string_view bytes) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  constexpr std::uint64_t kHigh = 0x8080808080808080;
+  // Whether one of the eight bytes of `word` is `byte`.
+  const auto holds = [](std::uint64_t word, unsigned char byte) {
+    const std::uint64_t x = word ^ (kOnes * byte);
+    return ((x - kOnes) & ~x & kHigh) != 0;
+  };
+  std::size_t i = 0;
+  for (; i + 8 <= bytes.size(); i += 8) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes.data() + i, sizeof word);
+    if ((word & kHigh) != 0 || holds(word, '\t') || holds(word, '\r') || holds(word, '\n')) {
+      return false;
+    }
+  }
+  return std::none_of(bytes.begin() + static_cast<std::ptrdiff_t>(i), bytes.end(), [](char c) {
+    return (c & 0x80) != 0 || c == '\t' || c == '\r' || c == '\n';
+  });
+}
 
 // A text of the file as the tables hold it: UTF-8, every line break CR LF, each tab a blank.
 // Text that needs no change is given as it stands in the file; else it is made in `scratch`,
 // in one pass. Tabs and line breaks are never part of a double-byte character, so the text
 // between them converts on its own.
 std::string_view TableText(std::string_view bytes, CodePage page, std::string& scratch) {
-  const auto kept = [](char c) { return kKeptBytes[static_cast<unsigned char>(c)]; };
-  if (std::all_of(bytes.begin(), bytes.end(), kept)) return bytes;
+  if (IsPlainText(bytes)) return bytes;
   scratch.clear();
   std::size_t run = 0;  // the start of the text not yet converted
   for (std::size_t i = 0; i < bytes.size(); ++i) {
