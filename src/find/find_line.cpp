@@ -9,7 +9,7 @@ namespace sched {
 namespace {
 
 std::string TimeText(int minutes) {
-  return TwelveHourTime(minutes / 60, minutes % 60, false, " AM", " PM");
+  return TwelveHourTime(minutes / 60, minutes % 60, false, "am", "pm");
 }
 
 bool HoldsAnyWord(std::string_view text, const std::vector<std::string>& words) {
@@ -62,7 +62,7 @@ FindLine DescribeResult(const FindModel& model, const FindResult& result) {
   const std::vector<std::string>& words = model.Words();
   FindLine line;
   line.date = DateOfCode(result.dateCode);
-  line.time = row.StartTime < 0 ? "All day" : TimeText(row.StartTime) + "-" + TimeText(row.EndTime);
+  line.time = row.StartTime < 0 ? "Allday" : TimeText(row.StartTime) + "-" + TimeText(row.EndTime);
   line.title = texts.Title;
   line.place = texts.Place;
   if (HoldsAnyWord(texts.Title, words)) line.foundIn |= kFoundInTitle;

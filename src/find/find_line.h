@@ -15,7 +15,7 @@ inline constexpr int kFoundInMemo = 4;
 // What the list of results shows of one item.
 struct FindLine {
   CivilDate date;
-  std::string time;  // "9:00 AM-10:30 AM", or "All day"
+  std::string time;  // "9:00am-10:30am", or "Allday", as the lists write it
   std::string title;
   std::string place;
   int foundIn = 0;       // kFoundInTitle | kFoundInPlace | kFoundInMemo
