@@ -111,6 +111,13 @@ void FoldedTexts::Sync(const SchDatCTL& tables) {
     rowEntry_[at] = AddEntry(list.Texts(r));
     ++unused_;
   }
+  if (rowEntry_.capacity() < static_cast<std::size_t>(rows)) {
+    // Room for the rows of many edits to come, without doubling the copy's row vectors.
+    const auto room = static_cast<std::size_t>(rows + rows / 16 + 256);
+    rowEntry_.reserve(room);
+    rowHandle_.reserve(room);
+    rowItem_.reserve(room);
+  }
   for (int row = Rows(); row < rows; ++row) {
     const SchDatRow& r = list.At(row);
     const RowTexts texts = list.Texts(r);
