@@ -32,6 +32,23 @@ Out Converted(std::size_t guess, Convert convert) {
   return out;
 }
 
+// Letters of Latin scripts that carry their stroke or ligature within them, so that no
+// decomposition takes it off: what a user types for them.
+const char16_t* PlainLetters(UChar32 c) {
+  switch (c) {
+    case u'ø': return u"o";
+    case u'æ': return u"ae";
+    case u'œ': return u"oe";
+    case u'ł': return u"l";
+    case u'đ': return u"d";
+    case u'ħ': return u"h";
+    case u'ı': return u"i";
+    case u'ŧ': return u"t";
+    case u'þ': return u"th";
+    default: return nullptr;
+  }
+}
+
 }  // namespace
 
 std::string FoldForSearch(std::string_view text) {
@@ -62,7 +79,7 @@ std::string FoldForSearch(std::string_view text) {
         return unorm2_normalize(nfd, cased.data(), static_cast<int32_t>(cased.size()), to, room,
                                 error);
       });
-  // The marks that NFD took off their letters.
+  // Off with the marks that NFD took off their letters.
   std::u16string bare;
   bare.reserve(decomposed.size());
   const auto size = static_cast<int32_t>(decomposed.size());
@@ -70,7 +87,12 @@ std::string FoldForSearch(std::string_view text) {
     const int32_t start = at;
     UChar32 c = 0;
     U16_NEXT(decomposed.data(), at, size, c);
-    if (u_charType(c) != U_NON_SPACING_MARK) bare.append(decomposed, start, at - start);
+    if (u_charType(c) == U_NON_SPACING_MARK) continue;
+    if (const char16_t* plain = PlainLetters(c)) {
+      bare += plain;
+    } else {
+      bare.append(decomposed, start, at - start);
+    }
   }
   return Converted<std::string>(bare.size() * 3, [&](char* to, int32_t room, UErrorCode* error) {
     int32_t written = 0;

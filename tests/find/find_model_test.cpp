@@ -50,6 +50,10 @@ struct Schedule : FakeStore {
     team.RepeatKind = static_cast<std::int16_t>(BuildRepeatWord(kOptionWeekly, {1, 2}));
     InsertSeries(store, team, 5, 14);
     InsertSpan(store, {2026, 7, 1}, 3, "Trip to Lyon", ItemStamp(2026, 7, 1, 0, 0, "trip"));
+    // The trip's three rows take a place.
+    SchDatTable& list = doc.Tables.SchDatList;
+    for (int row = list.Rows() - 3; row < list.Rows(); ++row)
+      list.SetTexts(list.At(row), {"Trip to Lyon", "ØRESUND Ærodrome", "", ""});
   }
 };
 
