@@ -72,14 +72,16 @@ std::string FoldForSearch(std::string_view text) {
         return u_strFoldCase(to, room, utf16.data(), length, U_FOLD_CASE_DEFAULT, status);
       });
   UErrorCode status = U_ZERO_ERROR;
-  const UNormalizer2* nfd = unorm2_getNFDInstance(&status);
+  // The compatibility decomposition also makes full-width and half-width forms and ligatures
+  // ("ﬁ") the letters they stand for.
+  const UNormalizer2* nfkd = unorm2_getNFKDInstance(&status);
   if (U_FAILURE(status)) return std::string(text);
   const auto decomposed = Converted<std::u16string>(
       cased.size() * 2 + 8, [&](UChar* to, int32_t room, UErrorCode* error) {
-        return unorm2_normalize(nfd, cased.data(), static_cast<int32_t>(cased.size()), to, room,
+        return unorm2_normalize(nfkd, cased.data(), static_cast<int32_t>(cased.size()), to, room,
                                 error);
       });
-  // Off with the marks that NFD took off their letters.
+  // Off with the marks that the decomposition took off their letters.
   std::u16string bare;
   bare.reserve(decomposed.size());
   const auto size = static_cast<int32_t>(decomposed.size());
