@@ -59,6 +59,7 @@ extern const Verb kImportCsvVerb;
 extern const Verb kExportCsvVerb;
 extern const Verb kExportIcsVerb;
 extern const Verb kImportIcsVerb;
+extern const Verb kFindVerb;
 
 // Every verb, in the order the usage lists them.
 std::span<const Verb* const> Verbs();

@@ -27,6 +27,7 @@ enum class CommandId {
   WeekHolidays,
   DayHolidays,
   Today,
+  Find,
   // Delete
   DeleteMonth,
   DeleteYear,

@@ -95,6 +95,8 @@ std::vector<MenuEntry> EditEntries() {
                                     Entry("DelSchDat", "&Delete", Delete),
                                     Separator()};
   AddHolidayEntries(entries, "Hctl", "Wdsp", "Ydsp");
+  entries.push_back(Separator());
+  entries.push_back(Entry("FindSchdat", "&Find...", Find, StandardKey::Find));
   return entries;
 }
 
@@ -186,6 +188,7 @@ const std::vector<ToolButtonDefinition>& ToolbarTable() {
       {},
       {"SclAdd", "Add a schedule", Add},
       {"SclDel", "Delete the selected schedule", Delete},
+      {"Find", "Find in the whole schedule", Find},
       {},
       {"Subject", "Edit the word lists", WordLists},
       {"Print", "Print", Print},

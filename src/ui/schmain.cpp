@@ -55,6 +55,7 @@ QKeySequence StandardSequence(StandardKey key) {
     case StandardKey::Save: return QKeySequence::Save;
     case StandardKey::Print: return QKeySequence::Print;
     case StandardKey::HelpContents: return QKeySequence::HelpContents;
+    case StandardKey::Find: return QKeySequence::Find;
     case StandardKey::None: break;
   }
   return {};
@@ -136,6 +137,7 @@ void SchMain::BindWindowCommands() {
   c.Bind(CommandId::DayHolidays, [this] { ShowDayHolidayDialog(); });
   c.Bind(CommandId::SelectCountry, [this] { SelectHolidayInfo_Click(); });
   c.Bind(CommandId::Today, [this] { GoToday(); });
+  c.Bind(CommandId::Find, [this] { ShowFindPanel(); });
   c.Bind(CommandId::AutoEditAlarm, [] {});  // only its check mark flips
   c.Bind(CommandId::RingAlarm,
          [this] { s_.alarms.BeepAlarm = ActionOf(CommandId::RingAlarm)->isChecked(); });

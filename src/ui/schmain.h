@@ -36,6 +36,8 @@ class CalendarViews;
 class DocumentCommands;
 class MonthTab;
 class DayTab;
+class FindPanel;
+struct FindResult;
 class SchDT;
 class TabCorner;
 
@@ -85,6 +87,7 @@ class SchMain : public QMainWindow, public DocumentView {
   QLabel* Label6() const { return label6_; }
   QMenu* Popup(const QString& name) const { return popups_.value(name).menu; }
   QPushButton* TodayButton() const { return ComToday; }
+  FindPanel* FindPanelShown() const { return findPanel_; }
 
   // Starts the clock of the date frame: the first tick comes after a minute, or after three
   // seconds in the last minute of the day.
@@ -152,6 +155,9 @@ class SchMain : public QMainWindow, public DocumentView {
   void LayoutViews();
   void UpdateListFrame();
   void ShowScheduleListDialog();
+  // "&Find...": the find panel, made when first asked for; a found item is shown on the day tab.
+  void ShowFindPanel();
+  void GoToFound(const FindResult& result);
   double ViewDpi() const;
   void ShowAbout();
   // Runs a dialog of the window with alarm notices held back until it closes.
@@ -189,6 +195,7 @@ class SchMain : public QMainWindow, public DocumentView {
   QLabel* label6_ = nullptr;
   QWidget* monthBar_ = nullptr;
   TabCorner* corner_ = nullptr;
+  FindPanel* findPanel_ = nullptr;
 
   QToolBar* Toolbar1 = nullptr;
   QMenu* PcLink = nullptr;

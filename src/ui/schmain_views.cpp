@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "ui/day_tab.h"
+#include "ui/find_panel.h"
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
 #include "ui/schmain.h"
@@ -78,6 +79,27 @@ void SchMain::ShowViews() {
   UpdateListFrame();
   ShowScheduleListDialog();
   ShowMenus();
+  if (findPanel_ != nullptr) findPanel_->Refresh();
+}
+
+void SchMain::ShowFindPanel() {
+  if (findPanel_ == nullptr) {
+    findPanel_ = new FindPanel(
+        *doc_, s_.dates, [this](const FindResult& result) { GoToFound(result); }, this);
+    addDockWidget(Qt::BottomDockWidgetArea, findPanel_);
+    // A third of the window, the rest left to the tabs.
+    resizeDocks({findPanel_}, {height() / 3}, Qt::Vertical);
+  }
+  findPanel_->Open();
+}
+
+void SchMain::GoToFound(const FindResult& result) {
+  HideScheduleList();
+  if (SSTab1->currentIndex() != 1) SSTab1->setCurrentIndex(1);
+  s_.views.ShowDate(DateOfCode(result.dateCode));
+  s_.views.SelectDayRow(result.row);
+  ShowViews();
+  dayTab_->List1()->setFocus();
 }
 
 void SchMain::ShowScheduleListDialog() {

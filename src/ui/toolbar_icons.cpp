@@ -122,6 +122,15 @@ void DrawPrinter(QPainter& p) {
   p.drawEllipse(QPointF(18.5, 12), 1, 1);
 }
 
+// A magnifying glass over a line of text.
+void DrawMagnifier(QPainter& p) {
+  p.setPen(QPen(kInk, 3, Qt::SolidLine, Qt::RoundCap));
+  p.drawLine(QPointF(14.5, 14.5), QPointF(20.5, 20.5));
+  p.setPen(QPen(kInk, 1.8));
+  p.setBrush(QColor(0xd6, 0xe9, 0xf7));
+  p.drawEllipse(QPointF(10, 10), 6.5, 6.5);
+}
+
 class DrawnIconEngine : public QIconEngine {
  public:
   explicit DrawnIconEngine(QString key) : key_(std::move(key)) {}
@@ -169,6 +178,8 @@ class DrawnIconEngine : public QIconEngine {
       DrawBook(p);
     } else if (key_ == "Print") {
       DrawPrinter(p);
+    } else if (key_ == "Find") {
+      DrawMagnifier(p);
     }
   }
 
