@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Whole-process timings on a schedule of years of real use: every run is a fresh process that
 # reads the file from the page cache, as a user's command does. Prints the median wall time and
-# the median peak memory of `scltool resave` and `scltool info`, on a schedule of English texts
-# and on one of Japanese texts in the Japanese code page, and, when the window is built, the
-# time the window takes to open the English one and paint it.
+# the median peak memory of `scltool resave`, `scltool info` and `scltool dump`, on a schedule of
+# English texts and on one of Japanese texts in the Japanese code page, and, when the window is
+# built, the time the window takes to open the English one and paint it. Beside them, in the same
+# run: a plain `cp` of the file, and libical parsing the same schedule written as iCalendar by
+# the data link's bridge (what a libical-based calendar pays to open it), with the ratios.
 #
 # usage: bench/cold_bench.sh [BUILD_DIR] [RUNS]
 # Needs make_schedule and scltool built in BUILD_DIR (default build), and /usr/bin/time; the
@@ -49,8 +51,20 @@ report() {
     'BEGIN {printf "%-16s %8d %10.1f %12.2f\n", n, ms, kb / 1024, kb / file}'
 }
 scltool="$build/src/cli/scltool"
+report "cp" "$file" cp "$file" "$work/copy.scl"
 report "scltool resave" "$file" "$scltool" resave "$file" "$work/out.scl"
 report "scltool info" "$file" "$scltool" info "$file"
+report "scltool dump" "$file" "$scltool" dump "$file"
+if [ -x "$build/bench/ical_parse" ]; then
+  "$scltool" export-ics "$file" "$work/schedule.ics"
+  report "libical parse" "$work/schedule.ics" "$build/bench/ical_parse" "$work/schedule.ics"
+  read -r cp_ms _ < <(measure cp "$file" "$work/copy.scl")
+  read -r resave_ms _ < <(measure "$scltool" resave "$file" "$work/out.scl")
+  read -r info_ms _ < <(measure "$scltool" info "$file")
+  read -r ical_ms _ < <(measure "$build/bench/ical_parse" "$work/schedule.ics")
+  awk -v i="$info_ms" -v l="$ical_ms" -v r="$resave_ms" -v c="$cp_ms" 'BEGIN {
+    printf "info / libical parse: %.2f (target 0.2); resave / cp: %.1f (target 10)\n", i / l, r / c}'
+fi
 echo "Japanese texts: $(($(stat -c %s "$japanese") / 1048576)) MB"
 report "scltool resave" "$japanese" "$scltool" resave "$japanese" "$work/out.scl" --code-page 932
 report "scltool info" "$japanese" "$scltool" info "$japanese" --code-page 932

@@ -36,8 +36,13 @@ SchDatRow BuildRecordLine(SchDatTable& list, const SchRecord& record) {
 }
 
 SchRecord RowToRecord(const SchDatTable& list, int row) {
-  const SchDatRow& r = list.At(row);
   SchRecord rec;
+  CopyRowToRecord(list, row, rec);
+  return rec;
+}
+
+void CopyRowToRecord(const SchDatTable& list, int row, SchRecord& rec) {
+  const SchDatRow& r = list.At(row);
   rec.Day = r.Day;
   rec.Month = r.Month;
   rec.Year = r.Year;
@@ -60,7 +65,6 @@ SchRecord RowToRecord(const SchDatTable& list, int row) {
   rec.AlarmOn = r.AlarmOn;
   rec.AlarmSound = texts.AlarmSound;
   rec.AlarmLead = r.AlarmLead;
-  return rec;
 }
 
 void ScheduleStore::InsertRecord(const SchRecord& record) {

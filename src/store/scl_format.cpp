@@ -61,14 +61,12 @@ std::array<std::uint8_t, 4> LittleEndian(std::int32_t value) {
 }  // namespace
 
 void ByteWriter::U16(std::uint16_t value) {
-  const std::array<std::uint8_t, 2> bytes = {static_cast<std::uint8_t>(value & 0xFF),
-                                             static_cast<std::uint8_t>(value >> 8)};
-  bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
+  bytes_.push_back(static_cast<std::uint8_t>(value & 0xFF));
+  bytes_.push_back(static_cast<std::uint8_t>(value >> 8));
 }
 
 void ByteWriter::I32(std::int32_t value) {
-  const auto bytes = LittleEndian(value);
-  bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
+  for (const std::uint8_t byte : LittleEndian(value)) bytes_.push_back(byte);
 }
 
 void ByteWriter::PatchI32(std::int32_t offset, std::int32_t value) {

@@ -177,7 +177,7 @@ class SclWriter {
         WriteMultiDay(row, rangeIndex, month);
         continue;
       }
-      SchRecord rec = BuildDiskRecord(row);
+      SchRecord& rec = BuildDiskRecord(row);
       if (r.RepeatKind != 0 && r.RepeatKind != kMultiDayKind) {
         SetDate(range->firstCode, rec.Day, rec.Month, rec.Year);
         SetDate(range->lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
@@ -202,7 +202,7 @@ class SclWriter {
     if (written == months_) return;
     written = months_;
     const SeriesRange& range = ranges_[static_cast<std::size_t>(rangeIndex)];
-    SchRecord rec = BuildDiskRecord(row);
+    SchRecord& rec = BuildDiskRecord(row);
     SetDate(range.firstCode, rec.Day, rec.Month, rec.Year);
     SetDate(range.lastCode, rec.EndDay, rec.EndMonth, rec.EndYear);
     rec.SubNo = static_cast<std::int16_t>(range.lowestSubNo);
@@ -220,16 +220,18 @@ class SclWriter {
 
   // The record of a row as the file holds it: 8-bit text, memo lines ending in LF alone, the
   // private flag replaced by the device's private level.
-  SchRecord BuildDiskRecord(int row) {
+  // The record is made in one place for every row, so that its texts keep their room.
+  SchRecord& BuildDiskRecord(int row) {
     const SchDatRow& r = t_.SchDatList.At(row);
-    SchRecord rec = RowToRecord(t_.SchDatList, row);
+    SchRecord& rec = disk_;
+    CopyRowToRecord(t_.SchDatList, row, rec);
     if (r.Private != 0) {
       rec.Private = doc_.PrivateLevel;
       ++privateCount_;
     } else {
       rec.Private = 0;
     }
-    rec.Memo = StripCR(rec.Memo);
+    std::erase(rec.Memo, '\r');
     for (std::string* text : {&rec.Title, &rec.Place, &rec.Memo, &rec.AlarmSound}) {
       ToFileText(*text, doc_.FileCodePage);
     }
@@ -248,6 +250,7 @@ class SclWriter {
   std::vector<int> rangeOfRow_;    // the range of each live row of such a series, else -1
   std::vector<int> monthWritten_;  // for each range, the month its item was last written in
   int months_ = 0;                 // months written so far
+  SchRecord disk_;                 // the record of the row being written
   std::int32_t lastMultiDay_ = -1;
   std::uint16_t privateCount_ = 0;
 };
