@@ -182,23 +182,33 @@ void WriteText(ByteWriter& out, const std::string& bytes) {
 }  // namespace
 
 void WriteRecord(ByteWriter& out, const SchRecord& record) {
-  out.I32(record.Prev);
-  out.I32(record.Next);
-  out.U8(record.Day);
-  out.U8(record.Month);
-  out.U16(record.Year);
-  out.U8(record.EndDay);
-  out.U8(record.EndMonth);
-  out.U16(record.EndYear);
-  out.I16(record.StartTime);
-  out.I16(record.EndTime);
-  out.I16(record.SubNo);
-  out.I32(record.Stamp);
-  out.I16(record.ParentSubNo);
-  out.I32(record.ParentStamp);
-  out.I16(record.RepeatKind);
-  out.I16(record.Private);
-  out.I16(record.VarLen);
+  // The fixed part is put together first and added at once.
+  std::array<std::uint8_t, kRecordFixedSize> fixed{};
+  std::size_t at = 0;
+  const auto put = [&](auto value) {
+    const auto bits = static_cast<std::uint32_t>(value);
+    for (std::size_t i = 0; i < sizeof value; ++i) {
+      fixed[at++] = static_cast<std::uint8_t>(bits >> (8 * i));
+    }
+  };
+  put(record.Prev);
+  put(record.Next);
+  put(record.Day);
+  put(record.Month);
+  put(record.Year);
+  put(record.EndDay);
+  put(record.EndMonth);
+  put(record.EndYear);
+  put(record.StartTime);
+  put(record.EndTime);
+  put(record.SubNo);
+  put(record.Stamp);
+  put(record.ParentSubNo);
+  put(record.ParentStamp);
+  put(record.RepeatKind);
+  put(record.Private);
+  put(record.VarLen);
+  out.Bytes({reinterpret_cast<const char*>(fixed.data()), fixed.size()});
   WriteText(out, record.Title);
   WriteText(out, record.Place);
   WriteText(out, record.Memo);
