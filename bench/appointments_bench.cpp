@@ -96,7 +96,7 @@ class SeriesDocument : public BenchDocument {
   // Delete on a line of the series, answered Yes: every occurrence goes.
   bool DeleteSeries() {
     DeleteCommands commands(store_, messages_, dates_);
-    return commands.DeleteSelection({SeriesRows(doc_.Tables, Key()).front()});
+    return commands.DeleteSelection({*SeriesRows(doc_.Tables, Key()).begin()});
   }
   // The series' rows live again, as before the delete.
   void UndeleteSeries() {

@@ -158,7 +158,7 @@ void DeleteCommands::BulkRemoveRow(int row, BulkRun& run) {
 
 void DeleteCommands::RepairSeriesEnds(const SeriesKey& series) {
   auto& list = store_.Document().Tables.SchDatList;
-  const std::vector<int>& rows = SeriesRows(store_.Document().Tables, series);
+  const RowList rows = SeriesRows(store_.Document().Tables, series);
   // The last remaining row: the highest SubNo, and of rows sharing one SubNo (the days of an
   // item over several dates read from a file) the latest date.
   const SchDatRow* last = nullptr;

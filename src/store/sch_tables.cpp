@@ -210,12 +210,12 @@ int FindMonthRow(const SchDatCTL& ctl, int yearRow, int month) {
   return -1;
 }
 
-const std::vector<int>& SeriesRows(const SchDatCTL& ctl, const SeriesKey& key) {
+RowList SeriesRows(const SchDatCTL& ctl, const SeriesKey& key) {
   ctl.Series.Sync(ctl.SchDatList, [](const SchDatRow& row) { return row.Series(); });
   return ctl.Series.RowsOf(key);
 }
 
-const std::vector<int>& StampRows(const SchDatCTL& ctl, std::int32_t stamp) {
+RowList StampRows(const SchDatCTL& ctl, std::int32_t stamp) {
   ctl.Stamps.Sync(ctl.SchDatList, [](const SchDatRow& row) { return row.Stamp; });
   return ctl.Stamps.RowsOf(stamp);
 }

@@ -156,8 +156,8 @@ struct SchDatCTL {
 
 // The rows of a series, and the rows that hold a stamp, deleted ones included; the index first
 // takes in the rows added since it was last asked.
-const std::vector<int>& SeriesRows(const SchDatCTL& ctl, const SeriesKey& key);
-const std::vector<int>& StampRows(const SchDatCTL& ctl, std::int32_t stamp);
+RowList SeriesRows(const SchDatCTL& ctl, const SeriesKey& key);
+RowList StampRows(const SchDatCTL& ctl, std::int32_t stamp);
 
 // Empties the four tables and sets the counters to 0.
 void ClearTables(SchDatCTL& ctl);

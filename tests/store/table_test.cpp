@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "store/sch_tables.h"
 
 namespace sched {
@@ -42,6 +44,40 @@ TEST(Table, CellNumberReadsLikeTheCellsAreRead) {
   EXPECT_EQ(CellNumber("12abc"), 12);
   EXPECT_EQ(CellNumber("-2147483648"), INT32_MIN);
   EXPECT_EQ(CellNumber("3221225472"), static_cast<std::int32_t>(0xC0000000u));
+}
+
+// The stamp index answers as a scan of the table would, in row order, while rows are added
+// one by one (waiting to be sorted in), in bulk (sorted in at once), and after a change that
+// is not an append (built anew).
+TEST(RowIndex, AnswersAsAScanOfTheRowsWhileTheyAreAdded) {
+  SchDatCTL ctl;
+  std::mt19937 random(7);
+  const auto check = [&](const char* when) {
+    for (std::int32_t stamp = -3; stamp < 40; ++stamp) {
+      std::vector<int> scanned;
+      for (int row = 0; row < ctl.SchDatList.Rows(); ++row) {
+        if (ctl.SchDatList.At(row).Stamp == stamp) scanned.push_back(row);
+      }
+      const RowList found = StampRows(ctl, stamp);
+      ASSERT_EQ(std::vector<int>(found.begin(), found.end()), scanned) << when << " " << stamp;
+    }
+  };
+  const auto add = [&](int rows) {
+    for (int i = 0; i < rows; ++i) {
+      SchDatRow row;
+      row.Stamp = static_cast<std::int32_t>(random() % 43) - 3;
+      ctl.SchDatList.Append(row);
+    }
+  };
+  add(3000);
+  check("in bulk");
+  for (int i = 0; i < 1500; ++i) {
+    add(1);
+    if (i % 100 == 0) check("one by one");
+  }
+  check("sorted in");
+  ctl.SchDatList.SetCell(5, kColStamp, "17");
+  check("after a change");
 }
 
 }  // namespace
