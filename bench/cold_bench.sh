@@ -22,20 +22,7 @@ japanese="$work/japanese.scl"
 "$build/bench/make_schedule" "$file"
 "$build/bench/make_schedule" "$japanese" --japanese
 
-median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
-
-# Runs the command `runs` times; prints "median_ms median_peak_kb".
-measure() {
-  local times=() peaks=() start end
-  for ((i = 0; i < runs; i++)); do
-    start=$(date +%s%N)
-    /usr/bin/time -f %M -o "$work/peak" "$@" >/dev/null
-    end=$(date +%s%N)
-    times+=($(((end - start) / 1000000)))
-    peaks+=("$(tail -n 1 "$work/peak")")
-  done
-  echo "$(printf '%s\n' "${times[@]}" | median) $(printf '%s\n' "${peaks[@]}" | median)"
-}
+. bench/measure.sh
 
 size_kb=$(($(stat -c %s "$file") / 1024))
 echo "Schedule: $((size_kb / 1024)) MB, $("$build/src/cli/scltool" info "$file" |
@@ -46,22 +33,23 @@ printf '%-16s %8s %10s %12s\n' command ms peak_MB peak/file
 report() {
   local name=$1 file_kb=$(($(stat -c %s "$2") / 1024)) ms kb
   shift 2
-  read -r ms kb < <(measure "$@")
+  read -r ms kb < <(measure - "$@")
+  last_ms=$ms
   awk -v n="$name" -v ms="$ms" -v kb="$kb" -v file="$file_kb" \
     'BEGIN {printf "%-16s %8d %10.1f %12.2f\n", n, ms, kb / 1024, kb / file}'
 }
 scltool="$build/src/cli/scltool"
 report "cp" "$file" cp "$file" "$work/copy.scl"
+cp_ms=$last_ms
 report "scltool resave" "$file" "$scltool" resave "$file" "$work/out.scl"
+resave_ms=$last_ms
 report "scltool info" "$file" "$scltool" info "$file"
+info_ms=$last_ms
 report "scltool dump" "$file" "$scltool" dump "$file"
 if [ -x "$build/bench/ical_parse" ]; then
   "$scltool" export-ics "$file" "$work/schedule.ics"
   report "libical parse" "$work/schedule.ics" "$build/bench/ical_parse" "$work/schedule.ics"
-  read -r cp_ms _ < <(measure cp "$file" "$work/copy.scl")
-  read -r resave_ms _ < <(measure "$scltool" resave "$file" "$work/out.scl")
-  read -r info_ms _ < <(measure "$scltool" info "$file")
-  read -r ical_ms _ < <(measure "$build/bench/ical_parse" "$work/schedule.ics")
+  ical_ms=$last_ms
   awk -v i="$info_ms" -v l="$ical_ms" -v r="$resave_ms" -v c="$cp_ms" 'BEGIN {
     printf "info / libical parse: %.2f (target 0.2); resave / cp: %.1f (target 10)\n", i / l, r / c}'
 fi
@@ -79,6 +67,6 @@ export HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_DATA_HOME="$wo
 export QT_QPA_PLATFORM=offscreen SCHEDULER_SCREENSHOT="$work/window.png"
 mkdir -p "$HOME"
 "$setup" >/dev/null
-read -r ms kb < <(measure "$app" "$file")
+read -r ms kb < <(measure - "$app" "$file")
 awk -v ms="$ms" -v kb="$kb" \
   'BEGIN {printf "%-16s %8d %10.1f   (open and paint, the 1500 ms wait left out)\n", "window", ms - 1500, kb / 1024}'

@@ -19,26 +19,16 @@ trap 'rm -rf "$work"' EXIT
 "$build/bench/make_schedule" "$work/schedule.scl" "$rows"
 "$scltool" export-csv "$work/schedule.scl" "$work/schedule.csv"
 
-median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
-
-# The median wall time in ms of `runs` runs of the command.
-measure() {
-  local times=() start end
-  for ((i = 0; i < runs; i++)); do
-    start=$(date +%s%N)
-    "$@" >/dev/null
-    end=$(date +%s%N)
-    times+=($(((end - start) / 1000000)))
-  done
-  printf '%s\n' "${times[@]}" | median
-}
+. bench/measure.sh
+# The median wall time in ms of the command.
+ms_of() { measure - "$@" | cut -d' ' -f1; }
 
 echo "Schedule: $("$scltool" info "$work/schedule.scl" | sed -n 's/^Rows (one a day of each item): //p') rows," \
   "$(($(stat -c %s "$work/schedule.scl") / 1024)) KB; CSV $(($(stat -c %s "$work/schedule.csv") / 1024)) KB;" \
   "median of $runs runs"
-resave=$(measure "$scltool" resave "$work/schedule.scl" "$work/out.scl")
-export=$(measure "$scltool" export-csv "$work/schedule.scl" "$work/out.csv")
-import=$(measure "$scltool" import-csv "$work/schedule.csv" "$work/in.scl")
+resave=$(ms_of "$scltool" resave "$work/schedule.scl" "$work/out.scl")
+export=$(ms_of "$scltool" export-csv "$work/schedule.scl" "$work/out.csv")
+import=$(ms_of "$scltool" import-csv "$work/schedule.csv" "$work/in.scl")
 printf '%-20s %8s %8s\n' command ms ratio
 for line in "scltool resave:$resave" "scltool export-csv:$export" "scltool import-csv:$import"; do
   awk -v n="${line%%:*}" -v ms="${line##*:}" -v base="$resave" \

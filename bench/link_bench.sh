@@ -23,23 +23,7 @@ calendar="$work/calendar.ics"
 "$build/bench/make_schedule" "$schedule"
 "$scltool" export-ics "$schedule" "$calendar" >/dev/null
 
-median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
-
-# measure FRESH COMMAND...: runs the command `runs` times, FRESH (a file, or "-" for none)
-# removed before each run; prints "median_ms median_peak_kb".
-measure() {
-  local fresh=$1 times=() peaks=() start end
-  shift
-  for ((i = 0; i < runs; i++)); do
-    [ "$fresh" = - ] || rm -f "$fresh"
-    start=$(date +%s%N)
-    /usr/bin/time -f %M -o "$work/peak" "$@" >/dev/null
-    end=$(date +%s%N)
-    times+=($(((end - start) / 1000000)))
-    peaks+=("$(tail -n 1 "$work/peak")")
-  done
-  echo "$(printf '%s\n' "${times[@]}" | median) $(printf '%s\n' "${peaks[@]}" | median)"
-}
+. bench/measure.sh
 
 mb() { awk -v b="$(stat -c %s "$1")" 'BEGIN {printf "%.1f MB", b / 1048576}'; }
 echo "Schedule: $(mb "$schedule"), $("$scltool" info "$schedule" |

@@ -17,23 +17,11 @@ scltool="$build/src/cli/scltool"
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
-# Runs the command `runs` times; prints "median_ms median_peak_kb".
-measure() {
-  local times=() peaks=() start end
-  for ((i = 0; i < runs; i++)); do
-    start=$(date +%s%N)
-    /usr/bin/time -f %M -o "$work/peak" "$@" >/dev/null
-    end=$(date +%s%N)
-    times+=($(((end - start) / 1000000)))
-    peaks+=("$(tail -n 1 "$work/peak")")
-  done
-  echo "$(printf '%s\n' "${times[@]}" | median) $(printf '%s\n' "${peaks[@]}" | median)"
-}
+. bench/measure.sh
 
 "$build/bench/make_schedule" "$work/empty.scl" 0 >/dev/null
-read -r info0 infoKb0 < <(measure "$scltool" info "$work/empty.scl")
-read -r resave0 resaveKb0 < <(measure "$scltool" resave "$work/empty.scl" "$work/out.scl")
+read -r info0 infoKb0 < <(measure - "$scltool" info "$work/empty.scl")
+read -r resave0 resaveKb0 < <(measure - "$scltool" resave "$work/empty.scl" "$work/out.scl")
 echo "Empty schedule: info $info0 ms ${infoKb0} KB, resave $resave0 ms ${resaveKb0} KB (taken off below)"
 printf '%9s %8s %9s %9s %9s %9s %9s %8s\n' rows file_MB info_ms info_MB resave_ms resave_MB \
   time_step mem_step
@@ -41,8 +29,8 @@ prev_rows=0 prev_ms=0 prev_kb=0
 for rows in "${sizes[@]}"; do
   file="$work/s$rows.scl"
   "$build/bench/make_schedule" "$file" "$rows" >/dev/null
-  read -r info kb < <(measure "$scltool" info "$file")
-  read -r resave rkb < <(measure "$scltool" resave "$file" "$work/out.scl")
+  read -r info kb < <(measure - "$scltool" info "$file")
+  read -r resave rkb < <(measure - "$scltool" resave "$file" "$work/out.scl")
   net_ms=$((info - info0)) net_kb=$((kb - infoKb0))
   awk -v r="$rows" -v f="$(stat -c %s "$file")" -v i="$net_ms" -v k="$net_kb" \
     -v s="$((resave - resave0))" -v sk="$((rkb - resaveKb0))" -v pr="$prev_rows" \
