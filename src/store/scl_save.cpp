@@ -105,31 +105,37 @@ class SclWriter {
 
  private:
   // The first and last date and the lowest SubNo of every series with a repeating row or an
-  // item over several dates, over all its live rows; the live rows are sorted by series.
+  // item over several dates, over all its live rows.
   void CollectSeriesRanges() {
     const auto& list = t_.SchDatList;
     if (list.IsEmpty()) return;
-    std::vector<std::pair<std::uint64_t, int>> live;
-    live.reserve(static_cast<std::size_t>(list.Rows()));
-    for (int row = 0; row < list.Rows(); ++row) {
-      if (list.At(row).IsLive()) live.emplace_back(list.At(row).Series().Packed(), row);
-    }
-    RadixSort(live, [](const auto& entry) { return entry.first; });
     rangeOfRow_.assign(static_cast<std::size_t>(list.Rows()), -1);
-    for (std::size_t i = 0; i < live.size();) {
-      std::size_t end = i + 1;
-      while (end < live.size() && live[end].first == live[i].first) ++end;
-      const auto repeats = [&](const auto& entry) { return list.At(entry.second).RepeatKind != 0; };
-      if (std::any_of(live.begin() + static_cast<std::ptrdiff_t>(i),
-                      live.begin() + static_cast<std::ptrdiff_t>(end), repeats)) {
-        SeriesRange range;
-        for (std::size_t j = i; j < end; ++j) {
-          range.Add(list.At(live[j].second));
-          rangeOfRow_[static_cast<std::size_t>(live[j].second)] = static_cast<int>(ranges_.size());
-        }
-        ranges_.push_back(range);
-      }
-      i = end;
+    std::vector<std::uint64_t> series;
+    for (int row = 0; row < list.Rows(); ++row) {
+      const SchDatRow& r = list.At(row);
+      if (r.IsLive() && r.RepeatKind != 0) series.push_back(r.Series().Packed());
+    }
+    if (series.empty()) return;
+    RadixSort(series, [](std::uint64_t key) { return key; });
+    series.erase(std::unique(series.begin(), series.end()), series.end());
+    // A bit for each of these series, so that the rows of other series are mostly passed over
+    // without a search.
+    constexpr unsigned kBits = 20;
+    const auto bit = [](std::uint64_t key) {
+      return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15) >> (64 - kBits));
+    };
+    std::vector<bool> maybe(std::size_t{1} << kBits);
+    for (const std::uint64_t key : series) maybe[bit(key)] = true;
+    ranges_.resize(series.size());
+    for (int row = 0; row < list.Rows(); ++row) {
+      const SchDatRow& r = list.At(row);
+      const std::uint64_t key = r.Series().Packed();
+      if (!r.IsLive() || !maybe[bit(key)]) continue;
+      const auto found = std::lower_bound(series.begin(), series.end(), key);
+      if (found == series.end() || *found != key) continue;
+      const auto index = static_cast<std::size_t>(found - series.begin());
+      ranges_[index].Add(r);
+      rangeOfRow_[static_cast<std::size_t>(row)] = static_cast<int>(index);
     }
     monthWritten_.assign(ranges_.size(), -1);
   }
