@@ -12,9 +12,14 @@
 #include "commands/document_commands.h"
 #include "commands/document_session.h"
 #include "commands/link_commands.h"
+#include "link/caldav_link_component.h"
+#include "link/caldav_password.h"
+#include "link/chosen_link_component.h"
 #include "link/ics_link_component.h"
 #include "media/edit_dialog_media.h"
 #include "platform/holiday_calendar.h"
+#include "platform/qt/qt_http_client.h"
+#include "platform/qt/qt_secret_store.h"
 #include "platform/registry.h"
 #include "shell/app_state.h"
 #include "shell/cache_device_files.h"
@@ -75,6 +80,8 @@ class SchedulerApp {
 
  private:
   void OpenStartFile(const QString& commandLineFile);
+  // The data link's components, the file and the server, and its dialogs.
+  void StartLink();
   // The word list editor, linked into the installation where the program starts it.
   void LinkEditor();
   // The CSV mapping dialog, alarm notices held back while it is open.
@@ -101,7 +108,12 @@ class SchedulerApp {
   std::unique_ptr<QtAppointmentDialogs> appointmentDialogs_;
   std::unique_ptr<EditDialogMedia> editMedia_;
   std::unique_ptr<AppointmentCommands> appointments_;
-  std::unique_ptr<IcsLinkComponent> linkComponent_;
+  std::unique_ptr<IcsLinkComponent> fileLink_;
+  std::unique_ptr<QtHttpClient> http_;
+  QtSecretStore secrets_;
+  std::unique_ptr<CalDavPassword> serverPassword_;
+  std::unique_ptr<CalDavLinkComponent> serverLink_;
+  std::unique_ptr<ChosenLinkComponent> linkComponent_;
   std::unique_ptr<QtLinkDialogs> linkDialogs_;
   std::unique_ptr<LinkCommands> linkCommands_;
 };

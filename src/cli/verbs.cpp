@@ -7,11 +7,11 @@
 namespace sched {
 namespace {
 
-const std::array<const Verb*, 18> kVerbs = {
-    &kInfoVerb,      &kDumpVerb,    &kResaveVerb,    &kSampleVerb,    &kHolidaysVerb,
-    &kMonthVerb,     &kAddVerb,     &kDeleteVerb,    &kPasteVerb,     &kRuleVerb,
-    &kAlarmsVerb,    &kCsvReadVerb, &kImportCsvVerb, &kExportCsvVerb, &kExportIcsVerb,
-    &kImportIcsVerb, &kSnd2WavVerb, &kPrintVerb};
+const std::array<const Verb*, 20> kVerbs = {
+    &kInfoVerb,      &kDumpVerb,         &kResaveVerb,       &kSampleVerb,    &kHolidaysVerb,
+    &kMonthVerb,     &kAddVerb,          &kDeleteVerb,       &kPasteVerb,     &kRuleVerb,
+    &kAlarmsVerb,    &kCsvReadVerb,      &kImportCsvVerb,    &kExportCsvVerb, &kExportIcsVerb,
+    &kImportIcsVerb, &kCalDavExportVerb, &kCalDavImportVerb, &kSnd2WavVerb,   &kPrintVerb};
 
 constexpr std::string_view kCodePageOption = "--code-page";
 constexpr std::string_view kCodePageNote =

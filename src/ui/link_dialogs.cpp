@@ -1,6 +1,8 @@
 #include "ui/link_dialogs.h"
 
 #include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
 
 #include "ui/form_dip.h"
 #include "ui/link_settings.h"
@@ -19,10 +21,19 @@ std::optional<ImportOptions> QtLinkDialogs::ShowFormDip() {
 }
 
 void QtLinkDialogs::ShowLinkSettings() {
-  LinkSettingsModel model({s_.settings, s_.messages, s_.fileDialogs, s_.pimDataDir});
+  LinkSettingsModel model({s_.settings, s_.messages, s_.fileDialogs, s_.pimDataDir, s_.probe});
   model.Form_Load();
   DataLinkSettings dialog(model, s_.window);
   dialog.exec();
+}
+
+std::optional<std::string> QtLinkDialogs::AskServerPassword(const std::string& account) {
+  bool ok = false;
+  const QString password = QInputDialog::getText(
+      s_.window, "Scheduler", QString::fromStdString("Password for " + account + ":"),
+      QLineEdit::Password, "", &ok);
+  if (!ok) return std::nullopt;
+  return password.toStdString();
 }
 
 void QtLinkDialogs::EnableMainWindow(bool enabled) {
