@@ -41,7 +41,7 @@ DataLinkSettings::DataLinkSettings(LinkSettingsModel& model, QWidget* parent)
 
   fileChoice_ = new QRadioButton("iCalendar &file:", this);
   fileChoice_->setObjectName("FileChoice");
-  layout->addWidget(fileChoice_);
+  layout->addWidget(fileChoice_, 0, Qt::AlignLeft);
   calendarFile_ = Box(model_.CalendarFile(), "CalendarFile", this);
   calendarFile_->setMinimumWidth(std::max(metrics.horizontalAdvance(calendarFile_->text()),
                                           metrics.averageCharWidth() * kPathCharacters) +
@@ -62,7 +62,7 @@ DataLinkSettings::DataLinkSettings(LinkSettingsModel& model, QWidget* parent)
 
   serverChoice_ = new QRadioButton("Calendar &server (CalDAV):", this);
   serverChoice_->setObjectName("ServerChoice");
-  layout->addWidget(serverChoice_);
+  layout->addWidget(serverChoice_, 0, Qt::AlignLeft);
   serverUrl_ = Box(model_.ServerUrl(), "ServerUrl", this);
   serverUrl_->setPlaceholderText("https://example.org/calendars/me/work/");
   connect(serverUrl_, &QLineEdit::textEdited, this,
@@ -79,7 +79,9 @@ DataLinkSettings::DataLinkSettings(LinkSettingsModel& model, QWidget* parent)
   auto* userRow = new QHBoxLayout();
   userRow->addWidget(serverUser_, 1);
   userRow->addWidget(test_);
-  server->addRow("User &name:", userRow);
+  auto* userLabel = new QLabel("User &name:", this);
+  userLabel->setBuddy(serverUser_);
+  server->addRow(userLabel, userRow);
   layout->addLayout(server);
 
   (model_.Kind() == LinkKind::kServer ? serverChoice_ : fileChoice_)->setChecked(true);

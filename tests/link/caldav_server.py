@@ -11,7 +11,10 @@ import sys
 import threading
 import time
 
+import http.server
+
 import caldav
+import urllib3
 
 USER = "alice"
 PASSWORD = "s3cret pass"
@@ -35,22 +38,37 @@ def wait_for(port, seconds=20):
 
 
 class Radicale:
-    def __init__(self, folder):
+    def __init__(self, folder, tls=False):
+        """With `tls`, over HTTPS with a certificate of its own that nobody trusts."""
         self.port = free_port()
-        self.base = "http://127.0.0.1:%d/" % self.port
+        self.base = "%s://127.0.0.1:%d/" % ("https" if tls else "http", self.port)
+        server_tls = ""
+        if tls:
+            # The test's own client reads past the certificate it made itself.
+            urllib3.disable_warnings(urllib3.exceptions.InsecureRequestWarning)
+            key, cert = os.path.join(folder, "key.pem"), os.path.join(folder, "cert.pem")
+            subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days",
+                            "2", "-subj", "/CN=127.0.0.1", "-keyout", key, "-out", cert],
+                           check=True, capture_output=True)
+            server_tls = "ssl = True\ncertificate = %s\nkey = %s\n" % (cert, key)
+            self.fingerprint = subprocess.run(
+                ["openssl", "x509", "-noout", "-fingerprint", "-sha256", "-in", cert],
+                check=True, capture_output=True, text=True).stdout.strip().split("=")[1]
         users = os.path.join(folder, "users")
         with open(users, "w") as f:
             f.write("%s:%s\n" % (USER, PASSWORD))
         config = os.path.join(folder, "radicale.conf")
         with open(config, "w") as f:
-            f.write("[server]\nhosts = 127.0.0.1:%d\n[auth]\ntype = htpasswd\n"
+            f.write("[server]\nhosts = 127.0.0.1:%d\n%s[auth]\ntype = htpasswd\n"
                     "htpasswd_filename = %s\nhtpasswd_encryption = plain\n"
                     "[rights]\ntype = owner_only\n[storage]\nfilesystem_folder = %s\n"
-                    "[logging]\nlevel = warning\n" % (self.port, users, os.path.join(folder, "store")))
+                    "[logging]\nlevel = warning\n" % (self.port, server_tls, users,
+                                                      os.path.join(folder, "store")))
         self.process = subprocess.Popen([sys.executable, "-m", "radicale", "--config", config],
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_for(self.port)
-        self.client = caldav.DAVClient(self.base, username=USER, password=PASSWORD)
+        self.client = caldav.DAVClient(self.base, username=USER, password=PASSWORD,
+                                       ssl_verify_cert=not tls)
         self.principal_url = self.base + USER + "/"
 
     def make_calendar(self, cal_id, name):
@@ -101,6 +119,27 @@ class SlowProxy:
                     s.shutdown(socket.SHUT_RDWR)
                 except OSError:
                     pass
+
+
+class Redirector:
+    """Sends every request on to the same path at `base` with a permanent redirect."""
+
+    def __init__(self, base):
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def answer(self):
+                self.send_response(308)
+                self.send_header("Location", base.rstrip("/") + self.path)
+                self.send_header("Content-Length", "0")
+                self.end_headers()
+
+            do_PROPFIND = do_REPORT = do_PUT = answer
+
+            def log_message(self, *args):
+                pass
+
+        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        self.port = self.server.server_address[1]
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
 
 
 if __name__ == "__main__":

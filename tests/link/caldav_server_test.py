@@ -6,7 +6,8 @@ second export updates the events in place, but one that was changed on the serve
 kept and reported. Events the client writes (a rule, a day alone, an alarm) come into a
 schedule with scltool caldav-import, within the period asked. A wrong password, a server that
 is down, a URL that is no calendar and a server that answers late each end in their message,
-with the schedule file untouched.
+with the schedule file untouched. A redirect within the host is followed, one to another host
+is not; a certificate nobody trusts is refused with its fingerprint.
 
 usage: caldav_server_test.py path/to/scltool"""
 
@@ -57,13 +58,24 @@ def main():
     work = tempfile.mkdtemp()
     os.chdir(work)
     os.environ["XDG_CONFIG_HOME"] = os.path.join(work, "config")
+    os.mkdir(os.path.join(work, "tls"))
     server = caldav_server.Radicale(work)
     try:
         url = server.make_calendar("work", "Work")
         exchange(server, url)
         failures(server, url)
+        redirects(server, url)
     finally:
         server.stop()
+    secure = caldav_server.Radicale(os.path.join(work, "tls"), tls=True)
+    try:
+        said = run("caldav-export", "s.scl", secure.make_calendar("work", "Work"), "--user",
+                   caldav_server.USER, status=1)
+        check(said == "The calendar server's certificate is not trusted, so the connection was "
+              "refused.\nSHA-256 fingerprint: %s\nExport failure!\n" % secure.fingerprint,
+              "the certificate is refused: " + said)
+    finally:
+        secure.stop()
     print("ok")
 
 
@@ -148,6 +160,18 @@ def failures(server, url):
         check(said.startswith(message) and said.endswith("Export failure!\n"),
               "%s: %s" % (message, said))
         check(open("in.scl", "rb").read() == before, "the schedule stays as it was")
+
+
+def redirects(server, url):
+    path = url[len(server.base) - 1:]
+    here = caldav_server.Redirector(server.base)
+    run("caldav-import", "http://127.0.0.1:%d%s" % (here.port, path), "via.scl", "--user",
+        caldav_server.USER, "--from", "2036/01/01", "--to", "2036/12/31")
+    check(len(rows("via.scl")) == len(rows("in.scl")), "the redirect within the host is followed")
+    elsewhere = caldav_server.Redirector("http://127.0.0.2:%d/" % server.port)
+    said = run("caldav-import", "http://127.0.0.1:%d%s" % (elsewhere.port, path), "via.scl",
+               "--user", caldav_server.USER, status=1)
+    check(said.startswith("The calendar server sent the request on to another server"), said)
 
 
 main()

@@ -13,9 +13,10 @@ namespace {
 // The progress window opens when a wait lasts this long.
 constexpr int kProgressDelayMs = 700;
 
-bool SameServer(const QUrl& a, const QUrl& b) {
-  return a.scheme() == b.scheme() && a.host().compare(b.host(), Qt::CaseInsensitive) == 0 &&
-         a.port(a.scheme() == "https" ? 443 : 80) == b.port(b.scheme() == "https" ? 443 : 80);
+// A redirect is followed to the same host only, and never from HTTPS down to plain HTTP.
+bool MayFollow(const QUrl& from, const QUrl& to) {
+  return from.host().compare(to.host(), Qt::CaseInsensitive) == 0 &&
+         (to.scheme() == "https" || from.scheme() == "http");
 }
 
 std::string Fingerprint(const QSslCertificate& certificate) {
@@ -74,7 +75,7 @@ HttpResponse QtHttpClient::Send(const HttpRequest& r) {
   wholeTimer.start(timeouts_.wholeMs);
 
   QObject::connect(reply.get(), &QNetworkReply::redirected, [&](const QUrl& to) {
-    if (SameServer(url, to)) {
+    if (MayFollow(url, to)) {
       emit reply->redirectAllowed();
     } else {
       out.detail = to.toString().toStdString();
