@@ -29,8 +29,9 @@ void QtLinkDialogs::ShowLinkSettings() {
 
 std::optional<std::string> QtLinkDialogs::AskServerPassword(const std::string& account) {
   bool ok = false;
+  // Without an owner: while the link works the main window, and all it owns, takes no input.
   const QString password = QInputDialog::getText(
-      s_.window, "Scheduler", QString::fromStdString("Password for " + account + ":"),
+      nullptr, "Scheduler", QString::fromStdString("Password for " + account + ":"),
       QLineEdit::Password, "", &ok);
   if (!ok) return std::nullopt;
   return password.toStdString();
