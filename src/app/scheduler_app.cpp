@@ -122,9 +122,9 @@ void SchedulerApp::StartLink() {
       [this](const std::string& url, const std::string& user) {
         return TestConnection(*http_, *serverPassword_, url, user);
       }});
-  serverPassword_ = std::make_unique<CalDavPassword>(secrets_, [this](const std::string& account) {
-    return linkDialogs_->AskServerPassword(account);
-  });
+  serverPassword_ = std::make_unique<CalDavPassword>(
+      p_.secrets,
+      [this](const std::string& account) { return linkDialogs_->AskServerPassword(account); });
   fileLink_ = std::make_unique<IcsLinkComponent>(IcsLinkComponent::Services{
       [this] { return LinkCalendarPath(p_.settings, paths_.PimDataDir); },
       [this] { return doc_.FileCodePage; }, p_.clock});

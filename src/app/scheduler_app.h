@@ -19,8 +19,8 @@
 #include "media/edit_dialog_media.h"
 #include "platform/holiday_calendar.h"
 #include "platform/qt/qt_http_client.h"
-#include "platform/qt/qt_secret_store.h"
 #include "platform/registry.h"
+#include "platform/secret_store.h"
 #include "shell/app_state.h"
 #include "shell/cache_device_files.h"
 #include "shell/device_file_chooser.h"
@@ -53,6 +53,7 @@ struct AppPorts {
   SoundPlayer& player;
   Processes& processes;
   ProgressWindow& progressWindow;  // of a melody's conversion
+  SecretStore& secrets;            // the password of the data link's server
 };
 
 // The whole program: the document, the main window and its commands, brought up in their
@@ -110,7 +111,6 @@ class SchedulerApp {
   std::unique_ptr<AppointmentCommands> appointments_;
   std::unique_ptr<IcsLinkComponent> fileLink_;
   std::unique_ptr<QtHttpClient> http_;
-  QtSecretStore secrets_;
   std::unique_ptr<CalDavPassword> serverPassword_;
   std::unique_ptr<CalDavLinkComponent> serverLink_;
   std::unique_ptr<ChosenLinkComponent> linkComponent_;

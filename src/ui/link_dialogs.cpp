@@ -1,8 +1,12 @@
 #include "ui/link_dialogs.h"
 
 #include <QApplication>
-#include <QInputDialog>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "ui/form_dip.h"
 #include "ui/link_settings.h"
@@ -28,13 +32,28 @@ void QtLinkDialogs::ShowLinkSettings() {
 }
 
 std::optional<std::string> QtLinkDialogs::AskServerPassword(const std::string& account) {
-  bool ok = false;
   // Without an owner: while the link works the main window, and all it owns, takes no input.
-  const QString password = QInputDialog::getText(
-      nullptr, "Scheduler", QString::fromStdString("Password for " + account + ":"),
-      QLineEdit::Password, "", &ok);
-  if (!ok) return std::nullopt;
-  return password.toStdString();
+  QDialog dialog;
+  dialog.setObjectName("ServerPassword");
+  dialog.setWindowTitle("Scheduler");
+  auto* layout = new QVBoxLayout(&dialog);
+  auto* label = new QLabel(QString::fromStdString("&Password for " + account + ":"), &dialog);
+  auto* password = new QLineEdit(&dialog);
+  password->setObjectName("Password");
+  password->setEchoMode(QLineEdit::Password);
+  label->setBuddy(password);
+  layout->addWidget(label);
+  layout->addWidget(password);
+  auto* buttons = new QDialogButtonBox(&dialog);
+  QPushButton* ok = buttons->addButton("OK", QDialogButtonBox::AcceptRole);
+  ok->setObjectName("OK");
+  ok->setDefault(true);
+  buttons->addButton("Cancel", QDialogButtonBox::RejectRole)->setObjectName("Cancel");
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  layout->addWidget(buttons);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return password->text().toStdString();
 }
 
 void QtLinkDialogs::EnableMainWindow(bool enabled) {

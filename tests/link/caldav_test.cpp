@@ -9,6 +9,7 @@
 #include "link/link_records.h"
 #include "platform/fake/fake_clock.h"
 #include "platform/fake/fake_messages.h"
+#include "platform/fake/fake_secret_store.h"
 #include "tests/support/message_lines.h"
 #include "tests/support/temp_dir.h"
 
@@ -185,24 +186,9 @@ TEST(CalDavMultistatus, ReadsWhatServersAnswer) {
   }
 }
 
-class FakeSecrets : public SecretStore {
- public:
-  bool present = true;
-  std::map<std::string, std::string> kept;
-  std::optional<std::string> ReadPassword(const std::string& account) override {
-    const auto it = kept.find(account);
-    return present && it != kept.end() ? std::optional(it->second) : std::nullopt;
-  }
-  bool SavePassword(const std::string& account, const std::string& password) override {
-    if (present) kept[account] = password;
-    return present;
-  }
-};
-
 TEST(CalDavPassword, AskedOncePerSessionUnlessTheStoreKeepsItAndAgainAfterARefusal) {
   for (const bool present : {true, false}) {
-    FakeSecrets secrets;
-    secrets.present = present;
+    FakeSecretStore secrets(present);
     int asked = 0;
     CalDavPassword password(secrets, [&](const std::string&) {
       return std::optional(std::string(++asked == 1 ? "first" : "second"));
