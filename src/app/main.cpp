@@ -14,6 +14,7 @@
 #include "platform/qt/qt_processes.h"
 #include "platform/qt/qt_progress_window.h"
 #include "platform/qt/qt_registry.h"
+#include "platform/qt/qt_secret_store.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_sound_player.h"
 #include "platform/std/system_clock.h"
@@ -55,9 +56,10 @@ int main(int argc, char** argv) {
   sched::QtSoundPlayer player;
   sched::QtProcesses processes;
   sched::QtProgressWindow progressWindow;
+  sched::QtSecretStore secrets;
   sched::SchedulerApp scheduler(
       {registry, settings, messages, dialogs, dates, clock, holidays, chooser, clockAlarm, beep,
-       desktop, player, processes, progressWindow},
+       desktop, player, processes, progressWindow, secrets},
       UserInstallSource());
   if (const auto ended = scheduler.Start(QApplication::arguments())) return *ended;
   messages.SetParent(scheduler.Window());

@@ -6,6 +6,7 @@
 
 #include "core/app_texts.h"
 #include "core/calendar.h"
+#include "link/caldav_etags.h"
 #include "shell/device_service.h"
 #include "shell/install.h"
 #include "shell/settings.h"
@@ -74,12 +75,7 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       AppointmentServices{*session_, *views_, *appointmentDialogs_, alarms_, messages_, p_.clock,
                           p_.dates, *device_, state_, editMedia_.get()});
   BindAppointmentCommands(commandSet_, *appointments_);
-  linkComponent_ = std::make_unique<IcsLinkComponent>(IcsLinkComponent::Services{
-      [this] { return LinkCalendarPath(p_.settings, paths_.PimDataDir); },
-      [this] { return doc_.FileCodePage; }, p_.clock});
-  linkDialogs_ = std::make_unique<QtLinkDialogs>(QtLinkDialogs::Services{
-      window_.get(), p_.settings, messages_, p_.clock, [this] { return AlarmSoundNames(*device_); },
-      editMedia_.get(), p_.dialogs, paths_.PimDataDir});
+  StartLink();
   linkCommands_ = std::make_unique<LinkCommands>(
       LinkServices{*session_, *linkComponent_, *linkDialogs_, alarms_, messages_, p_.settings,
                    p_.clock, paths_.PimDataDir});
@@ -116,6 +112,37 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   session_->RefreshViews();
   instance_.Listen([this] { window_->BringToFront(); });
   return std::nullopt;
+}
+
+void SchedulerApp::StartLink() {
+  http_ = std::make_unique<QtHttpClient>(window_.get());
+  linkDialogs_ = std::make_unique<QtLinkDialogs>(QtLinkDialogs::Services{
+      window_.get(), p_.settings, messages_, p_.clock, [this] { return AlarmSoundNames(*device_); },
+      editMedia_.get(), p_.dialogs, paths_.PimDataDir,
+      [this](const std::string& url, const std::string& user) {
+        return TestConnection(*http_, *serverPassword_, url, user);
+      }});
+  serverPassword_ = std::make_unique<CalDavPassword>(
+      p_.secrets,
+      [this](const std::string& account) { return linkDialogs_->AskServerPassword(account); });
+  fileLink_ = std::make_unique<IcsLinkComponent>(IcsLinkComponent::Services{
+      [this] { return LinkCalendarPath(p_.settings, paths_.PimDataDir); },
+      [this] { return doc_.FileCodePage; }, p_.clock});
+  const auto account = [this] {
+    return AccountKey(ReadLinkServerUrl(p_.settings), ReadLinkServerUser(p_.settings));
+  };
+  serverLink_ = std::make_unique<CalDavLinkComponent>(CalDavLinkComponent::Services{
+      *http_, messages_, p_.clock, [this] { return ReadLinkServerUrl(p_.settings); },
+      [this] { return ReadLinkServerUser(p_.settings); },
+      [this, account] { return serverPassword_->Of(account()); },
+      [this, account] { serverPassword_->Refused(account()); },
+      [this] { return doc_.FileCodePage; },
+      [this] {
+        const DateTime now = p_.clock.Now();
+        return PeriodOfOptions(ReadImportOptions(p_.settings), {now.year, now.month, now.day});
+      },
+      CalDavEtags::Folder()});
+  linkComponent_ = std::make_unique<ChosenLinkComponent>(p_.settings, *fileLink_, *serverLink_);
 }
 
 void SchedulerApp::LinkEditor() {

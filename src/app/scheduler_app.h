@@ -12,10 +12,15 @@
 #include "commands/document_commands.h"
 #include "commands/document_session.h"
 #include "commands/link_commands.h"
+#include "link/caldav_link_component.h"
+#include "link/caldav_password.h"
+#include "link/chosen_link_component.h"
 #include "link/ics_link_component.h"
 #include "media/edit_dialog_media.h"
 #include "platform/holiday_calendar.h"
+#include "platform/qt/qt_http_client.h"
 #include "platform/registry.h"
+#include "platform/secret_store.h"
 #include "shell/app_state.h"
 #include "shell/cache_device_files.h"
 #include "shell/device_file_chooser.h"
@@ -48,6 +53,7 @@ struct AppPorts {
   SoundPlayer& player;
   Processes& processes;
   ProgressWindow& progressWindow;  // of a melody's conversion
+  SecretStore& secrets;            // the password of the data link's server
 };
 
 // The whole program: the document, the main window and its commands, brought up in their
@@ -75,6 +81,8 @@ class SchedulerApp {
 
  private:
   void OpenStartFile(const QString& commandLineFile);
+  // The data link's components, the file and the server, and its dialogs.
+  void StartLink();
   // The word list editor, linked into the installation where the program starts it.
   void LinkEditor();
   // The CSV mapping dialog, alarm notices held back while it is open.
@@ -101,7 +109,11 @@ class SchedulerApp {
   std::unique_ptr<QtAppointmentDialogs> appointmentDialogs_;
   std::unique_ptr<EditDialogMedia> editMedia_;
   std::unique_ptr<AppointmentCommands> appointments_;
-  std::unique_ptr<IcsLinkComponent> linkComponent_;
+  std::unique_ptr<IcsLinkComponent> fileLink_;
+  std::unique_ptr<QtHttpClient> http_;
+  std::unique_ptr<CalDavPassword> serverPassword_;
+  std::unique_ptr<CalDavLinkComponent> serverLink_;
+  std::unique_ptr<ChosenLinkComponent> linkComponent_;
   std::unique_ptr<QtLinkDialogs> linkDialogs_;
   std::unique_ptr<LinkCommands> linkCommands_;
 };

@@ -2,6 +2,7 @@
 
 #include "cli/cli_args.h"
 #include "cli/cli_store.h"
+#include "cli/import_arguments.h"
 #include "cli/verb.h"
 #include "link/ics_link_component.h"
 #include "link/link_exchange.h"
@@ -11,24 +12,6 @@
 namespace sched {
 namespace {
 
-ImportMerge MergeOf(const CommandOptions& options) {
-  const std::string* mode = options.Value("--mode");
-  if (mode == nullptr || *mode == "add") return ImportMerge::kAddAll;
-  if (*mode == "replace") return ImportMerge::kReplaceAll;
-  if (*mode == "add-new") return ImportMerge::kReplaceLinked;
-  throw UsageError("--mode takes replace, add or add-new");
-}
-
-ImportPeriod PeriodOf(const CommandOptions& options, const CivilDate& today) {
-  options.Excludes("--weeks", "--from");
-  options.Needs("--from", "--to");
-  options.Needs("--to", "--from");
-  if (const std::optional<int> weeks = options.Int("--weeks", 1, 99)) {
-    return {today, AddDays(today, 7 * *weeks - 1)};
-  }
-  return {options.Date("--from"), options.Date("--to")};
-}
-
 // The events of a calendar file into a schedule file, made when missing, as Import takes them
 // over the data link: the merge of the import options, the period, every alarm with the sound
 // SCHALARM.
@@ -37,10 +20,10 @@ int RunImportIcs(const std::vector<std::string>& args, std::ostream&, std::ostre
   std::string out;
   const CommandOptions options =
       ParseInOut(args, "IN.ics", "OUT.scl", {"--mode", "--from", "--to", "--weeks"}, {}, out);
-  const ImportMerge merge = MergeOf(options);
+  const ImportMerge merge = MergeOfArguments(options);
   const DateTime now = SystemClock().Now();
   const CivilDate today{now.year, now.month, now.day};
-  const ImportPeriod period = PeriodOf(options, today);
+  const ImportPeriod period = PeriodOfArguments(options, today);
   CliStore cli(err, page);
   if (std::filesystem::exists(out) && !cli.Load(out)) return kExitRefused;
   const SystemClock clock;

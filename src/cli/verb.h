@@ -60,6 +60,8 @@ extern const Verb kExportCsvVerb;
 extern const Verb kExportIcsVerb;
 extern const Verb kImportIcsVerb;
 extern const Verb kFindVerb;
+extern const Verb kCalDavExportVerb;
+extern const Verb kCalDavImportVerb;
 
 // Every verb, in the order the usage lists them.
 std::span<const Verb* const> Verbs();

@@ -7,11 +7,12 @@
 namespace sched {
 namespace {
 
-const std::array<const Verb*, 19> kVerbs = {
-    &kInfoVerb,      &kDumpVerb,    &kResaveVerb,    &kSampleVerb,    &kHolidaysVerb,
-    &kMonthVerb,     &kAddVerb,     &kDeleteVerb,    &kPasteVerb,     &kRuleVerb,
-    &kAlarmsVerb,    &kCsvReadVerb, &kImportCsvVerb, &kExportCsvVerb, &kExportIcsVerb,
-    &kImportIcsVerb, &kSnd2WavVerb, &kPrintVerb,     &kFindVerb};
+const std::array<const Verb*, 21> kVerbs = {
+    &kInfoVerb,      &kDumpVerb,         &kResaveVerb,       &kSampleVerb,    &kHolidaysVerb,
+    &kMonthVerb,     &kAddVerb,          &kDeleteVerb,       &kPasteVerb,     &kRuleVerb,
+    &kAlarmsVerb,    &kCsvReadVerb,      &kImportCsvVerb,    &kExportCsvVerb, &kExportIcsVerb,
+    &kImportIcsVerb, &kCalDavExportVerb, &kCalDavImportVerb, &kSnd2WavVerb,   &kPrintVerb,
+    &kFindVerb};
 
 constexpr std::string_view kCodePageOption = "--code-page";
 constexpr std::string_view kCodePageNote =

@@ -1,5 +1,6 @@
-// scltool-qt: prints a date range of a schedule file to a PDF file, without a window. scltool
-// starts it for `scltool print`, so that scltool itself never loads Qt.
+// scltool-qt: prints a date range of a schedule file to a PDF file, without a window, and
+// exchanges a schedule with a calendar server. scltool starts it for `scltool print`,
+// `caldav-export` and `caldav-import`, so that scltool itself never loads Qt.
 #include <QGuiApplication>
 #include <QPrinter>
 #include <iostream>
@@ -10,6 +11,7 @@
 #include "cli/print_arguments.h"
 #include "cli/stream_messages.h"
 #include "cli/verb.h"
+#include "cli_qt/caldav_verbs.h"
 #include "platform/qt/qt_print_device.h"
 #include "platform/std/console.h"
 #include "platform/std/system_clock.h"
@@ -64,12 +66,16 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(QtFailuresOnly);
   QGuiApplication app(argc, argv);
   const std::vector<std::string> args(argv + 1, argv + argc);
+  const std::vector<std::string> rest(args.begin() + (args.empty() ? 0 : 1), args.end());
+  if (!args.empty() && args[0] == "caldav-export") return sched::RunCalDavExport(rest);
+  if (!args.empty() && args[0] == "caldav-import") return sched::RunCalDavImport(rest);
   if (args.empty() || args[0] != "print") {
-    std::cerr << "scltool-qt: scltool starts it for 'scltool print'\n";
+    std::cerr << "scltool-qt: scltool starts it for 'scltool print', 'caldav-export' and "
+                 "'caldav-import'\n";
     return sched::kExitUsage;
   }
   try {
-    return Print(std::vector<std::string>(args.begin() + 1, args.end()));
+    return Print(rest);
   } catch (const sched::UsageError& error) {
     std::cerr << "scltool print: " << error.what() << "\nTry 'scltool help print'.\n";
     return sched::kExitUsage;

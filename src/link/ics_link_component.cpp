@@ -28,14 +28,14 @@ bool WriteText(const std::string& path, std::string_view text) {
   return WriteFileSafely(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }
 
+}  // namespace
+
 DateTime UtcNow() {
   const std::time_t now = std::time(nullptr);
   std::tm utc{};
   gmtime_r(&now, &utc);
   return {utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec};
 }
-
-}  // namespace
 
 bool IcsLinkComponent::Export(std::span<const std::uint8_t> linkFile) {
   const std::string calendarPath = s_.calendarPath();
@@ -48,18 +48,23 @@ bool IcsLinkComponent::Export(std::span<const std::uint8_t> linkFile) {
   return calendar && WriteText(calendarPath, *calendar);
 }
 
-std::optional<std::vector<std::uint8_t>> IcsLinkComponent::Import() {
-  const std::optional<std::string> text = ReadText(s_.calendarPath());
-  if (!text) return std::nullopt;
-  const DateTime now = s_.clock.Now();
-  const auto records = RecordsOfCalendar(*text, {now.year, now.month, now.day}, StampOf(now));
+std::optional<std::vector<std::uint8_t>> ImportFileOfCalendar(std::string_view ics,
+                                                              const Clock& clock, CodePage page) {
+  const DateTime now = clock.Now();
+  const auto records = RecordsOfCalendar(ics, {now.year, now.month, now.day}, StampOf(now));
   if (!records) return std::nullopt;
   std::vector<std::uint8_t> bytes;
   for (const SchRecord& r : *records) {
-    const std::vector<std::uint8_t> record = ImportRecordBytes(r, s_.codePage());
+    const std::vector<std::uint8_t> record = ImportRecordBytes(r, page);
     bytes.insert(bytes.end(), record.begin(), record.end());
   }
   return bytes;
+}
+
+std::optional<std::vector<std::uint8_t>> IcsLinkComponent::Import() {
+  const std::optional<std::string> text = ReadText(s_.calendarPath());
+  if (!text) return std::nullopt;
+  return ImportFileOfCalendar(*text, s_.clock, s_.codePage());
 }
 
 bool IcsLinkComponent::ExportFile(const std::string& path) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/codepage.h"
@@ -12,6 +13,14 @@
 #include "platform/link_component.h"
 
 namespace sched {
+
+// The time of the UTC clock, for the stamps of the events written.
+DateTime UtcNow();
+
+// The import file of the events of an iCalendar text, as of the clock's now; nothing when the
+// text is no calendar.
+std::optional<std::vector<std::uint8_t>> ImportFileOfCalendar(std::string_view ics,
+                                                              const Clock& clock, CodePage page);
 
 // The link component as a bridge to an iCalendar file that the PIM program keeps or imports:
 // an export puts the items of the export file into the calendar, an import makes the import

@@ -11,6 +11,9 @@ namespace sched {
 namespace {
 
 constexpr const char* kLinkCalendarKey = "LinkCalendar";
+constexpr const char* kLinkKindKey = "LinkKind";
+constexpr const char* kServerUrlKey = "LinkServerUrl";
+constexpr const char* kServerUserKey = "LinkServerUser";
 constexpr const char* kTypeKey = "DIPType";
 constexpr const char* kPeriodKey = "DIPKKN";
 constexpr const char* kSoundKey = "DIPSndF";
@@ -56,6 +59,30 @@ void SaveLinkCalendar(SettingsStore& settings, const std::string& path) {
 std::string LinkCalendarPath(SettingsStore& settings, const std::string& pimDataDir) {
   const std::string chosen = ReadLinkCalendar(settings);
   return chosen.empty() ? pimDataDir + "/" + kDefaultLinkCalendar : chosen;
+}
+
+LinkKind ReadLinkKind(SettingsStore& settings) {
+  return Get(settings, kLinkKindKey, "0") == "1" ? LinkKind::kServer : LinkKind::kFile;
+}
+
+void SaveLinkKind(SettingsStore& settings, LinkKind kind) {
+  Put(settings, kLinkKindKey, kind == LinkKind::kServer ? "1" : "0");
+}
+
+std::string ReadLinkServerUrl(SettingsStore& settings) {
+  return Get(settings, kServerUrlKey, "");
+}
+
+void SaveLinkServerUrl(SettingsStore& settings, const std::string& url) {
+  Put(settings, kServerUrlKey, url);
+}
+
+std::string ReadLinkServerUser(SettingsStore& settings) {
+  return Get(settings, kServerUserKey, "");
+}
+
+void SaveLinkServerUser(SettingsStore& settings, const std::string& user) {
+  Put(settings, kServerUserKey, user);
 }
 
 ImportOptions ReadImportOptions(SettingsStore& settings) {

@@ -23,6 +23,16 @@ void SaveLinkCalendar(SettingsStore& settings, const std::string& path);
 // The file chosen, else kDefaultLinkCalendar in the user's data folder `pimDataDir`.
 std::string LinkCalendarPath(SettingsStore& settings, const std::string& pimDataDir);
 
+// What the link component exchanges with: the iCalendar file, or a calendar collection on a
+// CalDAV server, given by its URL and the user's name there.
+enum class LinkKind { kFile = 0, kServer = 1 };
+LinkKind ReadLinkKind(SettingsStore& settings);
+void SaveLinkKind(SettingsStore& settings, LinkKind kind);
+std::string ReadLinkServerUrl(SettingsStore& settings);
+void SaveLinkServerUrl(SettingsStore& settings, const std::string& url);
+std::string ReadLinkServerUser(SettingsStore& settings);
+void SaveLinkServerUser(SettingsStore& settings, const std::string& user);
+
 // The answers of the import options, as they are stored: the merge, the period mode (0 all,
 // 1 weeks from today, 2 the dates), the weeks, the two dates as "yyyy/mm/dd", and the sound of
 // imported alarms.

@@ -11,6 +11,22 @@ namespace {
 constexpr const char* kCalendarFilter = "iCalendar Files(*.ics)|*.ics";
 constexpr const char* kSpecifyTheFile = "Specify the calendar file with its full path.";
 constexpr const char* kNoSuchFolder = "The folder of the calendar file does not exist.";
+constexpr const char* kSpecifyTheUrl =
+    "Specify the calendar's web address, beginning with https:// or http://.";
+constexpr const char* kSpecifyTheUser = "Specify your user name on the calendar server.";
+
+bool IsWebAddress(const std::string& url) {
+  const std::size_t scheme = url.find("://");
+  return (url.starts_with("https://") || url.starts_with("http://")) && url.size() > scheme + 3 &&
+         url.find_first_of(" \t\r\n") == std::string::npos;
+}
+
+// Why the server cannot be asked; nothing when it can.
+const char* ServerRefusal(const std::string& url, const std::string& user) {
+  if (!IsWebAddress(url)) return kSpecifyTheUrl;
+  if (user.empty()) return kSpecifyTheUser;
+  return nullptr;
+}
 
 // Why the path can hold no calendar file; nothing when it can.
 const char* Refusal(const std::filesystem::path& file) {
@@ -24,8 +40,15 @@ const char* Refusal(const std::filesystem::path& file) {
 
 }  // namespace
 
+void LinkSettingsModel::Say(const std::string& text, MsgIcon icon) {
+  s_.messages.Show({text, kAppTitle, icon, MsgButtons::Ok});
+}
+
 void LinkSettingsModel::Form_Load() {
+  kind_ = ReadLinkKind(s_.settings);
   calendarFile_ = LinkCalendarPath(s_.settings, s_.pimDataDir);
+  serverUrl_ = ReadLinkServerUrl(s_.settings);
+  serverUser_ = ReadLinkServerUser(s_.settings);
 }
 
 void LinkSettingsModel::Browse_Click() {
@@ -37,12 +60,36 @@ void LinkSettingsModel::Browse_Click() {
   }
 }
 
+void LinkSettingsModel::TestConnection_Click() {
+  if (const char* refusal = ServerRefusal(serverUrl_, serverUser_)) {
+    Say(refusal, MsgIcon::Exclamation);
+    return;
+  }
+  const CalDavCollection::Summary found = s_.probe(serverUrl_, serverUser_);
+  if (!found.outcome.Ok()) {
+    Say(ProblemText(found.outcome), MsgIcon::Exclamation);
+    return;
+  }
+  const std::string name = found.displayName.empty() ? serverUrl_ : found.displayName;
+  Say("Connected. The calendar \"" + name + "\" holds " + std::to_string(found.events) +
+          (found.events == 1 ? " event." : " events."),
+      MsgIcon::Information);
+}
+
 bool LinkSettingsModel::OK_Click() {
-  if (const char* refusal = Refusal(calendarFile_)) {
-    s_.messages.Show({refusal, kAppTitle, MsgIcon::Exclamation, MsgButtons::Ok});
+  const char* refusal =
+      kind_ == LinkKind::kServer ? ServerRefusal(serverUrl_, serverUser_) : Refusal(calendarFile_);
+  if (refusal != nullptr) {
+    Say(refusal, MsgIcon::Exclamation);
     return false;
   }
-  SaveLinkCalendar(s_.settings, calendarFile_);
+  SaveLinkKind(s_.settings, kind_);
+  if (kind_ == LinkKind::kServer) {
+    SaveLinkServerUrl(s_.settings, serverUrl_);
+    SaveLinkServerUser(s_.settings, serverUser_);
+  } else {
+    SaveLinkCalendar(s_.settings, calendarFile_);
+  }
   return true;
 }
 

@@ -7,6 +7,7 @@
 
 #include "appointments/sch_edit_model.h"
 #include "commands/link_commands.h"
+#include "link/caldav_collection.h"
 #include "platform/clock.h"
 #include "platform/file_dialogs.h"
 #include "platform/messages.h"
@@ -27,13 +28,17 @@ class QtLinkDialogs : public LinkDialogs {
     SchEditMedia* media;                               // plays them for Listen
     FileDialogs& fileDialogs;
     std::string pimDataDir;  // where the calendar file is until the user chooses another
+    // What "Test Connection" finds on a server.
+    std::function<CalDavCollection::Summary(const std::string& url, const std::string& user)> probe;
   };
   explicit QtLinkDialogs(Services services) : s_(std::move(services)) {}
 
   std::optional<ImportOptions> ShowFormDip() override;
   void EnableMainWindow(bool enabled) override;
-  // "Data Link Settings", modal; OK stores the calendar file.
+  // "Data Link Settings", modal; OK stores the calendar file or the server.
   void ShowLinkSettings();
+  // The password of a server account, asked without echo; nothing after Cancel.
+  std::optional<std::string> AskServerPassword(const std::string& account);
 
  private:
   Services s_;

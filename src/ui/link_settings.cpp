@@ -1,9 +1,9 @@
 #include "ui/link_settings.h"
 
 #include <QDialogButtonBox>
+#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -12,8 +12,16 @@
 namespace sched {
 namespace {
 
-// The path box shows this many characters of a path at least.
+// The path and URL boxes show this many characters at least.
 constexpr int kPathCharacters = 48;
+// The boxes under a choice stand this many characters in from it.
+constexpr int kIndentCharacters = 3;
+
+QLineEdit* Box(const std::string& text, const char* name, QWidget* parent) {
+  auto* box = new QLineEdit(QString::fromStdString(text), parent);
+  box->setObjectName(name);
+  return box;
+}
 
 }  // namespace
 
@@ -23,33 +31,65 @@ DataLinkSettings::DataLinkSettings(LinkSettingsModel& model, QWidget* parent)
   setWindowTitle("Data Link Settings");
   auto* layout = new QVBoxLayout(this);
   auto* about = new QLabel(
-      "Data Link exports the schedule to this iCalendar file and imports from it. Calendar "
-      "programs can keep a calendar in such a file, or import and export one.",
+      "Data Link exports the schedule to a calendar and imports from it: an iCalendar file, "
+      "which calendar programs can keep or import and export, or a calendar on a CalDAV server.",
       this);
   about->setWordWrap(true);
   layout->addWidget(about);
+  const QFontMetrics metrics = fontMetrics();
+  const int indent = metrics.averageCharWidth() * kIndentCharacters;
 
-  auto* label = new QLabel("Calendar &file:", this);
-  layout->addWidget(label);
-  calendarFile_ = new QLineEdit(QString::fromStdString(model_.CalendarFile()), this);
-  calendarFile_->setObjectName("CalendarFile");
-  const QFontMetrics metrics = calendarFile_->fontMetrics();
+  fileChoice_ = new QRadioButton("iCalendar &file:", this);
+  fileChoice_->setObjectName("FileChoice");
+  layout->addWidget(fileChoice_, 0, Qt::AlignLeft);
+  calendarFile_ = Box(model_.CalendarFile(), "CalendarFile", this);
   calendarFile_->setMinimumWidth(std::max(metrics.horizontalAdvance(calendarFile_->text()),
                                           metrics.averageCharWidth() * kPathCharacters) +
                                  metrics.averageCharWidth() * 2);
-  label->setBuddy(calendarFile_);
   connect(calendarFile_, &QLineEdit::textEdited, this,
           [this](const QString& path) { model_.CalendarFile_Change(path.toStdString()); });
-  auto* browse = new QPushButton("&Browse...", this);
-  browse->setObjectName("Browse");
-  connect(browse, &QPushButton::clicked, this, [this] {
+  browse_ = new QPushButton("&Browse...", this);
+  browse_->setObjectName("Browse");
+  connect(browse_, &QPushButton::clicked, this, [this] {
     model_.Browse_Click();
     calendarFile_->setText(QString::fromStdString(model_.CalendarFile()));
   });
-  auto* row = new QHBoxLayout();
-  row->addWidget(calendarFile_, 1);
-  row->addWidget(browse);
-  layout->addLayout(row);
+  auto* fileRow = new QHBoxLayout();
+  fileRow->addSpacing(indent);
+  fileRow->addWidget(calendarFile_, 1);
+  fileRow->addWidget(browse_);
+  layout->addLayout(fileRow);
+
+  serverChoice_ = new QRadioButton("Calendar &server (CalDAV):", this);
+  serverChoice_->setObjectName("ServerChoice");
+  layout->addWidget(serverChoice_, 0, Qt::AlignLeft);
+  serverUrl_ = Box(model_.ServerUrl(), "ServerUrl", this);
+  serverUrl_->setPlaceholderText("https://example.org/calendars/me/work/");
+  connect(serverUrl_, &QLineEdit::textEdited, this,
+          [this](const QString& url) { model_.ServerUrl_Change(url.trimmed().toStdString()); });
+  serverUser_ = Box(model_.ServerUser(), "ServerUser", this);
+  connect(serverUser_, &QLineEdit::textEdited, this,
+          [this](const QString& user) { model_.ServerUser_Change(user.toStdString()); });
+  test_ = new QPushButton("&Test Connection", this);
+  test_->setObjectName("TestConnection");
+  connect(test_, &QPushButton::clicked, this, [this] { model_.TestConnection_Click(); });
+  auto* server = new QFormLayout();
+  server->setContentsMargins(indent, 0, 0, 0);
+  server->addRow("&URL:", serverUrl_);
+  auto* userRow = new QHBoxLayout();
+  userRow->addWidget(serverUser_, 1);
+  userRow->addWidget(test_);
+  auto* userLabel = new QLabel("User &name:", this);
+  userLabel->setBuddy(serverUser_);
+  server->addRow(userLabel, userRow);
+  layout->addLayout(server);
+
+  (model_.Kind() == LinkKind::kServer ? serverChoice_ : fileChoice_)->setChecked(true);
+  connect(fileChoice_, &QRadioButton::toggled, this, [this](bool file) {
+    model_.Kind_Change(file ? LinkKind::kFile : LinkKind::kServer);
+    ShowKind();
+  });
+  ShowKind();
 
   auto* buttons = new QDialogButtonBox(this);
   QPushButton* ok = buttons->addButton("OK", QDialogButtonBox::AcceptRole);
@@ -61,13 +101,26 @@ DataLinkSettings::DataLinkSettings(LinkSettingsModel& model, QWidget* parent)
       accept();
       return;
     }
-    calendarFile_->setFocus();
-    calendarFile_->selectAll();
+    QLineEdit* wrong = model_.Kind() == LinkKind::kFile ? calendarFile_
+                       : serverUrl_->text().isEmpty() || !serverUser_->text().isEmpty()
+                           ? serverUrl_
+                           : serverUser_;
+    wrong->setFocus();
+    wrong->selectAll();
   });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   layout->addWidget(buttons);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   CentreOnScreen(this);
+}
+
+void DataLinkSettings::ShowKind() {
+  const bool file = model_.Kind() == LinkKind::kFile;
+  calendarFile_->setEnabled(file);
+  browse_->setEnabled(file);
+  serverUrl_->setEnabled(!file);
+  serverUser_->setEnabled(!file);
+  test_->setEnabled(!file);
 }
 
 }  // namespace sched

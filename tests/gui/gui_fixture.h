@@ -18,6 +18,7 @@
 #include "platform/fake/fake_processes.h"
 #include "platform/fake/fake_progress_window.h"
 #include "platform/fake/fake_registry.h"
+#include "platform/fake/fake_secret_store.h"
 #include "platform/fake/fake_settings_store.h"
 #include "platform/fake/fake_sound_player.h"
 #include "shell/install.h"
@@ -39,8 +40,8 @@ class GuiTest : public ::testing::Test {
   }
 
   AppPorts Ports() {
-    return {registry, settings,   messages, dialogs, dates,  clock,     holidays,
-            chooser,  clockAlarm, beep,     desktop, player, processes, progressWindow};
+    return {registry,   settings, messages, dialogs, dates,     clock,          holidays, chooser,
+            clockAlarm, beep,     desktop,  player,  processes, progressWindow, secrets};
   }
 
   // Starts the program with the arguments after the program's name.
@@ -66,6 +67,7 @@ class GuiTest : public ::testing::Test {
   FakeSoundPlayer player;
   FakeProcesses processes;
   FakeProgressWindow progressWindow;
+  FakeSecretStore secrets{false};  // none: the server's password is asked once a session
   std::string install;
   std::unique_ptr<SchedulerApp> app;
 };

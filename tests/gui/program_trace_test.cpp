@@ -180,7 +180,7 @@ testing::Trace<Program> ProgramTrace() {
     if (r[1] == "folder+data")
       source = {{p.Path("$dir/gone"), SCHEDULER_DATA_DIR}, p.Path("$dir/fresh")};
     p.StartOn({broken, p.settings, p.messages, p.dialogs, p.dates, p.clock, p.holidays, p.chooser,
-               p.clockAlarm, p.beep, p.desktop, p.player, p.processes, p.progressWindow},
+               p.clockAlarm, p.beep, p.desktop, p.player, p.processes, p.progressWindow, p.secrets},
               r[2], r[3], source);
   };
   t.steps["second-start"] = [](S p, R r) {

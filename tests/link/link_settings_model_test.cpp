@@ -19,7 +19,13 @@ struct Dialog {
   FakeMessages messages;
   FakeFileDialogs dialogs;
   std::size_t seen = 0;
-  LinkSettingsModel model{{settings, messages, dialogs, dir.File("PIMdata")}};
+  CalDavCollection::Summary found;
+  std::string asked;  // the URL and user of the last probe
+  LinkSettingsModel model{{settings, messages, dialogs, dir.File("PIMdata"),
+                           [this](const std::string& url, const std::string& user) {
+                             asked = url + " " + user;
+                             return found;
+                           }}};
   std::string Stored() { return ReadLinkCalendar(settings); }
 };
 
@@ -63,6 +69,42 @@ TEST(LinkSettingsModel, OkStoresAFileInAFolderThatExistsAndRefusesTheRest) {
               taken ? "" : std::string("[Scheduler, Exclamation, Ok] ") + c.refusal)
         << c.typed;
     EXPECT_EQ(d.Stored(), taken ? typed : "") << c.typed;
+  }
+}
+
+TEST(LinkSettingsModel, TestConnectionSaysWhatTheServerHoldsOrWhatWentWrong) {
+  struct Case {
+    const char* url;
+    CalDavProblem problem;
+    const char* said;
+  };
+  const Case cases[] = {
+      {"https://dav.test/me/work/", CalDavProblem::kNone,
+       "[Scheduler, Information, Ok] Connected. The calendar \"Work\" holds 3 events."},
+      {"https://dav.test/me/", CalDavProblem::kNotACalendar,
+       "[Scheduler, Exclamation, Ok] The URL names no calendar on the server. Give the address "
+       "of a calendar collection."},
+      {"https://dav.test/me/work/", CalDavProblem::kUntrustedCertificate,
+       "[Scheduler, Exclamation, Ok] The calendar server's certificate is not trusted, so the "
+       "connection was refused.\nSHA-256 fingerprint: AB:CD"},
+      {"dav.test/me/work/", CalDavProblem::kNone,
+       "[Scheduler, Exclamation, Ok] Specify the calendar's web address, beginning with "
+       "https:// or http://."},
+  };
+  for (const Case& c : cases) {
+    Dialog d;
+    d.found = {{c.problem, "AB:CD", ""}, "Work", 3};
+    d.model.Form_Load();
+    d.model.Kind_Change(LinkKind::kServer);
+    d.model.ServerUrl_Change(c.url);
+    d.model.ServerUser_Change("me");
+    d.model.TestConnection_Click();
+    EXPECT_EQ(testing::NewMessageLines(d.messages, d.seen), c.said) << c.url;
+    const bool good = c.url[0] == 'h';
+    EXPECT_EQ(d.asked, good ? std::string(c.url) + " me" : "");
+    EXPECT_EQ(d.model.OK_Click(), good);
+    EXPECT_EQ(ReadLinkKind(d.settings), good ? LinkKind::kServer : LinkKind::kFile);
+    EXPECT_EQ(ReadLinkServerUrl(d.settings), good ? c.url : "");
   }
 }
 
