@@ -106,8 +106,8 @@ std::size_t TextBytes(const SchDatCTL& t) {
   std::size_t bytes = 0;
   const auto& list = t.SchDatList;
   for (int row = 0; row < list.Rows(); ++row) {
-    const SchDatRow& r = list.At(row);
-    bytes += r.Title.size() + r.Place.size() + r.Memo.size() + r.AlarmSound.size();
+    const RowTexts texts = list.Texts(row);
+    bytes += texts.Title.size() + texts.Place.size() + texts.Memo.size() + texts.AlarmSound.size();
   }
   return bytes;
 }
@@ -144,10 +144,10 @@ std::map<SeriesKey, SeriesRange, SeriesLess> SeriesRanges(const SchDatCTL& t) {
 }
 
 // What every row of an item over several dates shares.
-auto MultiDayPayload(const SchDatRow& r) {
-  return std::tie(r.EndDay, r.EndMonth, r.EndYear, r.StartTime, r.EndTime, r.Stamp, r.ParentSubNo,
-                  r.ParentStamp, r.RepeatKind, r.Private, r.Title, r.Place, r.Memo, r.AlarmOn,
-                  r.AlarmSound, r.AlarmLead);
+auto MultiDayPayload(const SchDatTable& list, const SchDatRow& r) {
+  return std::make_tuple(r.EndDay, r.EndMonth, r.EndYear, r.StartTime, r.EndTime, r.Stamp,
+                         r.ParentSubNo, r.ParentStamp, r.RepeatKind, r.Private, list.Texts(r),
+                         r.AlarmOn, r.AlarmLead);
 }
 
 // A series holding an item over several dates is written as one record a month with its whole
@@ -185,7 +185,7 @@ SeriesSet ReshapedSeries(const SchDatCTL& t, const std::vector<PlacedRow>& place
       month.month = p.month;
       run = run && r.RepeatKind == kMultiDayKind && r.StartCode() == code &&
             r.EndCode() == range.lastCode && code >= range.firstCode && code <= range.lastCode &&
-            MultiDayPayload(r) == MultiDayPayload(first) && month.days.insert(p.day).second;
+            MultiDayPayload(list, r) == MultiDayPayload(list, first) && month.days.insert(p.day).second;
     }
     // Every day of the span in each of those months, and no other.
     for (const auto& entry : byMonthRow) {
@@ -222,10 +222,11 @@ std::vector<LiveRow> Snapshot(const SchDatCTL& t, const std::vector<PlacedRow>& 
     row.numbers = {p.year,        p.month,      p.day,     r.Day,     r.Month,    r.Year,
                    endCode,       r.StartTime,  r.EndTime, subNo,     r.Stamp,    r.ParentSubNo,
                    r.ParentStamp, r.RepeatKind, r.Private, r.AlarmOn, r.AlarmLead};
-    row.title = AsSaved(r.Title);
-    row.place = AsSaved(r.Place);
-    row.memo = AsSaved(r.Memo);
-    row.sound = AsSaved(r.AlarmSound);
+    const RowTexts texts = t.SchDatList.Texts(r);
+    row.title = AsSaved(std::string(texts.Title));
+    row.place = AsSaved(std::string(texts.Place));
+    row.memo = AsSaved(std::string(texts.Memo));
+    row.sound = AsSaved(std::string(texts.AlarmSound));
     rows.push_back(std::move(row));
   }
   std::sort(rows.begin(), rows.end());
