@@ -93,6 +93,13 @@ std::string_view TableText(std::string_view bytes, CodePage page, std::string& s
   return scratch;
 }
 
+// The name of an alarm sound as the tables hold it: UTF-8, every other byte as it stands.
+std::string_view SoundName(std::string_view bytes, CodePage page, std::string& scratch) {
+  if (IsAscii(bytes)) return bytes;
+  scratch = ToUtf8(bytes, page);
+  return scratch;
+}
+
 // The fewest bytes a record takes in a file: its fixed part, three empty texts, no alarm.
 constexpr std::size_t kSmallestRecord = kRecordFixedSize + 8;
 // The most rows reserved ahead, so that a large damaged file asks for no great block of memory
@@ -332,7 +339,7 @@ class SclLoader {
     const CodePage page = doc_.FileCodePage;
     part.texts = t_.SchDatList.AddTexts(
         {TableText(title, page, scratch_[0]), TableText(place, page, scratch_[1]),
-         TableText(memo, page, scratch_[2]), TableText(sound, page, scratch_[3])});
+         TableText(memo, page, scratch_[2]), SoundName(sound, page, scratch_[3])});
     return part;
   }
 
