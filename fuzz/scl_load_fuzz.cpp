@@ -185,7 +185,8 @@ SeriesSet ReshapedSeries(const SchDatCTL& t, const std::vector<PlacedRow>& place
       month.month = p.month;
       run = run && r.RepeatKind == kMultiDayKind && r.StartCode() == code &&
             r.EndCode() == range.lastCode && code >= range.firstCode && code <= range.lastCode &&
-            MultiDayPayload(list, r) == MultiDayPayload(list, first) && month.days.insert(p.day).second;
+            MultiDayPayload(list, r) == MultiDayPayload(list, first) &&
+            month.days.insert(p.day).second;
     }
     // Every day of the span in each of those months, and no other.
     for (const auto& entry : byMonthRow) {
