@@ -2,7 +2,6 @@
 #include "cli/csv_options.h"
 #include "cli/verb.h"
 #include "interchange/csv_export.h"
-#include "platform/std/safe_file.h"
 #include "platform/std/user_settings_file.h"
 
 namespace sched {
@@ -18,8 +17,7 @@ int RunExportCsv(const std::vector<std::string>& args, std::ostream&, std::ostre
   CliStore cli(err, page);
   if (!cli.Load(options.file)) return kExitRefused;
   SilentProgress progress;
-  const std::string text = ExportCsvFile(cli.Document(), csv, progress);
-  if (!WriteFileSafely(target, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()})) {
+  if (!ExportCsvFile(cli.Document(), csv, progress, target)) {
     err << "Write error!\n";
     return kExitRefused;
   }

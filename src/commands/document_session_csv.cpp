@@ -31,9 +31,7 @@ void DocumentSession::ImportCsv(const std::string& path) {
 bool DocumentSession::ExportCsv(const std::string& path) {
   StartProgress("Now writing...");
   const CsvSettings csv = LoadCsvSettings(s_.settings, kSettingsApp);
-  const std::string text = ExportCsvFile(Doc(), csv, s_.progress);
-  const auto* data = reinterpret_cast<const std::uint8_t*>(text.data());
-  if (!WriteFileSafely(path, {data, text.size()})) {
+  if (!ExportCsvFile(Doc(), csv, s_.progress, path)) {
     s_.progress.SetVisible(false);
     return false;
   }

@@ -20,19 +20,13 @@ CivilDate StartOf(const SchDatRow& row) {
   return {row.Year, row.Month, row.Day};
 }
 
-// No export of the tables is longer: every row of its own, with its texts and, in each
-// column, quotes, a comma and the longest date or time.
-std::size_t LargestSize(const SchDatCTL& t, int lastColumn) {
-  constexpr std::size_t kLongestItem = 16;
-  const std::size_t perRow = static_cast<std::size_t>(lastColumn + 2) * kLongestItem;
-  std::size_t size = perRow;
-  for (int row = 0; !t.SchDatList.IsEmpty() && row < t.SchDatList.Rows(); ++row) {
-    const SchDatRow& r = t.SchDatList.At(row);
-    if (!r.IsLive()) continue;
-    const RowTexts texts = t.SchDatList.Texts(r);
-    size += perRow + texts.Title.size() + texts.Place.size() + texts.Memo.size();
-  }
-  return size;
+// The text goes to the sink in pieces of about this size.
+constexpr std::size_t kPieceSize = std::size_t{1} << 18;
+
+bool Hand(FileSink& sink, std::string& text) {
+  const bool taken = sink.Append({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+  text.clear();
+  return taken;
 }
 
 const char* Flag(bool on) {
@@ -57,7 +51,11 @@ bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& 
     const std::string_view from = text == kCsvTitle   ? texts.Title
                                   : text == kCsvPlace ? texts.Place
                                                       : texts.Memo;
-    fields[text] = from.find('\r') == std::string_view::npos ? std::string(from) : StripCR(from);
+    if (from.find('\r') == std::string_view::npos) {
+      fields[text].assign(from);
+    } else {
+      fields[text] = StripCR(from);
+    }
   }
   fields[kCsvPrivate] = Flag(row.Private != 0);
   fields[kCsvAlarmOn] = Flag(row.AlarmLead != 0);
@@ -113,21 +111,28 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<st
     if (field >= 0 && !written[static_cast<std::size_t>(field)]) {
       written[static_cast<std::size_t>(field)] = true;
       const std::string& item = row[static_cast<std::size_t>(field)];
-      out += IsAscii(item) ? item : ToCodePage(item, page);
+      // Only the texts of the item can hold more than ASCII: the names, dates and flags are
+      // the program's own.
+      const bool text = field == kCsvTitle || field == kCsvPlace || field == kCsvMemo;
+      if (text && !IsAscii(item)) {
+        out += ToCodePage(item, page);
+      } else {
+        out += item;
+      }
     }
     out += '"';
     out += i == lastColumn ? "\r\n" : ",";
   }
 }
 
-std::string ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings,
-                          ProgressDisplay& progress) {
+bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDisplay& progress,
+                   FileSink& sink) {
   EnsureDefaultCsvColumns(settings.CsvColumns);
   const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
   const int lastColumn = LastColumn(map);
   const SchDatCTL& t = doc.Tables;
   std::string text;
-  text.reserve(LargestSize(t, lastColumn));
+  text.reserve(2 * kPieceSize);
   if (settings.CsvFirstRowIsHeader) {
     CsvRowFields names;
     for (std::size_t i = 0; i < map.size(); ++i) {
@@ -149,10 +154,17 @@ std::string ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings,
           }
         }
       }
+      if (text.size() >= kPieceSize && !Hand(sink, text)) return false;
     }
   }
   progress.SetValue(100);
-  return text;
+  return Hand(sink, text);
+}
+
+bool ExportCsvFile(const ScheduleDocument& doc, const CsvSettings& settings,
+                   ProgressDisplay& progress, const std::string& path) {
+  return WriteFileSafely(
+      path, [&](FileSink& sink) { return ExportCsvFile(doc, settings, progress, sink); });
 }
 
 }  // namespace sched

@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
 #include "interchange/csv_fields.h"
 #include "platform/progress_display.h"
+#include "platform/std/safe_file.h"
 #include "store/document.h"
 #include "store/row_index.h"
 
@@ -28,9 +30,14 @@ int LastColumn(const std::vector<std::int16_t>& map);
 void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<std::int16_t>& map,
                  int lastColumn, CodePage page);
 
-// The whole schedule as CSV text in the mapping of `settings`, in the document's code page;
-// the bar runs from 0 to 100 over the years.
-std::string ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings,
-                          ProgressDisplay& progress);
+// The whole schedule as CSV text in the mapping of `settings`, in the document's code page,
+// handed to `sink` a piece at a time so that a large export is never held whole; the bar
+// runs from 0 to 100 over the years. False when the sink refused a piece.
+[[nodiscard]] bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings,
+                                 ProgressDisplay& progress, FileSink& sink);
+
+// The same written safely to the file at `path`; false when it could not be written.
+[[nodiscard]] bool ExportCsvFile(const ScheduleDocument& doc, const CsvSettings& settings,
+                                 ProgressDisplay& progress, const std::string& path);
 
 }  // namespace sched

@@ -13,9 +13,26 @@ constexpr const char* kHeader =
     "\"Title\",\"Start Date\",\"Start Time\",\"End Date\",\"End Time\",\"All Day Event\","
     "\"Alarm On/Off\",\"Alarm Date\",\"Alarm Time\",\"Place\",\"Memo\",\"Private\"\r\n";
 
+// The export's pieces joined.
+class TextSink : public FileSink {
+ public:
+  bool Append(std::span<const std::uint8_t> bytes) override {
+    text.append(bytes.begin(), bytes.end());
+    return true;
+  }
+  bool WriteAt(std::uint64_t, std::span<const std::uint8_t>) override { return false; }
+  std::string text;
+};
+
+std::string Exported(FakeStore& maker, const CsvSettings& settings) {
+  TextSink sink;
+  EXPECT_TRUE(ExportCsvFile(maker.doc, settings, maker.progress, sink));
+  return sink.text;
+}
+
 std::string Import(FakeStore& maker, const std::string& file) {
   EXPECT_TRUE(ImportCsvFile({maker.store, maker.progress, maker.clock}, file, {{}, false}));
-  return ExportCsvFile(maker.doc, {{}, false}, maker.progress);
+  return Exported(maker, {{}, false});
 }
 
 TEST(CsvExport, RowsAsTheyAreWritten) {
@@ -52,7 +69,7 @@ TEST(CsvExport, HeaderAndColumnsOfTheMapping) {
   FakeStore maker;
   maker.store.InsertRecord(MakeItem(2001, 5, 1, 600, 660, "t"));
   const auto exported = [&](const char* columns, bool header) {
-    return ExportCsvFile(maker.doc, {SplitCsvColumnNames(columns), header}, maker.progress);
+    return Exported(maker, {SplitCsvColumnNames(columns), header});
   };
   EXPECT_EQ(exported("", true), kHeader + std::string("\"t\",\"2001/05/01\",\"10:00 AM\","
                                                       "\"2001/05/01\",\"11:00 AM\",\"0\",\"0\","
@@ -68,7 +85,7 @@ TEST(CsvExport, SeriesComeOutOneRowAnOccurrence) {
   SchRecord item = MakeItem(2001, 5, 1, 600, 660, "w");
   item.RepeatKind = 0x1000 | 1 << 2;  // weekly on Monday
   InsertSeries(maker.store, item, 10, 7);
-  const std::string text = ExportCsvFile(maker.doc, {{}, false}, maker.progress);
+  const std::string text = Exported(maker, {{}, false});
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 10);
 }
 
