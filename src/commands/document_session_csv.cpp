@@ -4,7 +4,6 @@
 #include "commands/document_session.h"
 #include "interchange/csv_export.h"
 #include "interchange/csv_import.h"
-#include "platform/std/safe_file.h"
 #include "shell/settings.h"
 #include "store/scl_format.h"
 
