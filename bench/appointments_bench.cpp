@@ -100,7 +100,7 @@ class SeriesDocument : public BenchDocument {
   }
   // The series' rows live again, as before the delete.
   void UndeleteSeries() {
-    for (int row : SeriesRows(doc_.Tables, Key())) doc_.Tables.SchDatList.At(row).Deleted = kLive;
+    for (int row : SeriesRows(doc_.Tables, Key())) doc_.Tables.SchDatList.Edit(row).Deleted = kLive;
     doc_.Tables.RowCount += kWeeks;
   }
 

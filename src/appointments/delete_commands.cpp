@@ -106,7 +106,7 @@ bool DeleteCommands::DeleteDays(const DayRange& range) {
   // Only the years, months and days in range are walked: a command on one month costs that
   // month's chains, whatever the size of the schedule.
   for (int y = 0; y < t.YearCount; ++y) {
-    AncYYRow& year = t.AncYY.At(y);
+    AncYYRow& year = t.AncYY.Edit(y);
     if (DateCode(year.Year, 12, 31) < range.first || DateCode(year.Year, 1, 1) > range.last) {
       continue;
     }
@@ -170,7 +170,7 @@ void DeleteCommands::RepairSeriesEnds(const SeriesKey& series) {
   if (last == nullptr) return;
   const CivilDate end{last->Year, last->Month, last->Day};
   for (int row : rows) {
-    SchDatRow& r = list.At(row);
+    SchDatRow& r = list.Edit(row);
     if (!r.IsLive()) continue;
     SetEndDate(r, end);
   }

@@ -59,7 +59,7 @@ std::optional<std::vector<std::uint8_t>> BuildExportFile(const SchDatCTL& tables
 void ClearLinkBits(SchDatCTL& tables) {
   auto& list = tables.SchDatList;
   for (int row = 0; !list.IsEmpty() && row < list.Rows(); ++row) {
-    SchDatRow& r = list.At(row);
+    SchDatRow& r = list.Edit(row);
     if (r.IsLive() && HasLinkBit(r.Stamp)) r.Stamp = ClearLinkBit(r.Stamp);
   }
 }

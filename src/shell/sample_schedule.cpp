@@ -59,7 +59,7 @@ class SampleBuilder {
 
   // Marks one date as a holiday (on a working weekday) or as a workday (on a weekly holiday).
   void SetDay(const CivilDate& date, bool holiday) {
-    AncYYRow& year = store_.Document().Tables.AncYY.At(store_.FindOrAddYear(date.year));
+    AncYYRow& year = store_.Document().Tables.AncYY.Edit(store_.FindOrAddYear(date.year));
     auto& masks = holiday ? year.HolidayOn : year.HolidayOff;
     masks[static_cast<std::size_t>(date.month - 1)] |= 1 << (date.day - 1);
   }

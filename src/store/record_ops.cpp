@@ -92,7 +92,7 @@ int ScheduleStore::FindOrAddYear(int year) {
     return 0;
   }
   ++t.YearCount;
-  t.AncYY.At(t.YearCount - 2).NextYear = t.YearCount - 1;
+  t.AncYY.Edit(t.YearCount - 2).NextYear = t.YearCount - 1;
   return t.AncYY.Append(row);
 }
 
@@ -100,7 +100,7 @@ int ScheduleStore::FindOrAddMonth(int month, int yearRow) {
   SchDatCTL& t = doc_.Tables;
   AncMMRow row;
   row.Month = month;
-  AncYYRow& year = t.AncYY.At(yearRow);
+  AncYYRow& year = t.AncYY.Edit(yearRow);
   if (year.FirstMonth == -1) {
     const int added = t.MonthCount == 0 ? t.AncMM.Put(row) : t.AncMM.Append(row);
     ++t.MonthCount;
@@ -114,7 +114,7 @@ int ScheduleStore::FindOrAddMonth(int month, int yearRow) {
   }
   ++t.MonthCount;
   const int added = t.AncMM.Append(row);
-  t.AncMM.At(last).NextMonth = added;
+  t.AncMM.Edit(last).NextMonth = added;
   return added;
 }
 
@@ -129,7 +129,7 @@ int ScheduleStore::InsertRow(int head, int monthRow, int day, const SchRecord& r
     newRow = list.Append(std::move(line));
   }
   ++t.RowCount;
-  std::int32_t& dayHead = t.AncMM.At(monthRow).DayHead[static_cast<std::size_t>(day - 1)];
+  std::int32_t& dayHead = t.AncMM.Edit(monthRow).DayHead[static_cast<std::size_t>(day - 1)];
   if (head == -1) {
     dayHead = newRow;
   } else {
@@ -141,15 +141,34 @@ int ScheduleStore::InsertRow(int head, int monthRow, int day, const SchRecord& r
       prev = at;
     }
     if (prev == -1) {
-      list.At(newRow).Next = head;
+      list.Edit(newRow).Next = head;
       dayHead = newRow;
     } else {
-      list.At(newRow).Next = list.At(prev).Next;
-      list.At(prev).Next = newRow;
+      list.Edit(newRow).Next = list.At(prev).Next;
+      list.Edit(prev).Next = newRow;
     }
   }
   if (AlarmDueToday(list.At(newRow))) svc_.alarms.AddAlarmOfRecord(newRow);
   return newRow;
+}
+
+void ScheduleStore::Undo() {
+  FollowAlarms(history_.Undo());
+}
+
+void ScheduleStore::Redo() {
+  FollowAlarms(history_.Redo());
+}
+
+void ScheduleStore::FollowAlarms(const UndoStep* step) {
+  if (step == nullptr) return;
+  const SchDatTable& list = doc_.Tables.SchDatList;
+  for (const auto& [row, image] : step->items.after) {
+    svc_.alarms.RemoveAlarmOfRecord(row);
+    if (list.At(row).IsLive() && AlarmDueToday(list.At(row))) svc_.alarms.AddAlarmOfRecord(row);
+  }
+  svc_.alarms.SortTodayAlarms();
+  svc_.alarms.ArmNextAlarm();
 }
 
 void ScheduleStore::DeleteItem(const SchRecord& record) {
@@ -168,7 +187,7 @@ void ScheduleStore::DeleteItem(const SchRecord& record) {
 
 void ScheduleStore::RemoveRow(int row) {
   SchDatCTL& t = doc_.Tables;
-  SchDatRow& r = t.SchDatList.At(row);
+  SchDatRow& r = t.SchDatList.Edit(row);
   if (r.Deleted != kDeleted) --t.RowCount;
   r.Deleted = kDeleted;
   svc_.alarms.RemoveAlarmOfRecord(row);

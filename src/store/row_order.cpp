@@ -41,7 +41,7 @@ int SortDayChain(SchDatCTL& ctl, int first, int count) {
   std::stable_sort(order.begin(), order.end(),
                    [&](int a, int b) { return list.At(a).StartTime < list.At(b).StartTime; });
   for (std::size_t i = 0; i < order.size(); ++i) {
-    list.At(order[i]).Next = i + 1 < order.size() ? order[i + 1] : -1;
+    list.Edit(order[i]).Next = i + 1 < order.size() ? order[i + 1] : -1;
   }
   return order.front();
 }

@@ -137,7 +137,7 @@ std::string SchDatTable::Cell(int row, int col) const {
 }
 
 void SchDatTable::SetCell(int row, int col, std::string_view text) {
-  SchDatRow& r = At(row);
+  SchDatRow& r = Edit(row);
   r.blank = false;
   RowTexts texts = Texts(r);
   if (std::string_view* cell = TextOfColumn(texts, col)) {

@@ -26,6 +26,7 @@ struct AncYYRow {
   std::string Cell(int col) const;
   void SetCell(int col, std::string_view text);
   bool HasHolidayMask() const;
+  bool operator==(const AncYYRow&) const = default;
 };
 
 // AncMM: one row a month of a year.
@@ -39,6 +40,7 @@ struct AncMMRow {
   AncMMRow() { DayHead.fill(-1); }
   std::string Cell(int col) const;
   void SetCell(int col, std::string_view text);
+  bool operator==(const AncMMRow&) const = default;
 };
 
 // Columns of SchDatList.
@@ -106,6 +108,7 @@ struct SchDatRow {
   std::int32_t StartCode() const;
   std::int32_t EndCode() const;
   SeriesKey Series() const { return {ParentSubNo, ParentStamp}; }
+  bool operator==(const SchDatRow&) const = default;
 };
 
 // The SchDatList table: its rows and the texts they show.

@@ -10,6 +10,7 @@
 #include "store/alarm_hooks.h"
 #include "store/document.h"
 #include "store/sch_record.h"
+#include "store/undo_history.h"
 
 namespace sched {
 
@@ -31,11 +32,18 @@ struct MonthData {
 // alarm list what it did: what the program shows next is up to the caller.
 class ScheduleStore {
  public:
-  ScheduleStore(ScheduleDocument& doc, StoreServices services) : doc_(doc), svc_(services) {}
+  ScheduleStore(ScheduleDocument& doc, StoreServices services)
+      : doc_(doc), svc_(services), history_(doc) {}
 
   ScheduleDocument& Document() { return doc_; }
   const ScheduleDocument& Document() const { return doc_; }
   AlarmHooks& Alarms() { return svc_.alarms; }
+  // Undo and redo of the commands' changes; it records only once told to.
+  UndoHistory& History() { return history_; }
+  const UndoHistory& History() const { return history_; }
+  // Takes back the last step, or makes the next one again, with today's alarms of its rows.
+  void Undo();
+  void Redo();
 
   // Empties the tables.
   void ClearIndex();
@@ -78,6 +86,8 @@ class ScheduleStore {
 
  private:
   bool AlarmDueToday(const SchDatRow& row) const;
+  // Today's alarm list after a step's rows changed back or again.
+  void FollowAlarms(const UndoStep* step);
 
   SclLoadResult LoadBytes(std::span<const std::uint8_t> bytes, std::uint8_t* owned);
 
@@ -86,6 +96,7 @@ class ScheduleStore {
 
   ScheduleDocument& doc_;
   StoreServices svc_;
+  UndoHistory history_;
 };
 
 // The row of a record without its texts; the private flag is 0 or 1.

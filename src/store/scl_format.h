@@ -39,6 +39,7 @@ struct SclHeader {
   std::uint16_t PrivateCount = 0;
   std::uint16_t WeekHolidayMask = 1;
   std::int32_t FirstYear = -1;
+  bool operator==(const SclHeader&) const = default;
 };
 
 struct SclYear {

@@ -22,7 +22,7 @@ void CheckSeries(SchDatCTL& ctl) {
     std::size_t end = i + 1;
     while (end < members.size() && members[end].first == members[i].first) ++end;
     // A series of one is a plain item.
-    if (end - i == 1) list.At(members[i].second).RepeatKind = 0;
+    if (end - i == 1) list.Edit(members[i].second).RepeatKind = 0;
     i = end;
   }
 }

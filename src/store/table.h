@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,10 +22,28 @@ std::vector<std::string_view> SplitLine(std::string_view line);
 //
 // Row must offer `static constexpr int kColumns`, `std::string Cell(int) const`,
 // `void SetCell(int, std::string_view)` and a `blank` flag.
+// What a table hands to a journal that records its changes: the first form of every row that
+// was there when the journal last started afresh, before the table changes it.
+template <typename Row>
+struct RowJournal {
+  int rowsBefore = 0;  // rows the table had then; rows from here on were added since
+  std::vector<std::pair<int, Row>> before;
+};
+
 template <typename Row>
 class Table {
  public:
   Table() { Clear(); }
+  // A copy is a table of its own: the journal stays with the table it records.
+  Table(const Table& other) : rows_(other.rows_), edits_(other.edits_) {}
+  Table(Table&& other) noexcept : rows_(std::move(other.rows_)), edits_(other.edits_) {}
+  Table& operator=(const Table& other) { return *this = Table(other); }
+  Table& operator=(Table&& other) noexcept {
+    rows_ = std::move(other.rows_);
+    edits_ = std::max(edits_, other.edits_) + 1;  // no index takes it for the rows it had
+    if (journal_ != nullptr) *journal_ = {};
+    return *this;
+  }
 
   int Rows() const { return static_cast<int>(rows_.size()); }
 
@@ -37,7 +56,7 @@ class Table {
   }
 
   void SetCell(int row, int col, std::string_view text) {
-    Row& r = rows_.at(static_cast<std::size_t>(row));
+    Row& r = Edit(row);
     r.blank = false;
     r.SetCell(col, text);
     ++edits_;
@@ -59,11 +78,20 @@ class Table {
     rows_.assign(1, Row{});
     rows_[0].blank = true;
     ++edits_;
+    if (journal_ != nullptr) *journal_ = {};
   }
 
-  // Typed access for the logic, which reads and writes the fields the cells show.
+  // Typed access for the logic: At reads a row, Edit gives it to be changed, and a journal
+  // keeps its form from before the change.
   const Row& At(int row) const { return rows_[static_cast<std::size_t>(row)]; }
-  Row& At(int row) { return rows_[static_cast<std::size_t>(row)]; }
+  Row& Edit(int row) {
+    Row& r = rows_.at(static_cast<std::size_t>(row));
+    if (journal_ != nullptr && row < journal_->rowsBefore) {
+      auto& before = journal_->before;
+      if (before.empty() || before.back().first != row) before.emplace_back(row, r);
+    }
+    return r;
+  }
 
   // Room for `rows` rows without moving them.
   void Reserve(std::size_t rows) { rows_.reserve(rows); }
@@ -89,6 +117,22 @@ class Table {
   // Counts every change other than an append, so that an index over appended rows knows when
   // it has to start again.
   std::uint64_t Edits() const { return edits_; }
+
+  // Hands the changes of rows to `journal` from now on; nullptr stops it. The journal starts
+  // with the rows the table has: the blank row of an empty table counts as none.
+  void RecordInto(RowJournal<Row>* journal) {
+    journal_ = journal;
+    if (journal_ != nullptr) *journal_ = {IsEmpty() ? 0 : Rows(), {}};
+  }
+  // Puts a row back as a journal kept it, unrecorded; a row past the end is added.
+  void Restore(int row, const Row& image) {
+    if (row == Rows()) {
+      rows_.push_back(image);
+    } else {
+      rows_.at(static_cast<std::size_t>(row)) = image;
+    }
+    ++edits_;
+  }
 
   static Row RowFromLine(std::string_view line) {
     Row row{};
@@ -116,6 +160,7 @@ class Table {
  private:
   std::vector<Row> rows_;
   std::uint64_t edits_ = 0;
+  RowJournal<Row>* journal_ = nullptr;
 };
 
 }  // namespace sched

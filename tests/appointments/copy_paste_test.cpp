@@ -51,7 +51,7 @@ TEST(CopyPaste, APasteWritesTheCopyOnTheShownDate) {
     Clipboard b;
     const int copied = b.Enter(c.Hex(0), c.Date(1), c.Int(2));
     // The copied row holds the word as the case writes it, as a file may hold it.
-    b.s.doc.Tables.SchDatList.At(copied).RepeatKind = static_cast<std::int16_t>(c.Hex(0));
+    b.s.doc.Tables.SchDatList.Edit(copied).RepeatKind = static_cast<std::int16_t>(c.Hex(0));
     ASSERT_TRUE(b.copyPaste.CopySchedule(false, copied)) << c.where;
     if (c.YesNo(3)) b.s.store.DeleteItem(RowToRecord(b.s.doc.Tables.SchDatList, copied));
     b.s.doc.SetShownDate(c.Date(4));

@@ -26,7 +26,7 @@ void BuildSchedule(FakeStore& s) {
   for (const CaseRow& c : ReadCases("appointments/delete_schedule.txt", 7, 15)) {
     const CivilDate date = c.Date(1);
     if (c[0] == "holiday" || c[0] == "workday") {
-      AncYYRow& year = s.doc.Tables.AncYY.At(s.store.FindOrAddYear(date.year));
+      AncYYRow& year = s.doc.Tables.AncYY.Edit(s.store.FindOrAddYear(date.year));
       auto& masks = c[0] == "holiday" ? year.HolidayOn : year.HolidayOff;
       masks[static_cast<std::size_t>(date.month - 1)] |= 1 << (date.day - 1);
       continue;

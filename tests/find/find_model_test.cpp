@@ -53,7 +53,7 @@ struct Schedule : FakeStore {
     // The trip's three rows take a place.
     SchDatTable& list = doc.Tables.SchDatList;
     for (int row = list.Rows() - 3; row < list.Rows(); ++row)
-      list.SetTexts(list.At(row), {"Trip to Lyon", "ØRESUND Ærodrome", "", ""});
+      list.SetTexts(list.Edit(row), {"Trip to Lyon", "ØRESUND Ærodrome", "", ""});
   }
 };
 
@@ -79,7 +79,7 @@ TEST(FindModel, FollowsTheChangesOfTheSchedule) {
   // A row that takes other texts, as an undone change gives it back its old ones.
   const int row = s.model.Results().front().row;
   SchDatTable& list = s.doc.Tables.SchDatList;
-  list.SetTexts(list.At(row), {"Dentiste", "Paris", "", ""});
+  list.SetTexts(list.Edit(row), {"Dentiste", "Paris", "", ""});
   s.model.Search({"paris"});
   ASSERT_EQ(s.model.Results().size(), 1u);
   EXPECT_EQ(s.model.Results().front().row, row);

@@ -82,7 +82,7 @@ TEST(SchYearHModel, OpensWithTheQuestionForTheDayAndTheMarksAYesWouldLeave) {
   for (const CaseRow& row : ReadCases("holidays/day-dialog-opens.txt", 7, 8)) {
     Year y;
     const CivilDate date = row.Date(2);
-    AncYYRow& year = y.t.doc.Tables.AncYY.At(y.t.store.FindOrAddYear(date.year));
+    AncYYRow& year = y.t.doc.Tables.AncYY.Edit(y.t.store.FindOrAddYear(date.year));
     year.HolidayOn[date.month - 1] = Mask(row[0]);
     year.HolidayOff[date.month - 1] = Mask(row[1]);
     y.t.doc.SetShownDate(date);

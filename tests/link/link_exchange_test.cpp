@@ -91,7 +91,7 @@ TEST(LinkExchange, AnImportReplacesWhatItsMergeSaysAndAddsLinkedRows) {
     Exchange x;
     x.Add(24, 540, "Own");
     const SchRecord linked = x.Add(24, 600, "Linked");
-    x.doc.Tables.SchDatList.At(1).Stamp = ClearLinkBit(linked.Stamp);
+    x.doc.Tables.SchDatList.Edit(1).Stamp = ClearLinkBit(linked.Stamp);
     SchRecord in = MakeItem(2026, 11, 24, 660, 690, "In\tTab");
     in.AlarmOn = 1, in.AlarmLead = 5;
     SchRecord holiday = MakeItem(2026, 11, 23, -1, -1, "勤労感謝の日");

@@ -28,8 +28,8 @@ class RandomSchedule {
     }
     for (int i = 0; i < 4; ++i) {
       const int row = s.store.FindOrAddYear(Pick(kFirstYear, kLastYear));
-      auto& masks =
-          Pick(0, 1) ? s.doc.Tables.AncYY.At(row).HolidayOn : s.doc.Tables.AncYY.At(row).HolidayOff;
+      auto& masks = Pick(0, 1) ? s.doc.Tables.AncYY.Edit(row).HolidayOn
+                               : s.doc.Tables.AncYY.Edit(row).HolidayOff;
       masks[static_cast<std::size_t>(Pick(0, 11))] |= 1 << Pick(0, 30);
     }
     for (int w = 0; w < 7; ++w) s.doc.WeekHoliday[static_cast<std::size_t>(w)] = Pick(0, 2) == 0;

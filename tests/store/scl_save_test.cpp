@@ -64,8 +64,8 @@ TEST(SclSave, WritesTheFileLeavesFirstByteForByte) {
   s.store.InsertRecord(a);
   s.store.InsertRecord(b);
   InsertSpan(s.store, {1998, 7, 30}, 4, "Trip", 0x33);
-  s.doc.Tables.AncYY.At(0).HolidayOn[6] = 1 << 3;  // 1998/7/4
-  s.doc.Tables.AncYY.At(s.store.FindOrAddYear(1999)).HolidayOff[0] = 1;
+  s.doc.Tables.AncYY.Edit(0).HolidayOn[6] = 1 << 3;  // 1998/7/4
+  s.doc.Tables.AncYY.Edit(s.store.FindOrAddYear(1999)).HolidayOff[0] = 1;
   SchRecord gone = MakeItem(2000, 1, 1, -1, -1, "gone");
   s.store.InsertRecord(gone);
   s.store.DeleteItem(gone);  // leaves a year and month with nothing to write
@@ -117,7 +117,7 @@ TEST(SclSave, PrivateRecordsTakeTheDevicesLevelAndAreCountedOnceAMonth) {
   secret.Private = 1;
   s.store.InsertRecord(secret);
   InsertSpan(s.store, {1998, 7, 31}, 2, "private trip", 0x44);
-  for (int row = 1; row <= 2; ++row) s.doc.Tables.SchDatList.At(row).Private = 1;
+  for (int row = 1; row <= 2; ++row) s.doc.Tables.SchDatList.Edit(row).Private = 1;
   const auto bytes = s.SaveTo("private.scl");
   EXPECT_EQ(bytes[4], 3);        // one plain record and the trip in July and in August
   EXPECT_EQ(bytes[12 + 34], 4);  // the first record's Private is the level

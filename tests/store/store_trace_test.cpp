@@ -78,12 +78,12 @@ testing::Trace<Store> StoreTrace() {
   t.steps["span"] = [](S st, R r) { InsertSpan(st.s.store, r.Date(1), r.Int(2), r[3], r.Int(4)); };
   t.steps["delete"] = [](S st, R r) { st.s.store.DeleteItem(st.items.at(r[1])); };
   t.steps["mark-deleted"] = [](S st, R r) {
-    st.s.doc.Tables.SchDatList.At(r.Int(1)).Deleted = kDeleted;
+    st.s.doc.Tables.SchDatList.Edit(r.Int(1)).Deleted = kDeleted;
   };
   t.steps["row-count"] = [](S st, R r) { st.s.doc.Tables.RowCount = r.Int(1); };
-  t.steps["link"] = [](S st, R r) { st.s.doc.Tables.SchDatList.At(r.Int(1)).Next = r.Int(2); };
+  t.steps["link"] = [](S st, R r) { st.s.doc.Tables.SchDatList.Edit(r.Int(1)).Next = r.Int(2); };
   t.steps["day-head"] = [](S st, R r) {
-    st.s.doc.Tables.AncMM.At(r.Int(1)).DayHead[static_cast<std::size_t>(r.Int(2) - 1)] = r.Int(3);
+    st.s.doc.Tables.AncMM.Edit(r.Int(1)).DayHead[static_cast<std::size_t>(r.Int(2) - 1)] = r.Int(3);
   };
   t.steps["title"] = [](S st, R r) {
     st.s.doc.Tables.SchDatList.SetCell(r.Int(1), kColTitle, testing::Unescaped(r[2]));
@@ -93,7 +93,7 @@ testing::Trace<Store> StoreTrace() {
     EXPECT_EQ(st.s.store.FindOrAddYear(r.Int(1)), r.Int(2)) << r.where;
   };
   t.steps["masks"] = [](S st, R r) {
-    AncYYRow& row = st.s.doc.Tables.AncYY.At(st.s.store.FindOrAddYear(r.Int(1)));
+    AncYYRow& row = st.s.doc.Tables.AncYY.Edit(st.s.store.FindOrAddYear(r.Int(1)));
     row.HolidayOn[static_cast<std::size_t>(r.Int(2) - 1)] =
         static_cast<std::int32_t>(std::stoll(r[3], nullptr, 0));
     row.HolidayOff[static_cast<std::size_t>(r.Int(2) - 1)] =

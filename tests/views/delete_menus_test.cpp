@@ -27,7 +27,7 @@ TEST(DataAround, AfterAndBeforeAreTwins) {
 TEST(DataAround, DeletedRowsAreNoData) {
   ViewsFixture f;
   f.Insert(2010, 6, 20, 540, 600, "x");
-  f.s.doc.Tables.SchDatList.At(0).Deleted = kDeleted;
+  f.s.doc.Tables.SchDatList.Edit(0).Deleted = kDeleted;
   EXPECT_FALSE(HasDataAfter(f.s.doc.Tables, {2010, 6, 1}));
   EXPECT_FALSE(YearHasData(f.s.doc.Tables, 2010));
   EXPECT_FALSE(MonthHasLiveData(f.s.doc.Tables, 2010, 6));

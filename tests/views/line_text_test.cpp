@@ -24,10 +24,10 @@ TEST(LineText, MultiDayDatesFollowTheLiveRows) {
   const SchDatCTL& t = s.doc.Tables;
   EXPECT_EQ(DayLineText(t, 0), "12/30 -  1/ 2  Turn");
   EXPECT_EQ(ListLineText(t, 0), "12/30- 1/ 2 Turn");
-  s.doc.Tables.SchDatList.At(3).Deleted = kDeleted;  // the last day's row
+  s.doc.Tables.SchDatList.Edit(3).Deleted = kDeleted;  // the last day's row
   // The end date comes from the row with the highest SubNo left, which still carries the end.
   EXPECT_EQ(MonthLineText(t, 0), " 1/ 2 Turn");
-  s.doc.Tables.SchDatList.At(0).Deleted = kDeleted;
+  s.doc.Tables.SchDatList.Edit(0).Deleted = kDeleted;
   EXPECT_EQ(DayLineText(t, 1), "12/31 -  1/ 2  Turn");
 }
 

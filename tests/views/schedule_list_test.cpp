@@ -18,7 +18,7 @@ TEST(ScheduleList, FillDayIndex) {
   f.Insert(2010, 6, 1, 600, 660, "B");
   f.Insert(2010, 6, 1, -1, -1, "A");
   f.Insert(2010, 6, 1, 700, 720, "C");
-  f.s.doc.Tables.SchDatList.At(2).Deleted = kDeleted;
+  f.s.doc.Tables.SchDatList.Edit(2).Deleted = kDeleted;
   EXPECT_EQ(list.FillDayIndex(f.s.doc.Tables, {2010, 6, 1}, false, 1), 2);
   EXPECT_EQ(list.Lines, (std::vector<std::string>{"Allday  A", "10:00am-11:00am B", ""}));
   EXPECT_EQ(list.List3, (std::vector<int>{1, 0}));

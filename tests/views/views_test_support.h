@@ -36,8 +36,8 @@ struct ViewsFixture {
   // Sets the masks of a year's row, making the row.
   void SetMasks(int year, int month, std::int32_t on, std::int32_t off) {
     const int row = s.store.FindOrAddYear(year);
-    s.doc.Tables.AncYY.At(row).HolidayOn[static_cast<std::size_t>(month - 1)] = on;
-    s.doc.Tables.AncYY.At(row).HolidayOff[static_cast<std::size_t>(month - 1)] = off;
+    s.doc.Tables.AncYY.Edit(row).HolidayOn[static_cast<std::size_t>(month - 1)] = on;
+    s.doc.Tables.AncYY.Edit(row).HolidayOff[static_cast<std::size_t>(month - 1)] = off;
   }
   const MonthCell& Cell(int c) const { return views.Month().Cell(c); }
 };

@@ -58,13 +58,13 @@ testing::Trace<Views> ViewsTrace() {
     v.Insert(d.year, d.month, d.day, r.Int(2), r.Int(3), r[4]);
   };
   t.steps["span"] = [](S v, R r) { InsertSpan(v.s.store, r.Date(1), r.Int(2), r[3], r.Int(4)); };
-  t.steps["delete"] = [](S v, R r) { v.s.doc.Tables.SchDatList.At(r.Int(1)).Deleted = kDeleted; };
+  t.steps["delete"] = [](S v, R r) { v.s.doc.Tables.SchDatList.Edit(r.Int(1)).Deleted = kDeleted; };
   t.steps["masks"] = [](S v, R r) {
     const auto bit = [&](std::size_t i) { return r[i] == "-" ? 0 : Bit(r.Int(i)); };
     v.SetMasks(r.Int(1), r.Int(2), bit(3), bit(4));
   };
   t.steps["year-row"] = [](S v, R r) {
-    v.s.doc.Tables.AncYY.At(r.Int(1)).Year = static_cast<std::uint16_t>(r.Int(2));
+    v.s.doc.Tables.AncYY.Edit(r.Int(1)).Year = static_cast<std::uint16_t>(r.Int(2));
   };
   t.steps["holiday"] = [](S v, R r) {
     const CivilDate d = r.Date(1);
