@@ -4,6 +4,7 @@
 #include <iostream>
 #include <utility>
 
+#include "commands/undo_commands.h"
 #include "core/app_texts.h"
 #include "core/calendar.h"
 #include "link/caldav_etags.h"
@@ -86,7 +87,10 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
   });
   commandSet_.Bind(CommandId::WordLists,
                    [this] { StartWordListEditor(p_.processes, messages_, paths_.InstallDir); });
+  BindUndoCommands(commandSet_, *session_);
   window_->Attach(commands_.get(), store_.get());
+  store_->History().Record(true);
+  commandSet_.RecordSteps(&store_->History(), [this] { window_->ShowMenus(); });
   setupDialog_.SetParent(window_.get());
   QObject::connect(window_.get(), &SchMain::FileDropped, window_.get(),
                    [this](const QString& path) { commands_->OpenFileByName(path.toStdString()); });

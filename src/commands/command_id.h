@@ -19,6 +19,8 @@ enum class CommandId {
   PrintPreview,
   Exit,
   // Edit and the popups
+  Undo,
+  Redo,
   Copy,
   Paste,
   Add,

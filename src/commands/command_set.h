@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "commands/command_id.h"
+#include "store/undo_history.h"
 #include "views/view_commands.h"
 
 namespace sched {
@@ -16,8 +17,13 @@ class CommandSet {
 
   void Bind(CommandId id, Routine routine);
   bool Has(CommandId id) const;
-  // Runs the command's routine; nothing for a command without one.
-  void Run(CommandId id) const;
+  // Runs the command's routine; nothing for a command without one. With a history, what a
+  // command that changes the document did becomes one step of it, and `stepsChanged` runs.
+  void Run(CommandId id);
+  void RecordSteps(UndoHistory* history, std::function<void()> stepsChanged) {
+    history_ = history;
+    stepsChanged_ = std::move(stepsChanged);
+  }
 
   // Whether the command is enabled at its place: the menus by the views' menu state, a popup by
   // the items it was opened for.
@@ -26,7 +32,13 @@ class CommandSet {
 
  private:
   std::array<Routine, kCommandCount> routines_;
+  UndoHistory* history_ = nullptr;
+  std::function<void()> stepsChanged_;
 };
+
+// The name of the step a command makes of its changes, as Undo and Redo show it; "" for a
+// command whose changes are no step (reading, writing or replacing the whole document).
+std::string StepName(CommandId id);
 
 // The enablement rule alone, as if every command had its routine.
 bool EnabledByRule(CommandId id, CommandPlace place, const MenuState& menus,

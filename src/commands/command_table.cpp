@@ -87,7 +87,10 @@ std::vector<MenuEntry> OptionEntries() {
 }
 
 std::vector<MenuEntry> EditEntries() {
-  std::vector<MenuEntry> entries = {Entry("CopySchdat", "&Copy", Copy),
+  std::vector<MenuEntry> entries = {Entry("UndoSchdat", "&Undo", Undo, StandardKey::Undo),
+                                    Entry("RedoSchdat", "&Redo", Redo, StandardKey::Redo),
+                                    Separator(),
+                                    Entry("CopySchdat", "&Copy", Copy),
                                     Entry("PasteSchdat", "&Paste", Paste),
                                     Separator(),
                                     Entry("NewSchdat", "&Add...", Add),
@@ -188,6 +191,8 @@ const std::vector<ToolButtonDefinition>& ToolbarTable() {
       {},
       {"SclAdd", "Add a schedule", Add},
       {"SclDel", "Delete the selected schedule", Delete},
+      {"Undo", "Undo the last change", Undo},
+      {"Redo", "Redo the change undone", Redo},
       {"Find", "Find in the whole schedule", Find},
       {},
       {"Subject", "Edit the word lists", WordLists},

@@ -8,7 +8,7 @@
 namespace sched {
 
 // The keys of the platform's standard shortcuts that an entry takes.
-enum class StandardKey { None, New, Open, Save, Print, HelpContents, Find };
+enum class StandardKey { None, New, Open, Save, Print, HelpContents, Find, Undo, Redo };
 
 // One line of a menu: a command, a separator, or the start or end of a submenu.
 struct MenuEntry {

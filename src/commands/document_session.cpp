@@ -69,6 +69,7 @@ void DocumentSession::LoadScheduleFile() {
 
 void DocumentSession::AfterLoad(bool remember) {
   ScheduleDocument& doc = Doc();
+  s_.store.History().Clear(!doc.Dirty);
   s_.views.UpdateDeleteMenus();
   s_.view.ShowMenus();
   s_.progress.SetValue(kProgressViewsShown);
@@ -114,6 +115,7 @@ bool DocumentSession::SaveScheduleFile() {
     return false;
   }
   const bool sent = !toDevice || SendToDevice(target);
+  if (sent) s_.store.History().MarkSaved();
   StoreLastFile(s_.settings, kDayviewSection, doc.ScheduleFile, doc.ScheduleOnPc);
   FinishProgress();
   return sent;
@@ -142,6 +144,7 @@ void DocumentSession::ResetToToday(bool noRedraw) {
   s_.views.ShowDate(today);
   s_.store.ResetHeader();
   s_.store.ClearIndex();
+  s_.store.History().Clear(true);
   s_.views.ClearDayLists();
   if (!noRedraw) RefreshViews();
 }
@@ -157,6 +160,10 @@ void DocumentSession::RepaintViews() {
 
 void DocumentSession::AfterChange() {
   Doc().Dirty = true;
+  ShowChange();
+}
+
+void DocumentSession::ShowChange() {
   s_.views.RefreshViews();
   if (s_.views.List().Visible) s_.views.ShowScheduleList();
   s_.view.ShowViews();

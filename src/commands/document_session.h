@@ -57,6 +57,8 @@ class DocumentSession : public CsvExchange {
   void RepaintViews();
   // After a command changed the schedule: it is marked changed and the views show the change.
   void AfterChange();
+  // The views, the schedule list and the delete menus show the schedule as it now stands.
+  void ShowChange();
   // "Scheduler - PC:name", "Scheduler - Tarvex:name", "Scheduler- name.csv" or "Scheduler -
   // Untitled".
   void ShowTitle();

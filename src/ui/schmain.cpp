@@ -48,14 +48,18 @@ SchMain::SchMain(SchMainServices services) : s_(services) {
   resize(1024, 720);
 }
 
-QKeySequence StandardSequence(StandardKey key) {
+QList<QKeySequence> Shortcuts(StandardKey key) {
   switch (key) {
-    case StandardKey::New: return QKeySequence::New;
-    case StandardKey::Open: return QKeySequence::Open;
-    case StandardKey::Save: return QKeySequence::Save;
-    case StandardKey::Print: return QKeySequence::Print;
-    case StandardKey::HelpContents: return QKeySequence::HelpContents;
-    case StandardKey::Find: return QKeySequence::Find;
+    case StandardKey::New: return {QKeySequence::New};
+    case StandardKey::Open: return {QKeySequence::Open};
+    case StandardKey::Save: return {QKeySequence::Save};
+    case StandardKey::Print: return {QKeySequence::Print};
+    case StandardKey::HelpContents: return {QKeySequence::HelpContents};
+    case StandardKey::Find: return {QKeySequence::Find};
+    case StandardKey::Undo: return {QKeySequence::Undo};
+    // Both keys that desktops use, whichever the platform's theme names.
+    case StandardKey::Redo:
+      return {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)};
     case StandardKey::None: break;
   }
   return {};
@@ -84,7 +88,7 @@ void SchMain::AddEntries(QMenu* menu, const MenuDefinition& definition, CommandP
         QAction* action = into->addAction(QString::fromStdString(e.caption));
         const QString name = QString::fromStdString(e.name);
         action->setObjectName(name);
-        action->setShortcut(StandardSequence(e.key));
+        action->setShortcuts(Shortcuts(e.key));
         action->setCheckable(e.checkable);
         action->setChecked(e.checked);
         if (e.radio) JoinRadioGroup(into, action);

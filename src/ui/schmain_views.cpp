@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "commands/undo_commands.h"
 #include "ui/day_tab.h"
 #include "ui/find_panel.h"
 #include "ui/month_tab.h"
@@ -59,6 +60,10 @@ void SchMain::ShowMenus() {
     c.action->setEnabled(s_.commands.Enabled(c.id, c.place, m));
   }
   DelCTRL->setEnabled(DelCTRLEnabled(m));
+  if (store_ != nullptr) {
+    ActionOf(CommandId::Undo)->setText(QString::fromStdString(UndoMenuText(store_->History())));
+    ActionOf(CommandId::Redo)->setText(QString::fromStdString(RedoMenuText(store_->History())));
+  }
 }
 
 void SchMain::ShowPopup(const QString& name, const PopupItems& items) {

@@ -131,6 +131,29 @@ void DrawMagnifier(QPainter& p) {
   p.drawEllipse(QPointF(10, 10), 6.5, 6.5);
 }
 
+// A curved arrow that turns back to the left (undo), or its mirror image (redo).
+void DrawTurn(QPainter& p, bool back) {
+  if (!back) {
+    p.translate(24, 0);
+    p.scale(-1, 1);
+  }
+  QPainterPath curve;
+  curve.moveTo(7, 9.5);
+  curve.cubicTo(QPointF(15, 9.5), QPointF(20.5, 11), QPointF(20.5, 15.5));
+  curve.cubicTo(QPointF(20.5, 19), QPointF(17.5, 20.5), QPointF(13, 20.5));
+  p.setPen(QPen(kBlue, 3, Qt::SolidLine, Qt::RoundCap));
+  p.setBrush(Qt::NoBrush);
+  p.drawPath(curve);
+  QPainterPath head;
+  head.moveTo(2, 9.5);
+  head.lineTo(9, 4);
+  head.lineTo(9, 15);
+  head.closeSubpath();
+  p.setPen(Qt::NoPen);
+  p.setBrush(kBlue);
+  p.drawPath(head);
+}
+
 class DrawnIconEngine : public QIconEngine {
  public:
   explicit DrawnIconEngine(QString key) : key_(std::move(key)) {}
@@ -180,6 +203,8 @@ class DrawnIconEngine : public QIconEngine {
       DrawPrinter(p);
     } else if (key_ == "Find") {
       DrawMagnifier(p);
+    } else if (key_ == "Undo" || key_ == "Redo") {
+      DrawTurn(p, key_ == "Undo");
     }
   }
 

@@ -302,6 +302,23 @@ testing::Trace<Program> ProgramTrace() {
     }
     return Join(states, " ");
   };
+  // The lines the month grid's cell N lists, apart by " | ".
+  t.looks["cell"] = [](S p, auto& cell) {
+    std::vector<std::string> lines = p.app->Views()->Month().Cell(std::stoi(cell)).lines;
+    if (!lines.empty()) lines.pop_back();  // the blank last line
+    return Join(lines, " | ");
+  };
+  // The texts and the keys of the menu entries named, each entry's apart by " | ".
+  t.looks["action-texts"] = [](S p, auto& names) {
+    std::istringstream list(names);
+    std::vector<std::string> texts;
+    for (std::string name; std::getline(list, name, ',');) {
+      const QAction* action = p.app->Window()->Action(QString::fromStdString(name));
+      const QStringList keys = QKeySequence::listToString(action->shortcuts()).split("; ");
+      texts.push_back(action->text().toStdString() + " [" + keys.join(", ").toStdString() + "]");
+    }
+    return Join(texts, " | ");
+  };
   t.looks["tools"] = [](S p, auto& keys) {
     std::istringstream list(keys);
     std::vector<std::string> states;
