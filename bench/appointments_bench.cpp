@@ -2,7 +2,7 @@
 // the old series found and removed, the new one written. The user waits for this on OK, so it
 // must follow the series' own rows, not the size of the document. Likewise the delete commands:
 // the removal of that series, and "Delete this Year" and "Delete Older than" in a document of
-// 100k rows, which must cost the rows of their range.
+// 100k rows, which must cost the rows of their range, and the Undo of "Delete Older than".
 
 #include <benchmark/benchmark.h>
 
@@ -188,13 +188,31 @@ class BulkDocument : public BenchDocument {
   bool DeleteYear() { return commands_.DelYear_Click(kDenseYear); }
   bool DeleteOlder() { return commands_.DelBefore_Click(kMiddleDate); }
 
+  // The same command in the window, which keeps it as a step to undo.
+  bool DeleteOlderAsStep() {
+    const bool removed = DeleteOlder();
+    store_.History().Seal("Delete Older");
+    return removed;
+  }
+  void StartAgainRecording() {
+    StartAgain();
+    store_.History().Record(true);
+  }
+  std::size_t StepBytes() const { return store_.History().LastStepBytes(); }
+  void Undo() { store_.Undo(); }
+
  private:
   DeleteCommands commands_{store_, messages_, dates_};
 };
 
+BulkDocument& BulkDocumentOf() {
+  static BulkDocument document;
+  return document;
+}
+
 template <bool (BulkDocument::*Delete)()>
 void BulkDeletes(benchmark::State& state) {
-  static BulkDocument document;
+  BulkDocument& document = BulkDocumentOf();
   for (auto _ : state) {
     state.PauseTiming();
     document.StartAgain();
@@ -213,11 +231,39 @@ void BM_DeleteOlderThanMiddle(benchmark::State& state) {
   BulkDeletes<&BulkDocument::DeleteOlder>(state);
 }
 
+// "Delete Older than" the middle date with the window's undo history recording it, then its
+// Undo; the step's memory is reported as "step_MB".
+void BM_DeleteOlderAsStep(benchmark::State& state) {
+  BulkDocument& document = BulkDocumentOf();
+  for (auto _ : state) {
+    state.PauseTiming();
+    document.StartAgainRecording();
+    state.ResumeTiming();
+    if (!document.DeleteOlderAsStep()) state.SkipWithError("nothing was removed");
+  }
+  state.counters["step_MB"] = static_cast<double>(document.StepBytes()) / (1024.0 * 1024.0);
+}
+
+void BM_UndoDeleteOlder(benchmark::State& state) {
+  BulkDocument& document = BulkDocumentOf();
+  for (auto _ : state) {
+    state.PauseTiming();
+    document.StartAgainRecording();
+    document.DeleteOlderAsStep();
+    state.ResumeTiming();
+    document.Undo();
+  }
+  state.counters["rows"] = document.Rows();
+  state.counters["step_MB"] = static_cast<double>(document.StepBytes()) / (1024.0 * 1024.0);
+}
+
 BENCHMARK(BM_ConfirmWeeklySeries)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_ConfirmNewWeeklySeries)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_DeleteWeeklySeries)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_DeleteYear)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_DeleteOlderThanMiddle)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DeleteOlderAsStep)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_UndoDeleteOlder)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace sched
