@@ -25,12 +25,13 @@
 
 namespace {
 
-// Where a user without an installation gets one from: the data installed beside the program,
-// else the data of the tree it was built from, laid out in the user's data folder.
+// The shipped data as installed beside the program.
 QString InstalledData() {
   return QDir::cleanPath(QApplication::applicationDirPath() + "/" SCHEDULER_INSTALLED_DATA);
 }
 
+// Where a user without an installation gets one from: the data installed beside the program,
+// else the data of the tree it was built from, laid out in the user's data folder.
 sched::InstallSource UserInstallSource() {
   return {{InstalledData().toStdString(), SCHEDULER_DATA_DIR},
           sched::DefaultInstallDir(qEnvironmentVariable("XDG_DATA_HOME").toStdString(),

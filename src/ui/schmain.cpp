@@ -7,6 +7,7 @@
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMoveEvent>
