@@ -1,6 +1,7 @@
 // scheduler: the desktop companion of the Tarvex organiser.
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 
 #include "app/scheduler_app.h"
@@ -10,6 +11,7 @@
 #include "platform/qt/qt_date_formatter.h"
 #include "platform/qt/qt_desktop_notices.h"
 #include "platform/qt/qt_file_dialogs.h"
+#include "platform/qt/qt_help_browser.h"
 #include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_processes.h"
 #include "platform/qt/qt_progress_window.h"
@@ -23,16 +25,26 @@
 
 namespace {
 
+// The shipped data as installed beside the program.
+QString InstalledData() {
+  return QDir::cleanPath(QApplication::applicationDirPath() + "/" SCHEDULER_INSTALLED_DATA);
+}
+
 // Where a user without an installation gets one from: the data installed beside the program,
 // else the data of the tree it was built from, laid out in the user's data folder.
 sched::InstallSource UserInstallSource() {
-  const QString installed =
-      QDir::cleanPath(QApplication::applicationDirPath() + "/" SCHEDULER_INSTALLED_DATA);
-  return {{installed.toStdString(), SCHEDULER_DATA_DIR},
+  return {{InstalledData().toStdString(), SCHEDULER_DATA_DIR},
           sched::DefaultInstallDir(qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
                                    QDir::homePath().toStdString()),
           {(QApplication::applicationDirPath() + "/mksbjct").toStdString(),
            SCHEDULER_EDITOR_BUILD_PATH}};
+}
+
+// The manual installed beside the program, else the one of the tree it was built from.
+std::string ManualDir() {
+  const QString installed = InstalledData() + "/manual";
+  return QFileInfo(installed + "/index.html").isFile() ? installed.toStdString()
+                                                       : SCHEDULER_DATA_DIR "/manual";
 }
 
 }  // namespace
@@ -57,9 +69,10 @@ int main(int argc, char** argv) {
   sched::QtProcesses processes;
   sched::QtProgressWindow progressWindow;
   sched::QtSecretStore secrets;
+  sched::QtHelpBrowser help(ManualDir());
   sched::SchedulerApp scheduler(
       {registry, settings, messages, dialogs, dates, clock, holidays, chooser, clockAlarm, beep,
-       desktop, player, processes, progressWindow, secrets},
+       desktop, player, processes, progressWindow, secrets, help},
       UserInstallSource());
   if (const auto ended = scheduler.Start(QApplication::arguments())) return *ended;
   messages.SetParent(scheduler.Window());

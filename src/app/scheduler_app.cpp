@@ -53,7 +53,7 @@ std::optional<int> SchedulerApp::Start(const QStringList& arguments) {
       ViewServices{doc_, state_.Holidays, p_.dates, p_.clock, messages_});
   window_ = std::make_unique<SchMain>(
       SchMainServices{state_, p_.clock, p_.dates, *device_, p_.settings, messages_, *views_,
-                      commandSet_, p_.registry, p_.holidays, paths_.PcAppsDir, alarms_});
+                      commandSet_, p_.registry, p_.holidays, paths_.PcAppsDir, alarms_, p_.help});
   noticeWindows_.SetMainWindow(window_.get());
   ProgressDisplay& progress = window_->ProgressDisplay();
   store_ = std::make_unique<ScheduleStore>(doc_, StoreServices{alarms_, progress, p_.clock});

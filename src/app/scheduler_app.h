@@ -17,6 +17,7 @@
 #include "link/chosen_link_component.h"
 #include "link/ics_link_component.h"
 #include "media/edit_dialog_media.h"
+#include "platform/help_browser.h"
 #include "platform/holiday_calendar.h"
 #include "platform/qt/qt_http_client.h"
 #include "platform/registry.h"
@@ -54,6 +55,7 @@ struct AppPorts {
   Processes& processes;
   ProgressWindow& progressWindow;  // of a melody's conversion
   SecretStore& secrets;            // the password of the data link's server
+  HelpBrowser& help;               // the manual's pages
 };
 
 // The whole program: the document, the main window and its commands, brought up in their

@@ -80,6 +80,7 @@ void WriteUsage(std::ostream& out) {
   out << "\nEvery verb on a schedule file " << kCodePageNote;
   out << "\nExit status: 0 done; 1 when a file does not load or save, or the program refuses\n"
          "what is asked, with the reason on standard error; 2 for bad usage.\n";
+  out << "\nThe user's manual: " SCHEDULER_MANUAL "\n";
 }
 
 void WriteVerbUsage(const Verb& verb, std::ostream& out) {

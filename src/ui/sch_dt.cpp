@@ -70,7 +70,6 @@ void SchDT::reject() {
 void SchDT::keyPressEvent(QKeyEvent* event) {
   switch (ViewKeyOf(event->key())) {
     case kKeyEscape: Hide(); return;
-    case kKeyF1: return;  // the help file is not part of this program yet
     default: QDialog::keyPressEvent(event);
   }
 }

@@ -4,11 +4,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
-#include <QDialog>
-#include <QDialogButtonBox>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMoveEvent>
@@ -22,8 +21,11 @@
 #include "core/app_texts.h"
 #include "link/link_settings.h"
 #include "shell/clock_text.h"
+#include "shell/paths.h"
 #include "shell/settings.h"
+#include "ui/about.h"
 #include "ui/day_tab.h"
+#include "ui/help_pages.h"
 #include "ui/month_tab.h"
 #include "ui/sch_dt.h"
 #include "ui/screen_place.h"
@@ -37,6 +39,9 @@ SchMain::SchMain(SchMainServices services) : s_(services) {
   setObjectName("schmain");
   setWindowTitle(kUntitledCaption);
   setAcceptDrops(true);
+  setWindowIcon(QIcon(":/icons/scheduler.png"));
+  helpKeys_ = new HelpKeys(s_.help, s_.messages, this, [this] { return HelpPage(); });
+  qApp->installEventFilter(helpKeys_);
   BindWindowCommands();
   BuildMenus();
   BuildToolbar();
@@ -156,6 +161,7 @@ void SchMain::BindWindowCommands() {
     s_.device.Sor_SetupDisconnection();
   });
   c.Bind(CommandId::About, [this] { ShowAbout(); });
+  c.Bind(CommandId::HelpContents, [this] { helpKeys_->ShowPage(kContentsPage); });
   c.Bind(CommandId::Print, [this] { RunPrintCommand(false); });
   c.Bind(CommandId::PrintPreview, [this] { RunPrintCommand(true); });
 }
@@ -314,22 +320,14 @@ int SchMain::ExecHeld(QDialog& dialog) {
 }
 
 void SchMain::ShowAbout() {
-  QDialog about(this);
-  about.setObjectName("GlobalVersion");
-  about.setWindowTitle("About Scheduler");
-  auto* layout = new QVBoxLayout(&about);
-  auto* text = new QLabel(
-      "<h3>Scheduler</h3><p>Version " SCHEDULER_VERSION
-      "</p>"
-      "<p>The PC companion of the Tarvex wrist organiser: its schedule files, on the PC and on "
-      "the device.</p>",
-      &about);
-  text->setWordWrap(true);
-  layout->addWidget(text);
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &about);
-  connect(buttons, &QDialogButtonBox::accepted, &about, &QDialog::accept);
-  layout->addWidget(buttons);
+  GlobalVersion about(ReadInstallDir(s_.registry).value_or(""), this);
   ExecHeld(about);
+}
+
+std::string SchMain::HelpPage() {
+  // The schedule list belongs to the month tab and goes before the browser comes up.
+  if (SSTab1->currentIndex() == 0) HideScheduleList();
+  return std::string(HelpPageOf(SSTab1->currentWidget()->objectName().toStdString()));
 }
 
 // The end of the program: the question for unsaved changes, the device's disconnection and

@@ -21,6 +21,7 @@
 #include "platform/clock.h"
 #include "platform/date_formatter.h"
 #include "platform/device_files.h"
+#include "platform/help_browser.h"
 #include "platform/holiday_calendar.h"
 #include "platform/messages.h"
 #include "platform/registry.h"
@@ -37,6 +38,7 @@ class DocumentCommands;
 class MonthTab;
 class DayTab;
 class FindPanel;
+class HelpKeys;
 struct FindResult;
 class SchDT;
 class TabCorner;
@@ -55,6 +57,7 @@ struct SchMainServices {
   HolidayCalendar& holidays;
   std::string pcAppsDir;  // the installation's country files
   AlarmEngine& alarms;    // today's alarms, and the hold of their notices while a dialog is open
+  HelpBrowser& help;      // the manual's pages
 };
 
 // The main window: menus, toolbar and popups built from the command table, the two tabs, the
@@ -160,6 +163,8 @@ class SchMain : public QMainWindow, public DocumentView {
   void GoToFound(const FindResult& result);
   double ViewDpi() const;
   void ShowAbout();
+  // The manual's page of the window: of the shown tab.
+  std::string HelpPage();
   // Runs a dialog of the window with alarm notices held back until it closes.
   int ExecHeld(QDialog& dialog);
   void ShowClock();
@@ -196,6 +201,7 @@ class SchMain : public QMainWindow, public DocumentView {
   QWidget* monthBar_ = nullptr;
   TabCorner* corner_ = nullptr;
   FindPanel* findPanel_ = nullptr;
+  HelpKeys* helpKeys_ = nullptr;
 
   QToolBar* Toolbar1 = nullptr;
   QMenu* PcLink = nullptr;

@@ -1,10 +1,11 @@
 // The main window's side of the holiday dialogs.
-#include <QCoreApplication>
+#include <QApplication>
 
 #include "holidays/dlg_select_holiday_model.h"
 #include "holidays/sch_week_h_model.h"
 #include "holidays/sch_year_h_model.h"
 #include "ui/dlg_select_holiday.h"
+#include "ui/help_pages.h"
 #include "ui/sch_week_h.h"
 #include "ui/sch_year_h.h"
 #include "ui/schmain.h"
@@ -16,8 +17,9 @@ namespace {
 // What the holiday dialogs ask of the window.
 class WindowHolidayHost : public HolidayDialogHost {
  public:
-  WindowHolidayHost(std::function<void()> refill, std::function<void()> end)
-      : refill_(std::move(refill)), end_(std::move(end)) {}
+  WindowHolidayHost(std::function<void()> refill, std::function<void()> help,
+                    std::function<void()> end)
+      : refill_(std::move(refill)), help_(std::move(help)), end_(std::move(end)) {}
 
   // The document's modified mark is its Dirty flag, which the dialog has set; nothing on the
   // window shows it beside the save question.
@@ -25,12 +27,12 @@ class WindowHolidayHost : public HolidayDialogHost {
   // The heads follow the weekly holidays with the next fill of the grid.
   void PaintWeekHeads(const WeekFlags&) override { refill_(); }
   void RefillMonthView() override { refill_(); }
-  // The program has no help file.
-  void ShowHelp() override {}
+  void ShowHelp() override { help_(); }
   void EndProgram() override { end_(); }
 
  private:
   std::function<void()> refill_;
+  std::function<void()> help_;
   std::function<void()> end_;
 };
 
@@ -45,6 +47,7 @@ HolidayDialogHost& SchMain::HolidayHost() {
           s_.views.UpdateDeleteMenus();
           ShowViews();
         },
+        [this] { helpKeys_->ShowPageOf(QApplication::activeModalWidget()); },
         [this] {
           s_.state.ExitNoSave = true;
           close();

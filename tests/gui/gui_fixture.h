@@ -14,6 +14,7 @@
 #include "platform/fake/fake_date_formatter.h"
 #include "platform/fake/fake_desktop_notices.h"
 #include "platform/fake/fake_file_dialogs.h"
+#include "platform/fake/fake_help_browser.h"
 #include "platform/fake/fake_messages.h"
 #include "platform/fake/fake_processes.h"
 #include "platform/fake/fake_progress_window.h"
@@ -41,7 +42,7 @@ class GuiTest : public ::testing::Test {
 
   AppPorts Ports() {
     return {registry,   settings, messages, dialogs, dates,     clock,          holidays, chooser,
-            clockAlarm, beep,     desktop,  player,  processes, progressWindow, secrets};
+            clockAlarm, beep,     desktop,  player,  processes, progressWindow, secrets,  help};
   }
 
   // Starts the program with the arguments after the program's name.
@@ -68,6 +69,7 @@ class GuiTest : public ::testing::Test {
   FakeProcesses processes;
   FakeProgressWindow progressWindow;
   FakeSecretStore secrets{false};  // none: the server's password is asked once a session
+  FakeHelpBrowser help;
   std::string install;
   std::unique_ptr<SchedulerApp> app;
 };

@@ -144,6 +144,18 @@ void DropFile(QWidget* target, const std::string& path) {
   QApplication::sendEvent(target, &drop);
 }
 
+// The window of the program that is named so, of those that are not modal.
+QWidget* TopLevel(const std::string& name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == QString::fromStdString(name) && window->isVisible()) return window;
+  }
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == QString::fromStdString(name)) return window;
+  }
+  ADD_FAILURE() << "no window " << name;
+  return nullptr;
+}
+
 using S = Program&;
 using R = const CaseRow&;
 
@@ -180,7 +192,8 @@ testing::Trace<Program> ProgramTrace() {
     if (r[1] == "folder+data")
       source = {{p.Path("$dir/gone"), SCHEDULER_DATA_DIR}, p.Path("$dir/fresh")};
     p.StartOn({broken, p.settings, p.messages, p.dialogs, p.dates, p.clock, p.holidays, p.chooser,
-               p.clockAlarm, p.beep, p.desktop, p.player, p.processes, p.progressWindow, p.secrets},
+               p.clockAlarm, p.beep, p.desktop, p.player, p.processes, p.progressWindow, p.secrets,
+               p.help},
               r[2], r[3], source);
   };
   t.steps["second-start"] = [](S p, R r) {
@@ -397,6 +410,29 @@ testing::Trace<Program> ProgramTrace() {
   t.looks["focus"] = [](S p, auto&) {
     return p.Window()->focusWidget()->objectName().toStdString();
   };
+  // The manual's pages: F1 in a window that is not modal, an alarm that rings, what was asked.
+  t.steps["help-key"] = [](S, R r) {
+    QWidget* window = TopLevel(r[1]);
+    QTest::keyClick(window->focusWidget() != nullptr ? window->focusWidget() : window, Qt::Key_F1);
+  };
+  t.steps["help-fails"] = [](S p, R) { p.help.showable = false; };
+  t.steps["ring"] = [](S p, R r) {
+    p.clock.Set({2026, 11, 21, std::stoi(r[1]), std::stoi(r[1].substr(r[1].find(':') + 1)), 0});
+    p.clockAlarm.Ring();
+    QApplication::processEvents();
+  };
+  t.steps["grab-window"] = [](S p, R r) {
+    TopLevel(r[1])->grab().save(PicturePath(p.dir, QString::fromStdString(r[2])));
+  };
+  t.looks["help"] = [](S p, auto&) {
+    const std::string pages = Join(p.help.shown, " | ");
+    p.help.shown.clear();
+    return pages;
+  };
+  t.looks["shown"] = [](S, auto& name) {
+    const QWidget* window = TopLevel(name);
+    return YesNo(window != nullptr && window->isVisible());
+  };
   const auto n = [](int value) { return std::to_string(value); };
   // The month tab.
   t.steps["click-cell"] = [](S w, R r) { w.ClickCell(r.Int(1)); };
@@ -575,6 +611,11 @@ TEST(Program, FollowsTheTraces) {
   const testing::Trace<Program> trace = ProgramTrace();
   trace.Run("gui/program.txt", 5, 150);
   trace.Run("gui/tabs.txt", 5, 150);
+}
+
+// The manual's page of every window; scripts/make-manual-pictures keeps its pictures.
+TEST(Program, OpensTheManualPageOfEachWindow) {
+  ProgramTrace().Run("gui/help.txt", 5, 60);
 }
 
 // Runs again at twice the scale on a small screen (see CMakeLists.txt).

@@ -1,0 +1,18 @@
+#include "platform/qt/qt_help_browser.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+
+namespace sched {
+
+bool QtHelpBrowser::ShowPage(const std::string& page) {
+  const QString name = QString::fromStdString(page);
+  const QString file = QString::fromStdString(manualDir_) + "/" + name.section('#', 0, 0);
+  if (!QFileInfo(file).isFile()) return false;
+  QUrl url = QUrl::fromLocalFile(file);
+  if (name.contains('#')) url.setFragment(name.section('#', 1));
+  return QDesktopServices::openUrl(url);
+}
+
+}  // namespace sched

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/help_browser.h"
+
+namespace sched {
+
+// The manual's pages in the browser the desktop chose for web pages, from the manual's folder.
+class QtHelpBrowser : public HelpBrowser {
+ public:
+  explicit QtHelpBrowser(std::string manualDir) : manualDir_(std::move(manualDir)) {}
+
+  bool ShowPage(const std::string& page) override;
+
+ private:
+  std::string manualDir_;
+};
+
+}  // namespace sched
