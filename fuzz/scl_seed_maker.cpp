@@ -65,7 +65,7 @@ struct Maker : FakeStore {
 
   void HolidayOn(int year, int month, std::int32_t mask) {
     const int row = store.FindOrAddYear(year);
-    doc.Tables.AncYY.At(row).HolidayOn[static_cast<std::size_t>(month - 1)] = mask;
+    doc.Tables.AncYY.Edit(row).HolidayOn[static_cast<std::size_t>(month - 1)] = mask;
   }
 
   bool Save(const std::filesystem::path& path) { return store.SaveScheduleFile(path.string()); }
@@ -93,7 +93,7 @@ int main(int argc, char** argv) {
     m.doc.WeekHoliday = {1, 0, 0, 0, 0, 0, 1};
     m.HolidayOn(2001, 1, 0x1);
     m.HolidayOn(2001, 5, 0x18);
-    m.doc.Tables.AncYY.At(0).HolidayOff[2] = 0x40;
+    m.doc.Tables.AncYY.Edit(0).HolidayOff[2] = 0x40;
     ok = m.Save(folder / "holidays_only.scl") && ok;
   }
   {
