@@ -9,7 +9,6 @@
 #include "link/ics_link_component.h"
 #include "link/ics_rules.h"
 #include "link/link_records.h"
-#include "platform/std/safe_file.h"
 #include "store/scl_format.h"
 
 namespace sched {
@@ -125,16 +124,6 @@ std::optional<std::vector<std::uint8_t>> CalDavLinkComponent::Import() {
     return std::nullopt;
   }
   return ImportFileOfCalendar(JoinCalendars(events.resources), s_.clock, s_.codePage());
-}
-
-bool CalDavLinkComponent::ExportFile(const std::string& path) {
-  const std::optional<FileBytes> file = ReadWholeFile(path);
-  return file && Export(file->Span());
-}
-
-bool CalDavLinkComponent::ImportFile(const std::string& path) {
-  const std::optional<std::vector<std::uint8_t>> bytes = Import();
-  return bytes && WriteFileSafely(path, *bytes);
 }
 
 }  // namespace sched

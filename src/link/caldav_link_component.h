@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "core/codepage.h"
+#include "link/bytes_link_component.h"
 #include "link/caldav_collection.h"
 #include "link/link_exchange.h"
 #include "platform/clock.h"
 #include "platform/http_client.h"
-#include "platform/link_component.h"
 #include "platform/messages.h"
 
 namespace sched {
@@ -21,7 +21,7 @@ namespace sched {
 // an event a series or item of the export file, never over a version that someone changed on
 // the server since the last export; an import makes the import file of the events of the
 // import's period. What goes wrong is said through `messages`, in a user's words.
-class CalDavLinkComponent : public LinkComponent {
+class CalDavLinkComponent : public BytesLinkComponent {
  public:
   struct Services {
     HttpClient& http;
@@ -40,12 +40,9 @@ class CalDavLinkComponent : public LinkComponent {
   };
   explicit CalDavLinkComponent(Services services) : s_(std::move(services)) {}
 
-  bool ExportFile(const std::string& path) override;
-  bool ImportFile(const std::string& path) override;
-
   // The same on the bytes of the link files.
-  bool Export(std::span<const std::uint8_t> linkFile);
-  std::optional<std::vector<std::uint8_t>> Import();
+  bool Export(std::span<const std::uint8_t> linkFile) override;
+  std::optional<std::vector<std::uint8_t>> Import() override;
 
  private:
   // The collection of the account, after a check that it is a calendar; nothing, with the

@@ -67,14 +67,4 @@ std::optional<std::vector<std::uint8_t>> IcsLinkComponent::Import() {
   return ImportFileOfCalendar(*text, s_.clock, s_.codePage());
 }
 
-bool IcsLinkComponent::ExportFile(const std::string& path) {
-  const std::optional<FileBytes> file = ReadWholeFile(path);
-  return file && Export(file->Span());
-}
-
-bool IcsLinkComponent::ImportFile(const std::string& path) {
-  const std::optional<std::vector<std::uint8_t>> bytes = Import();
-  return bytes && WriteFileSafely(path, *bytes);
-}
-
 }  // namespace sched

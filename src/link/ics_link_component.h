@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "core/codepage.h"
+#include "link/bytes_link_component.h"
 #include "platform/clock.h"
-#include "platform/link_component.h"
 
 namespace sched {
 
@@ -26,7 +26,7 @@ std::optional<std::vector<std::uint8_t>> ImportFileOfCalendar(std::string_view i
 // an export puts the items of the export file into the calendar, an import makes the import
 // file of the calendar's events. The calendar's path and the code page of the link files are
 // asked for at each use, as the user may change them.
-class IcsLinkComponent : public LinkComponent {
+class IcsLinkComponent : public BytesLinkComponent {
  public:
   struct Services {
     std::function<std::string()> calendarPath;
@@ -35,13 +35,10 @@ class IcsLinkComponent : public LinkComponent {
   };
   explicit IcsLinkComponent(Services services) : s_(std::move(services)) {}
 
-  bool ExportFile(const std::string& path) override;
-  bool ImportFile(const std::string& path) override;
-
   // The same on the bytes of the link files: the export's put into the calendar, false when
   // that failed; the import's made of the calendar, nothing when there is no calendar.
-  bool Export(std::span<const std::uint8_t> linkFile);
-  std::optional<std::vector<std::uint8_t>> Import();
+  bool Export(std::span<const std::uint8_t> linkFile) override;
+  std::optional<std::vector<std::uint8_t>> Import() override;
 
  private:
   Services s_;
