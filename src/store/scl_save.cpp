@@ -118,24 +118,32 @@ class SclWriter {
     if (series.empty()) return;
     RadixSort(series, [](std::uint64_t key) { return key; });
     series.erase(std::unique(series.begin(), series.end()), series.end());
-    // A bit for each of these series, so that the rows of other series are mostly passed over
-    // without a search.
-    constexpr unsigned kBits = 20;
-    const auto bit = [](std::uint64_t key) {
-      return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15) >> (64 - kBits));
+    // The range of each series by its key, in an open table of twice as many places: a row
+    // of another series mostly meets an empty place at once.
+    unsigned bits = 1;
+    while ((std::size_t{1} << bits) < 2 * series.size()) ++bits;
+    const std::size_t mask = (std::size_t{1} << bits) - 1;
+    const auto place = [bits](std::uint64_t key) {
+      return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15) >> (64 - bits));
     };
-    std::vector<bool> maybe(std::size_t{1} << kBits);
-    for (const std::uint64_t key : series) maybe[bit(key)] = true;
+    std::vector<int> table(mask + 1, -1);
+    for (std::size_t i = 0; i < series.size(); ++i) {
+      std::size_t at = place(series[i]);
+      while (table[at] != -1) at = (at + 1) & mask;
+      table[at] = static_cast<int>(i);
+    }
     ranges_.resize(series.size());
     for (int row = 0; row < list.Rows(); ++row) {
       const SchDatRow& r = list.At(row);
+      if (!r.IsLive()) continue;
       const std::uint64_t key = r.Series().Packed();
-      if (!r.IsLive() || !maybe[bit(key)]) continue;
-      const auto found = std::lower_bound(series.begin(), series.end(), key);
-      if (found == series.end() || *found != key) continue;
-      const auto index = static_cast<std::size_t>(found - series.begin());
-      ranges_[index].Add(r);
-      rangeOfRow_[static_cast<std::size_t>(row)] = static_cast<int>(index);
+      std::size_t at = place(key);
+      while (table[at] != -1 && series[static_cast<std::size_t>(table[at])] != key) {
+        at = (at + 1) & mask;
+      }
+      if (table[at] == -1) continue;
+      ranges_[static_cast<std::size_t>(table[at])].Add(r);
+      rangeOfRow_[static_cast<std::size_t>(row)] = table[at];
     }
     monthWritten_.assign(ranges_.size(), -1);
   }
