@@ -1,7 +1,6 @@
 // scheduler: the desktop companion of the Tarvex organiser.
 #include <QApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QTimer>
 
 #include "app/scheduler_app.h"
@@ -40,13 +39,6 @@ sched::InstallSource UserInstallSource() {
            SCHEDULER_EDITOR_BUILD_PATH}};
 }
 
-// The manual installed beside the program, else the one of the tree it was built from.
-std::string ManualDir() {
-  const QString installed = InstalledData() + "/manual";
-  return QFileInfo(installed + "/index.html").isFile() ? installed.toStdString()
-                                                       : SCHEDULER_DATA_DIR "/manual";
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -69,7 +61,7 @@ int main(int argc, char** argv) {
   sched::QtProcesses processes;
   sched::QtProgressWindow progressWindow;
   sched::QtSecretStore secrets;
-  sched::QtHelpBrowser help(ManualDir());
+  sched::QtHelpBrowser help(sched::ManualFolder(SCHEDULER_INSTALLED_DATA, SCHEDULER_DATA_DIR));
   sched::SchedulerApp scheduler(
       {registry, settings, messages, dialogs, dates, clock, holidays, chooser, clockAlarm, beep,
        desktop, player, processes, progressWindow, secrets, help},

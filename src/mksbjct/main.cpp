@@ -6,6 +6,7 @@
 
 #include "media/word_list_editor_model.h"
 #include "mksbjct/mk_sbjct.h"
+#include "platform/qt/qt_help_browser.h"
 #include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_registry.h"
 #include "platform/qt/qt_settings_store.h"
@@ -28,7 +29,8 @@ int main(int argc, char** argv) {
   sched::WordListEditorModel model(
       sched::WordListEditorServices{*installDir, sched::ReadCodePage(settings), messages});
   model.Form_Load(std::vector<std::string>(argv + 1, argv + argc));
-  sched::MkSbjct window(model);
+  sched::QtHelpBrowser help(sched::ManualFolder(SCHEDULER_INSTALLED_DATA, SCHEDULER_DATA_DIR));
+  sched::MkSbjct window(model, help, messages);
   messages.SetParent(&window);
   window.show();
   return QApplication::exec();

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -11,7 +12,8 @@
 
 namespace sched {
 
-MkSbjct::MkSbjct(WordListEditorModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+MkSbjct::MkSbjct(WordListEditorModel& model, HelpBrowser& help, Messages& messages, QWidget* parent)
+    : QWidget(parent), model_(model), help_(help), messages_(messages) {
   setObjectName("MkSbjct");
   setWindowTitle(media_texts::kEditorCaption);
   auto* grid = new QGridLayout(this);
@@ -95,6 +97,14 @@ QPushButton* MkSbjct::NewButton(const char* text, const char* name,
     ShowModel();
   });
   return button;
+}
+
+void MkSbjct::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_F1) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
+  ShowManualPage(help_, messages_, "word-lists.html#editor");
 }
 
 void MkSbjct::closeEvent(QCloseEvent* event) {

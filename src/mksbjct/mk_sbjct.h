@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "media/word_list_editor_model.h"
+#include "platform/help_browser.h"
 
 namespace sched {
 
@@ -15,17 +16,22 @@ class MkSbjct : public QWidget {
   Q_OBJECT
 
  public:
-  explicit MkSbjct(WordListEditorModel& model, QWidget* parent = nullptr);
+  // F1 shows the editor's page of the manual through `help`; `messages` says when it cannot.
+  MkSbjct(WordListEditorModel& model, HelpBrowser& help, Messages& messages,
+          QWidget* parent = nullptr);
 
  protected:
   // Unsaved changes are offered for saving before the window closes.
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QPushButton* NewButton(const char* text, const char* name, void (WordListEditorModel::*click)());
   void ShowModel();
 
   WordListEditorModel& model_;
+  HelpBrowser& help_;
+  Messages& messages_;
   QComboBox* listCombo_ = nullptr;
   QListWidget* wordList_ = nullptr;
   QLineEdit* wordText_ = nullptr;

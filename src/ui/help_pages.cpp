@@ -3,8 +3,6 @@
 #include <QKeyEvent>
 #include <QWidget>
 
-#include "core/app_texts.h"
-
 namespace sched {
 
 const std::vector<WindowHelpPage>& WindowHelpPages() {
@@ -50,10 +48,7 @@ HelpKeys::HelpKeys(HelpBrowser& browser, Messages& messages, QWidget* mainWindow
       mainWindowPage_(std::move(mainWindowPage)) {}
 
 void HelpKeys::ShowPage(std::string_view page) {
-  if (browser_.ShowPage(std::string(page))) return;
-  messages_.Show({"The manual's page " + std::string(page) +
-                      " could not be opened.\r\nIs a web browser installed?",
-                  kAppTitle});
+  ShowManualPage(browser_, messages_, std::string(page));
 }
 
 void HelpKeys::ShowPageOf(const QWidget* widget) {

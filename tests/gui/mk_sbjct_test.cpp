@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "media/word_list.h"
+#include "platform/fake/fake_help_browser.h"
 #include "platform/fake/fake_messages.h"
 #include "tests/gui/picture_path.h"
 #include "tests/gui/widget_trace.h"
@@ -18,6 +19,7 @@ namespace {
 struct Editor {
   TempDir dir;
   FakeMessages messages;
+  FakeHelpBrowser help;
   std::unique_ptr<WordListEditorModel> model;
   std::unique_ptr<MkSbjct> window;
 
@@ -27,7 +29,7 @@ struct Editor {
     model = std::make_unique<WordListEditorModel>(
         WordListEditorServices{dir.Path().string(), CodePage::kWestern, messages});
     model->Form_Load({"/F:Dayview"});
-    window = std::make_unique<MkSbjct>(*model);
+    window = std::make_unique<MkSbjct>(*model, help, messages);
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
   }
@@ -70,6 +72,21 @@ TEST(MkSbjctWindow, AddsReordersSavesAndReopensAList) {
 
   e.Open();
   EXPECT_EQ(e.Words(), "Gym|Meeting|Call");
+}
+
+TEST(MkSbjctWindow, F1ShowsTheEditorsPageOrSaysWhyNot) {
+  Editor e;
+  e.Open();
+  QTest::keyClick(e.Child("WordList"), Qt::Key_F1);
+  EXPECT_EQ(e.help.shown, std::vector<std::string>{"word-lists.html#editor"});
+  EXPECT_TRUE(e.messages.Shown().empty());
+  e.help.showable = false;
+  QTest::keyClick(e.Child("WordText"), Qt::Key_F1);
+  ASSERT_EQ(e.messages.Shown().size(), 1u);
+  EXPECT_EQ(e.messages.Shown()[0].text,
+            "The manual's page word-lists.html#editor could not be opened.\r\nIs a web browser "
+            "installed?");
+  EXPECT_EQ(e.messages.Shown()[0].title, "Scheduler");
 }
 
 }  // namespace

@@ -18,4 +18,8 @@ class QtHelpBrowser : public HelpBrowser {
   std::string manualDir_;
 };
 
+// The manual of the data installed at `installedData` (a path from the program's folder), else
+// the one in the data folder of the tree the program was built from.
+std::string ManualFolder(const std::string& installedData, const std::string& builtData);
+
 }  // namespace sched
