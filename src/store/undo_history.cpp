@@ -83,6 +83,15 @@ void MakeAgain(Table<Row>& table, const UndoStep::Rows<Row>& rows) {
 }
 
 template <typename Row>
+void Put(Table<Row>& table, const UndoStep::Rows<Row>& rows, bool back) {
+  if (back) {
+    TakeBack(table, rows);
+  } else {
+    MakeAgain(table, rows);
+  }
+}
+
+template <typename Row>
 std::size_t BytesOf(const UndoStep::Rows<Row>& rows) {
   return (rows.before.capacity() + rows.after.capacity()) * sizeof(std::pair<int, Row>);
 }
@@ -154,27 +163,20 @@ std::string UndoHistory::RedoName() const {
 }
 
 const UndoStep* UndoHistory::Undo() {
-  if (!CanUndo()) return nullptr;
-  Absorb();
-  const UndoStep& step = steps_[--applied_];
-  SchDatCTL& t = doc_.Tables;
-  TakeBack(t.AncYY, step.years);
-  TakeBack(t.AncMM, step.months);
-  TakeBack(t.SchDatList, step.items);
-  SetValues(step.valuesBefore);
-  return &step;
+  return CanUndo() ? &Apply(steps_[--applied_], true) : nullptr;
 }
 
 const UndoStep* UndoHistory::Redo() {
-  if (!CanRedo()) return nullptr;
-  Absorb();
-  const UndoStep& step = steps_[applied_++];
+  return CanRedo() ? &Apply(steps_[applied_++], false) : nullptr;
+}
+
+const UndoStep& UndoHistory::Apply(const UndoStep& step, bool back) {
   SchDatCTL& t = doc_.Tables;
-  MakeAgain(t.AncYY, step.years);
-  MakeAgain(t.AncMM, step.months);
-  MakeAgain(t.SchDatList, step.items);
-  SetValues(step.valuesAfter);
-  return &step;
+  Put(t.AncYY, step.years, back);
+  Put(t.AncMM, step.months, back);
+  Put(t.SchDatList, step.items, back);
+  SetValues(back ? step.valuesBefore : step.valuesAfter);
+  return step;
 }
 
 UndoStep::Values UndoHistory::CurrentValues() const {

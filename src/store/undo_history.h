@@ -87,6 +87,8 @@ class UndoHistory {
   std::size_t LastStepBytes() const { return steps_.empty() ? 0 : steps_.back().Bytes(); }
 
  private:
+  // Puts the step's rows and values back as they were (`back`) or as it left them.
+  const UndoStep& Apply(const UndoStep& step, bool back);
   UndoStep::Values CurrentValues() const;
   void SetValues(const UndoStep::Values& values);
   // The journal starts afresh from the document as it stands.
