@@ -24,19 +24,20 @@ bool HasLineBreak(std::string_view text) {
   return std::any_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
 }
 
-// CR becomes a blank, LF goes, and at most the first characters of the limit stay.
-std::string OneLine(std::string text, int limit) {
+// CR becomes a blank, LF goes, and at most the first characters of the limit stay; a text
+// that needs a change is made in `room`.
+std::string_view OneLine(std::string_view text, int limit, std::string& room) {
   if (text.size() <= static_cast<std::size_t>(limit) && !HasLineBreak(text)) {
     return text;  // the common case, left as it is
   }
-  std::string line;
+  room.clear();
   int characters = 0;
   for (const char c : text) {
     if (c == '\n') continue;
     if ((static_cast<unsigned char>(c) & 0xC0) != 0x80 && ++characters > limit) break;
-    line += c == '\r' ? ' ' : c;
+    room += c == '\r' ? ' ' : c;
   }
-  return line;
+  return room;
 }
 
 std::int32_t CodeOf(const CivilDate& date) {
@@ -91,16 +92,19 @@ std::int16_t CsvBoolean(std::string_view text) {
   return LeadingNumberIsOne(text) ? 1 : 0;
 }
 
-std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row) {
-  for (std::string& text : row) {
-    if (text.find('\t') != std::string::npos) text = TabToBlank(std::move(text));
+std::optional<CsvConverted> ConvertCsvRow(CsvFieldViews row, CsvTextRoom& room) {
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    if (row[i].find('\t') == std::string_view::npos) continue;
+    room.untabbed[i].assign(row[i]);
+    std::replace(room.untabbed[i].begin(), room.untabbed[i].end(), '\t', ' ');
+    row[i] = room.untabbed[i];
   }
   CsvConverted c;
-  SchRecord& r = c.record;
-  r.Title = OneLine(std::move(row[kCsvTitle]), kTitleLimit);
-  r.Place = OneLine(std::move(row[kCsvPlace]), kTitleLimit);
-  std::string& memo = row[kCsvMemo];
-  r.Memo = HasLineBreak(memo) ? LfToCrLf(memo) : std::move(memo);
+  CsvConverted& r = c;
+  r.title = OneLine(row[kCsvTitle], kTitleLimit, room.title);
+  r.place = OneLine(row[kCsvPlace], kTitleLimit, room.place);
+  const std::string_view memo = row[kCsvMemo];
+  r.memo = HasLineBreak(memo) ? std::string_view(room.memo = LfToCrLf(memo)) : memo;
   r.Private = CsvBoolean(row[kCsvPrivate]);
   r.AlarmOn = CsvBoolean(row[kCsvAlarmOn]);
   c.allDay = CsvBoolean(row[kCsvAllDay]) != 0;
@@ -119,7 +123,7 @@ std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row) {
     c.alarmTime = ParseCsvTime(row[kCsvAlarmTime]).value_or(c.startTime);
   }
 
-  if (r.Title.empty()) r.Title = "Untitled";
+  if (r.title.empty()) r.title = "Untitled";
   if (CodeOf(c.start) < CodeOf(kFirstDate) || CodeOf(c.start) > CodeOf(kLastDate)) {
     return std::nullopt;
   }
@@ -169,12 +173,19 @@ void CsvImporter::SetTimes(SchRecord& record, const CsvConverted& row) const {
   record.EndTime = static_cast<std::int16_t>(row.allDay ? -1 : row.endTime);
 }
 
-void CsvImporter::AddCsvRecord(CsvRowFields fields) {
+void CsvImporter::AddCsvRecord(const CsvFieldViews& fields) {
   TakeClockStamp();
-  std::optional<CsvConverted> converted = ConvertCsvRow(std::move(fields));
+  std::optional<CsvConverted> converted = ConvertCsvRow(fields, room_);
   if (!converted) return;
   CsvConverted& row = *converted;
-  SchRecord record = std::move(row.record);
+  SchRecord& record = record_;
+  record.Title.assign(row.title);
+  record.Place.assign(row.place);
+  record.Memo.assign(row.memo);
+  record.Private = row.Private;
+  record.AlarmOn = row.AlarmOn;
+  record.AlarmSound.clear();
+  record.AlarmLead = 0;
   record.Prev = -1;
   record.Next = -1;
   record.RepeatKind = 0;
@@ -196,13 +207,13 @@ void CsvImporter::AddCsvRecord(CsvRowFields fields) {
   }
   SetTimes(record, row);
   if (record.RepeatKind == 0 && row.start == row.end) {
-    AddCsvSingleDay(std::move(record), row);
+    AddCsvSingleDay(record, row);
   } else {
-    AddCsvSpan(std::move(record), row, DaysBetween(row.start, row.end) + 1);
+    AddCsvSpan(record, row, DaysBetween(row.start, row.end) + 1);
   }
 }
 
-void CsvImporter::AddCsvSingleDay(SchRecord record, const CsvConverted& row) {
+void CsvImporter::AddCsvSingleDay(SchRecord& record, const CsvConverted& row) {
   ReserveSeq(1);
   SetStartDate(record, row.start);
   record.SubNo = static_cast<std::int16_t>(ImportSeq & 0xFFFF);
@@ -214,7 +225,7 @@ void CsvImporter::AddCsvSingleDay(SchRecord record, const CsvConverted& row) {
   s_.store.InsertRecord(record);
 }
 
-void CsvImporter::AddCsvSpan(SchRecord record, const CsvConverted& row, int days) {
+void CsvImporter::AddCsvSpan(SchRecord& record, const CsvConverted& row, int days) {
   if (days > kAllDaySpanLimit && record.RepeatKind == kMultiDayKind) days = kAllDaySpanLimit;
   if (days > kTimedSpanLimit && record.RepeatKind != kMultiDayKind) days = kTimedSpanLimit;
   if (days <= 0) return;
@@ -254,30 +265,37 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
   bool header = settings.CsvFirstRowIsHeader;
   bool whole = true;
   int shownProgress = -1;
+  CsvRowView read;
+  // The texts of fields that several columns fill, joined by blanks.
+  std::array<std::string, kCsvFieldCount> joined;
   try {
     while (reader.CsvReadPos() < reader.CsvFileLength()) {
       const int progress = static_cast<int>(reader.CsvReadPos() * 100 /
                                             std::max<std::int64_t>(reader.CsvFileLength(), 1));
       if (progress != shownProgress) services.progress.SetValue(shownProgress = progress);
-      CsvRow read = reader.ReadCsvRow();
+      reader.ReadCsvRow(read);
       // An empty line ends the import.
       if (read.items.empty() && read.atLineEnd) break;
-      CsvRowFields row;
+      CsvFieldViews row;
       const std::size_t columns = std::min(read.items.size(), map.size());
       for (std::size_t i = 0; i < columns; ++i) {
         if (map[i] < 0) continue;
-        std::string& field = row[static_cast<std::size_t>(map[i])];
+        const auto index = static_cast<std::size_t>(map[i]);
+        std::string_view& field = row[index];
         if (field.empty()) {
-          field = std::move(read.items[i]);
-        } else {
-          field += " " + read.items[i];
+          field = read.items[i];
+          continue;
         }
+        std::string& text = joined[index];
+        if (field.data() != text.data()) text.assign(field);
+        text.append(" ").append(read.items[i]);
+        field = text;
       }
       if (header) {
         header = false;
         continue;
       }
-      importer.AddCsvRecord(std::move(row));
+      importer.AddCsvRecord(row);
     }
   } catch (const CsvReadFailure&) {
     whole = false;

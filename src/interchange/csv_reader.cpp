@@ -39,9 +39,9 @@ bool IsValidUtf8(std::string_view text) {
   return true;
 }
 
-std::string TrimBlanks(const std::string& raw) {
+std::string_view TrimBlanks(std::string_view raw) {
   const std::size_t first = raw.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
+  if (first == std::string_view::npos) return {};
   return raw.substr(first, raw.find_last_not_of(' ') - first + 1);
 }
 
@@ -53,7 +53,8 @@ CsvReader::CsvReader(std::string_view bytes, CodePage page) : bytes_(bytes), pag
     at_ = kByteOrderMark.size();
     pos_ = static_cast<std::int64_t>(at_);
   } else {
-    utf8_ = !IsAscii(bytes) && IsValidUtf8(bytes);
+    ascii_ = IsAscii(bytes);
+    utf8_ = !ascii_ && IsValidUtf8(bytes);
   }
 }
 
@@ -94,9 +95,18 @@ CsvItem CsvReader::Failed(CsvItem& item, int errorCode) {
   return item;
 }
 
-std::string CsvReader::Decode(std::string raw) const {
-  if (utf8_ || IsAscii(raw)) return raw;
-  return ToUtf8(raw, page_);
+std::string& CsvReader::Room() {
+  if (roomsUsed_ == rooms_.size()) rooms_.emplace_back();
+  std::string& room = rooms_[roomsUsed_++];
+  room.clear();
+  return room;
+}
+
+std::string_view CsvReader::Decode(std::string_view raw) {
+  if (utf8_ || ascii_ || IsAscii(raw)) return raw;
+  std::string& text = Room();
+  AppendToUtf8(text, raw, page_);
+  return text;
 }
 
 void CsvReader::SkipLineFeed() {
@@ -133,11 +143,17 @@ CsvItem CsvReader::ReadCsvItem() {
   }
   if (c.first != kQuote) return ReadUnquotedCsvItem(c);
 
-  std::string raw;
+  std::string_view raw;             // the text while it has no doubled quote
+  std::string* unquoted = nullptr;  // the text from its first doubled quote on
   for (;;) {
     if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
     const std::size_t quote = Find("\"");
-    raw.append(bytes_.substr(at_, quote - at_));
+    const std::string_view piece = bytes_.substr(at_, quote - at_);
+    if (unquoted != nullptr) {
+      unquoted->append(piece);
+    } else {
+      raw = piece;
+    }
     pos_ += static_cast<std::int64_t>(quote - at_);
     at_ = quote;
     if (AtEnd()) {
@@ -150,9 +166,10 @@ CsvItem CsvReader::ReadCsvItem() {
     if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
     c = next();
     if (c.first != kQuote) break;
-    raw += '"';  // a doubled quote stands for one
+    if (unquoted == nullptr) unquoted = &Room().assign(raw);
+    *unquoted += '"';  // a doubled quote stands for one
   }
-  item.text = Decode(std::move(raw));
+  item.text = Decode(unquoted != nullptr ? std::string_view(*unquoted) : raw);
   // What stands between the closing quote and the comma or line end is dropped.
   for (;;) {
     if (c.first == kComma) return item;
@@ -181,25 +198,31 @@ CsvItem CsvReader::ReadUnquotedCsvItem(Char first) {
     SkipLineFeed();
     item.atLineEnd = true;
   }
-  item.text = Decode(TrimBlanks(std::string(bytes_.substr(start, end - start))));
+  item.text = Decode(TrimBlanks(bytes_.substr(start, end - start)));
   return item;
 }
 
-CsvRow CsvReader::ReadCsvRow() {
-  CsvRow row;
-  row.items.reserve(lastItemCount_);  // rows of a file are mostly alike
+void CsvReader::ReadCsvRow(CsvRowView& row) {
+  row.items.clear();
+  row.atLineEnd = false;
+  row.errorCode = 0;
+  roomsUsed_ = 0;
   while (!row.atLineEnd) {
-    CsvItem item = ReadCsvItem();
+    const CsvItem item = ReadCsvItem();
     row.atLineEnd = item.atLineEnd;
     if (item.failed) {
       row.errorCode = item.errorCode;
       break;
     }
     if (item.text.empty() && item.atLineEnd) break;
-    row.items.push_back(std::move(item.text));
+    row.items.push_back(item.text);
   }
-  lastItemCount_ = row.items.size();
-  return row;
+}
+
+CsvRow CsvReader::ReadCsvRow() {
+  CsvRowView view;
+  ReadCsvRow(view);
+  return {{view.items.begin(), view.items.end()}, view.atLineEnd, view.errorCode};
 }
 
 }  // namespace sched
