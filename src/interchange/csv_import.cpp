@@ -213,6 +213,13 @@ void CsvImporter::AddCsvRecord(const CsvFieldViews& fields) {
   }
 }
 
+SchDatRow CsvImporter::LineOf(const SchRecord& record) {
+  SchDatRow line = RecordNumbers(record);
+  line.TextHandle = s_.store.Document().Tables.SchDatList.AddTexts(
+      {record.Title, record.Place, record.Memo, record.AlarmSound});
+  return line;
+}
+
 void CsvImporter::AddCsvSingleDay(SchRecord& record, const CsvConverted& row) {
   ReserveSeq(1);
   SetStartDate(record, row.start);
@@ -222,7 +229,7 @@ void CsvImporter::AddCsvSingleDay(SchRecord& record, const CsvConverted& row) {
   record.ParentSubNo = 0;
   record.ParentStamp = 0;
   record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
-  s_.store.InsertRecord(record);
+  s_.store.InsertLine(LineOf(record));
 }
 
 void CsvImporter::AddCsvSpan(SchRecord& record, const CsvConverted& row, int days) {
@@ -233,15 +240,17 @@ void CsvImporter::AddCsvSpan(SchRecord& record, const CsvConverted& row, int day
   SetEndDate(record, AddDays(row.start, days - 1));
   const auto groupId = static_cast<std::int16_t>(ImportSeq);
   record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
+  // The days share one copy of the texts.
+  SchDatRow line = LineOf(record);
   CivilDate date = row.start;
   for (int i = 0; i < days; ++i) {
-    SetStartDate(record, date);
-    record.SubNo = static_cast<std::int16_t>(ImportSeq);
+    SetStartDate(line, date);
+    line.SubNo = static_cast<std::int16_t>(ImportSeq);
     ++ImportSeq;
-    record.Stamp = ImportStamp;
-    record.ParentSubNo = groupId;
-    record.ParentStamp = ImportStamp;
-    s_.store.InsertRecord(record);
+    line.Stamp = ImportStamp;
+    line.ParentSubNo = groupId;
+    line.ParentStamp = ImportStamp;
+    s_.store.InsertLine(line);
     date = AddDays(date, 1);
     if (CodeOf(date) > CodeOf(kLastDate)) break;
   }

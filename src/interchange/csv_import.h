@@ -79,6 +79,8 @@ class CsvImporter {
   // value, the import goes on under a stamp that no row holds.
   void ReserveSeq(int count);
   std::int32_t UnusedStamp(std::int32_t candidate) const;
+  // The record's row, its texts added to the table: they are in the table's form already.
+  SchDatRow LineOf(const SchRecord& record);
   void AddCsvSingleDay(SchRecord& record, const CsvConverted& row);
   void AddCsvSpan(SchRecord& record, const CsvConverted& row, int days);
   void SetTimes(SchRecord& record, const CsvConverted& row) const;
