@@ -92,7 +92,7 @@ std::int16_t CsvBoolean(std::string_view text) {
   return LeadingNumberIsOne(text) ? 1 : 0;
 }
 
-std::optional<CsvConverted> ConvertCsvRow(CsvFieldViews row, CsvTextRoom& room) {
+std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
   for (std::size_t i = 0; i < row.size(); ++i) {
     if (row[i].find('\t') == std::string_view::npos) continue;
     room.untabbed[i].assign(row[i]);
@@ -173,7 +173,7 @@ void CsvImporter::SetTimes(SchRecord& record, const CsvConverted& row) const {
   record.EndTime = static_cast<std::int16_t>(row.allDay ? -1 : row.endTime);
 }
 
-void CsvImporter::AddCsvRecord(const CsvFieldViews& fields) {
+void CsvImporter::AddCsvRecord(const CsvRowFields& fields) {
   TakeClockStamp();
   std::optional<CsvConverted> converted = ConvertCsvRow(fields, room_);
   if (!converted) return;
@@ -285,7 +285,7 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
       reader.ReadCsvRow(read);
       // An empty line ends the import.
       if (read.items.empty() && read.atLineEnd) break;
-      CsvFieldViews row;
+      CsvRowFields row;
       const std::size_t columns = std::min(read.items.size(), map.size());
       for (std::size_t i = 0; i < columns; ++i) {
         if (map[i] < 0) continue;

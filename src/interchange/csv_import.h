@@ -15,10 +15,6 @@
 
 namespace sched {
 
-// The twelve field texts of a row as the import reads them: views into the row's items, or
-// into the import's own room.
-using CsvFieldViews = std::array<std::string_view, kCsvFieldCount>;
-
 // Room for the texts that a conversion has to change, kept from row to row.
 struct CsvTextRoom {
   std::array<std::string, kCsvFieldCount> untabbed;
@@ -50,7 +46,7 @@ std::int16_t CsvBoolean(std::string_view text);
 
 // The row's values, or nothing when the row is rejected: its start is no date, no time, or
 // lies outside the calendar, or it ends before it starts.
-std::optional<CsvConverted> ConvertCsvRow(CsvFieldViews row, CsvTextRoom& room);
+std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room);
 
 // Minutes from the alarm to the start, at most 999; an alarm on an earlier day counts only
 // the times of day.
@@ -70,7 +66,7 @@ class CsvImporter {
 
   // Adds the row's record, or one for each of its days, under the clock's stamp; a rejected
   // row adds nothing.
-  void AddCsvRecord(const CsvFieldViews& row);
+  void AddCsvRecord(const CsvRowFields& row);
 
  private:
   // A new import stamp is taken when the clock's stamp moves on.
