@@ -149,9 +149,15 @@ std::int16_t ComputeCsvLead(const CivilDate& start, int startTime, const CivilDa
 }
 
 std::int32_t CsvImporter::UnusedStamp(std::int32_t candidate) const {
-  const SchDatCTL& tables = s_.store.Document().Tables;
-  while (!StampRows(tables, candidate).empty()) candidate = SetTopBits(candidate + 1);
+  while (std::find(heldStamps_.begin(), heldStamps_.end(), candidate) != heldStamps_.end()) {
+    candidate = SetTopBits(candidate + 1);
+  }
   return candidate;
+}
+
+void CsvImporter::Insert(const SchDatRow& line) {
+  s_.store.InsertLine(line);
+  if (heldStamps_.empty() || heldStamps_.back() != ImportStamp) heldStamps_.push_back(ImportStamp);
 }
 
 void CsvImporter::TakeClockStamp() {
@@ -229,7 +235,7 @@ void CsvImporter::AddCsvSingleDay(SchRecord& record, const CsvConverted& row) {
   record.ParentSubNo = 0;
   record.ParentStamp = 0;
   record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
-  s_.store.InsertLine(LineOf(record));
+  Insert(LineOf(record));
 }
 
 void CsvImporter::AddCsvSpan(SchRecord& record, const CsvConverted& row, int days) {
@@ -250,7 +256,7 @@ void CsvImporter::AddCsvSpan(SchRecord& record, const CsvConverted& row, int day
     line.Stamp = ImportStamp;
     line.ParentSubNo = groupId;
     line.ParentStamp = ImportStamp;
-    s_.store.InsertLine(line);
+    Insert(line);
     date = AddDays(date, 1);
     if (CodeOf(date) > CodeOf(kLastDate)) break;
   }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/calendar.h"
 #include "interchange/csv_fields.h"
@@ -59,7 +60,8 @@ struct CsvImportServices {
   const Clock& clock;
 };
 
-// Adds the records of the rows to the store, numbering them as one import.
+// Adds the records of the rows to a store emptied for them, numbering them as one import: the
+// stamps its rows hold are the ones it gave.
 class CsvImporter {
  public:
   explicit CsvImporter(CsvImportServices services) : s_(services) {}
@@ -75,6 +77,8 @@ class CsvImporter {
   // value, the import goes on under a stamp that no row holds.
   void ReserveSeq(int count);
   std::int32_t UnusedStamp(std::int32_t candidate) const;
+  // Adds the row under ImportStamp.
+  void Insert(const SchDatRow& line);
   // The record's row, its texts added to the table: they are in the table's form already.
   SchDatRow LineOf(const SchRecord& record);
   void AddCsvSingleDay(SchRecord& record, const CsvConverted& row);
@@ -87,6 +91,7 @@ class CsvImporter {
   std::int32_t ImportSeq = 1;
   std::int32_t ImportStamp = 0;
   std::int32_t clockStamp_ = 0;  // the clock's stamp when ImportStamp was last taken from it
+  std::vector<std::int32_t> heldStamps_;  // the stamps of the rows added, the last one last
 };
 
 // Empties the store and fills it from the CSV file's bytes, in the mapping of `settings`;

@@ -53,14 +53,14 @@ CsvReader::CsvReader(std::string_view bytes, CodePage page) : bytes_(bytes), pag
     at_ = kByteOrderMark.size();
     pos_ = static_cast<std::int64_t>(at_);
   } else {
-    ascii_ = IsAscii(bytes);
-    utf8_ = !ascii_ && IsValidUtf8(bytes);
+    utf8_ = !IsAscii(bytes) && IsValidUtf8(bytes);
   }
 }
 
 CsvReader::Char CsvReader::ReadChar() {
   if (AtEnd()) throw CsvReadFailure();
   const auto first = static_cast<unsigned char>(bytes_[at_]);
+  if (first < 0x80) return {first, 1};
   int length = 1;
   if (utf8_) {
     length = std::max(Utf8Length(first), 1);
@@ -72,21 +72,26 @@ CsvReader::Char CsvReader::ReadChar() {
   return {first, length};
 }
 
-std::size_t CsvReader::Find(std::string_view stops) const {
+std::size_t CsvReader::Find(std::string_view stops, bool& ascii) const {
+  unsigned char seen = 0;  // the bits of the bytes passed over
+  std::size_t i = at_;
   if (utf8_ || page_ != CodePage::kJapanese) {
-    if (stops.size() == 1) return std::min(bytes_.find(stops[0], at_), bytes_.size());
     const char first = stops.front();
     const char last = stops.back();
-    std::size_t i = at_;
-    while (i < bytes_.size() && bytes_[i] != first && bytes_[i] != last) ++i;
-    return i;
+    for (; i < bytes_.size() && bytes_[i] != first && bytes_[i] != last; ++i) {
+      seen |= static_cast<unsigned char>(bytes_[i]);
+    }
+  } else {
+    // A trail byte may be any byte from 0x40 on: the characters are stepped over one by one.
+    while (i < bytes_.size() && stops.find(bytes_[i]) == std::string_view::npos) {
+      const auto byte = static_cast<unsigned char>(bytes_[i]);
+      seen |= byte;
+      i += ShiftJisTables::IsLead(byte) ? 2 : 1;
+    }
+    i = std::min(i, bytes_.size());
   }
-  // A trail byte may be any byte from 0x40 on: the characters are stepped over one by one.
-  std::size_t i = at_;
-  while (i < bytes_.size() && stops.find(bytes_[i]) == std::string_view::npos) {
-    i += ShiftJisTables::IsLead(static_cast<unsigned char>(bytes_[i])) ? 2 : 1;
-  }
-  return std::min(i, bytes_.size());
+  ascii = seen < 0x80;
+  return i;
 }
 
 CsvItem CsvReader::Failed(CsvItem& item, int errorCode) {
@@ -102,8 +107,8 @@ std::string& CsvReader::Room() {
   return room;
 }
 
-std::string_view CsvReader::Decode(std::string_view raw) {
-  if (utf8_ || ascii_ || IsAscii(raw)) return raw;
+std::string_view CsvReader::Decode(std::string_view raw, bool ascii) {
+  if (utf8_ || ascii) return raw;
   std::string& text = Room();
   AppendToUtf8(text, raw, page_);
   return text;
@@ -145,9 +150,12 @@ CsvItem CsvReader::ReadCsvItem() {
 
   std::string_view raw;             // the text while it has no doubled quote
   std::string* unquoted = nullptr;  // the text from its first doubled quote on
+  bool ascii = true;
   for (;;) {
     if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
-    const std::size_t quote = Find("\"");
+    bool pieceAscii = true;
+    const std::size_t quote = Find("\"", pieceAscii);
+    ascii = ascii && pieceAscii;
     const std::string_view piece = bytes_.substr(at_, quote - at_);
     if (unquoted != nullptr) {
       unquoted->append(piece);
@@ -169,7 +177,7 @@ CsvItem CsvReader::ReadCsvItem() {
     if (unquoted == nullptr) unquoted = &Room().assign(raw);
     *unquoted += '"';  // a doubled quote stands for one
   }
-  item.text = Decode(unquoted != nullptr ? std::string_view(*unquoted) : raw);
+  item.text = Decode(unquoted != nullptr ? std::string_view(*unquoted) : raw, ascii);
   // What stands between the closing quote and the comma or line end is dropped.
   for (;;) {
     if (c.first == kComma) return item;
@@ -188,8 +196,9 @@ CsvItem CsvReader::ReadUnquotedCsvItem(Char first) {
   if (first.first == kComma) return item;
   const std::size_t start = at_ - static_cast<std::size_t>(first.length);
   std::size_t end = start;
+  bool ascii = true;
   if (first.first != kCR) {
-    end = Find(",\r");
+    end = Find(",\r", ascii);
     if (end == bytes_.size()) throw CsvReadFailure();  // no line end at the end
     pos_ += static_cast<std::int64_t>(end + 1 - at_);
     at_ = end + 1;
@@ -198,7 +207,8 @@ CsvItem CsvReader::ReadUnquotedCsvItem(Char first) {
     SkipLineFeed();
     item.atLineEnd = true;
   }
-  item.text = Decode(TrimBlanks(bytes_.substr(start, end - start)));
+  ascii = ascii && first.first < 0x80;
+  item.text = Decode(TrimBlanks(bytes_.substr(start, end - start)), ascii);
   return item;
 }
 

@@ -77,18 +77,18 @@ class CsvReader {
   void SkipLineFeed();
   static CsvItem Failed(CsvItem& item, int errorCode);
   // The next byte at or after the read position that is one of `stops` (one or two bytes)
-  // and begins a
-  // character; the file's length when there is none. Every character between counts its
-  // bytes, so the text up to it is taken in one piece.
-  std::size_t Find(std::string_view stops) const;
-  std::string_view Decode(std::string_view raw);
+  // and begins a character; the file's length when there is none. Every character between
+  // counts its bytes, so the text up to it is taken in one piece; `ascii` tells whether all
+  // of them are ASCII.
+  std::size_t Find(std::string_view stops, bool& ascii) const;
+  // The text as UTF-8; `ascii` tells that its bytes are all ASCII.
+  std::string_view Decode(std::string_view raw, bool ascii);
   // An empty string of the reader's room for the item being read.
   std::string& Room();
 
   std::string_view bytes_;
   CodePage page_;
   bool utf8_ = false;
-  bool ascii_ = false;    // the whole file: no item needs decoding
   std::size_t at_ = 0;    // the next byte to read
   std::int64_t pos_ = 0;  // CsvReadPos
   // Texts unquoted or decoded for the row being read. A deque, as its strings never move;
