@@ -154,14 +154,26 @@ int LastColumn(const std::vector<std::int16_t>& map) {
   return last;
 }
 
-void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<std::int16_t>& map,
-                 int lastColumn, CodePage page) {
+std::vector<std::int16_t> WrittenFields(const std::vector<std::int16_t>& map) {
+  std::vector<std::int16_t> written;
+  std::array<bool, kCsvFieldCount> taken{};
+  const int last = LastColumn(map);
+  for (int i = 0; i <= last; ++i) {
+    const std::int16_t field = map[static_cast<std::size_t>(i)];
+    const bool first = field >= 0 && !taken[static_cast<std::size_t>(field)];
+    if (first) taken[static_cast<std::size_t>(field)] = true;
+    written.push_back(first ? field : std::int16_t{-1});
+  }
+  return written;
+}
+
+void WriteCsvRow(std::string& out, const CsvRowFields& row,
+                 const std::vector<std::int16_t>& written, CodePage page) {
   // The line is written into room made for its longest form: an item takes no more bytes in
   // the code page than in UTF-8, and every column adds two quotes and a comma, the last one a
   // line end of two bytes instead.
   std::size_t most = 1;
-  for (int i = 0; i <= lastColumn; ++i) {
-    const int field = map[static_cast<std::size_t>(i)];
+  for (const std::int16_t field : written) {
     most += 3 + (field >= 0 ? row[static_cast<std::size_t>(field)].size() : 0);
   }
   const std::size_t start = out.size();
@@ -171,12 +183,10 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<st
     std::memcpy(to, bytes.data(), bytes.size());
     to += bytes.size();
   };
-  std::array<bool, kCsvFieldCount> written{};
-  for (int i = 0; i <= lastColumn; ++i) {
-    const int field = map[static_cast<std::size_t>(i)];
+  for (std::size_t i = 0; i < written.size(); ++i) {
+    const int field = written[i];
     *to++ = '"';
-    if (field >= 0 && !written[static_cast<std::size_t>(field)]) {
-      written[static_cast<std::size_t>(field)] = true;
+    if (field >= 0) {
       const std::string_view item = row[static_cast<std::size_t>(field)];
       // Only the texts of the item can hold more than ASCII: the names, dates and flags are
       // the program's own.
@@ -188,7 +198,7 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<st
       }
     }
     *to++ = '"';
-    if (i == lastColumn) {
+    if (i + 1 == written.size()) {
       put("\r\n");
     } else {
       *to++ = ',';
@@ -201,7 +211,7 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
                    FileSink& sink) {
   EnsureDefaultCsvColumns(settings.CsvColumns);
   const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
-  const int lastColumn = LastColumn(map);
+  const std::vector<std::int16_t> written = WrittenFields(map);
   const SchDatCTL& t = doc.Tables;
   std::string text;
   text.reserve(2 * kPieceSize);
@@ -210,7 +220,7 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
     for (std::size_t i = 0; i < map.size(); ++i) {
       if (map[i] >= 0) names[static_cast<std::size_t>(map[i])] = settings.CsvColumns[i];
     }
-    WriteCsvRow(text, names, map, lastColumn, doc.FileCodePage);
+    WriteCsvRow(text, names, written, doc.FileCodePage);
   }
   SpanGroups spans(t.SchDatList);
   CsvRowRoom room;
@@ -223,7 +233,7 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
           const SchDatRow& row = t.SchDatList.At(r);
           if (row.Deleted == kDeleted) continue;
           if (BuildCsvRow(t.SchDatList, r, spans, room, fields)) {
-            WriteCsvRow(text, fields, map, lastColumn, doc.FileCodePage);
+            WriteCsvRow(text, fields, written, doc.FileCodePage);
           }
         }
       }

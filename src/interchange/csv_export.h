@@ -45,10 +45,14 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
 // The last column that writes a field no earlier column writes; -1 when none does.
 int LastColumn(const std::vector<std::int16_t>& map);
 
-// Appends one line in the code page: columns 0 to `lastColumn`, every item in double quotes as
-// it stands, the second column of a field empty, and CR LF.
-void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<std::int16_t>& map,
-                 int lastColumn, CodePage page);
+// The field that each column from 0 to LastColumn writes; -1 for a column that writes none, as
+// the second column of a field does.
+std::vector<std::int16_t> WrittenFields(const std::vector<std::int16_t>& map);
+
+// Appends one line in the code page: a column for each of `written`, every item in double
+// quotes as it stands, and CR LF.
+void WriteCsvRow(std::string& out, const CsvRowFields& row,
+                 const std::vector<std::int16_t>& written, CodePage page);
 
 // The whole schedule as CSV text in the mapping of `settings`, in the document's code page,
 // handed to `sink` a piece at a time so that a large export is never held whole; the bar
