@@ -100,13 +100,12 @@ std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
     row[i] = room.untabbed[i];
   }
   CsvConverted c;
-  CsvConverted& r = c;
-  r.title = OneLine(row[kCsvTitle], kTitleLimit, room.title);
-  r.place = OneLine(row[kCsvPlace], kTitleLimit, room.place);
+  c.title = OneLine(row[kCsvTitle], kTitleLimit, room.title);
+  c.place = OneLine(row[kCsvPlace], kTitleLimit, room.place);
   const std::string_view memo = row[kCsvMemo];
-  r.memo = HasLineBreak(memo) ? std::string_view(room.memo = LfToCrLf(memo)) : memo;
-  r.Private = CsvBoolean(row[kCsvPrivate]);
-  r.AlarmOn = CsvBoolean(row[kCsvAlarmOn]);
+  c.memo = HasLineBreak(memo) ? std::string_view(room.memo = LfToCrLf(memo)) : memo;
+  c.Private = CsvBoolean(row[kCsvPrivate]);
+  c.AlarmOn = CsvBoolean(row[kCsvAlarmOn]);
   c.allDay = CsvBoolean(row[kCsvAllDay]) != 0;
 
   const auto start = ParseCsvDate(row[kCsvStartDate]);
@@ -118,21 +117,21 @@ std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
   c.startTime = *startTime;
   c.end = ParseCsvDate(row[kCsvEndDate]).value_or(c.start);
   c.endTime = ParseCsvTime(row[kCsvEndTime]).value_or(c.startTime);
-  if (r.AlarmOn != 0) {
+  if (c.AlarmOn != 0) {
     c.alarmDate = ParseCsvDate(row[kCsvAlarmDate]).value_or(c.start);
     c.alarmTime = ParseCsvTime(row[kCsvAlarmTime]).value_or(c.startTime);
   }
 
-  if (r.title.empty()) r.title = "Untitled";
+  if (c.title.empty()) c.title = "Untitled";
   if (CodeOf(c.start) < CodeOf(kFirstDate) || CodeOf(c.start) > CodeOf(kLastDate)) {
     return std::nullopt;
   }
   c.endValid = CodeOf(c.end) >= CodeOf(kFirstDate);
   if (c.endValid && CodeOf(c.end) < CodeOf(c.start)) return std::nullopt;
   if (CodeOf(c.end) > CodeOf(kLastDate)) c.end = kLastDate;
-  if (r.AlarmOn != 0) {
+  if (c.AlarmOn != 0) {
     if (CodeOf(c.alarmDate) < CodeOf(kFirstDate)) {
-      r.AlarmOn = 0;
+      c.AlarmOn = 0;
     } else if (CodeOf(c.alarmDate) > CodeOf(c.start)) {
       c.alarmDate = c.start;
     }
