@@ -1,6 +1,7 @@
 #include "interchange/csv_export.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <unordered_map>
 
@@ -54,11 +55,12 @@ SpanGroups::SpanGroups(const SchDatTable& list)
   if (groups_.empty()) return;
   // Other rows of a span's series count too. A bit for each span's key, so that they are
   // mostly passed over without a search; most rows belong to no series at all.
-  constexpr unsigned kBits = 20;
-  const auto bit = [](const SeriesKey& key) {
-    return static_cast<std::size_t>((key.Packed() * 0x9E3779B97F4A7C15) >> (64 - kBits));
+  // About 16 bits a span, so that few other keys hit a bit that is set.
+  const auto bits = static_cast<unsigned>(std::bit_width(groups_.size())) + 4;
+  const auto bit = [bits](const SeriesKey& key) {
+    return static_cast<std::size_t>((key.Packed() * 0x9E3779B97F4A7C15) >> (64 - bits));
   };
-  std::vector<bool> maybe(std::size_t{1} << kBits);
+  std::vector<bool> maybe(std::size_t{1} << bits);
   for (const auto& [key, group] : index) maybe[bit(key)] = true;
   const bool spanWithoutKey = index.contains(SeriesKey{});
   for (int at = 0; at < list.Rows(); ++at) {
