@@ -191,10 +191,18 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row,
     if (field >= 0) {
       const std::string_view item = row[static_cast<std::size_t>(field)];
       // Only the texts of the item can hold more than ASCII: the names, dates and flags are
-      // the program's own.
-      const bool text = field == kCsvTitle || field == kCsvPlace || field == kCsvMemo;
-      if (text && !IsAscii(item)) {
-        put(ToCodePage(item, page));
+      // the program's own. A text is copied as it stands, and converted when it is not ASCII.
+      if (field == kCsvTitle || field == kCsvPlace || field == kCsvMemo) {
+        char* const from = to;
+        unsigned char seen = 0;  // the bits of its bytes
+        for (const char c : item) {
+          seen |= static_cast<unsigned char>(c);
+          *to++ = c;
+        }
+        if (seen >= 0x80) {
+          to = from;
+          put(ToCodePage(item, page));
+        }
       } else {
         put(item);
       }
