@@ -1,5 +1,7 @@
 #include "interchange/csv_reader.h"
 
+#include <cstring>
+
 #include "core/shift_jis.h"
 
 namespace sched {
@@ -9,6 +11,16 @@ constexpr unsigned char kCR = 13;
 constexpr unsigned char kQuote = '"';
 constexpr unsigned char kComma = ',';
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// Eight bytes at a time: the byte in every lane, and the high bit of every lane.
+constexpr std::uint64_t kLanes = 0x0101010101010101;
+constexpr std::uint64_t kHighBits = 0x8080808080808080;
+
+// Whether a lane of `word` holds `byte`.
+bool HasByte(std::uint64_t word, char byte) {
+  const std::uint64_t x = word ^ (kLanes * static_cast<unsigned char>(byte));
+  return ((x - kLanes) & ~x & kHighBits) != 0;
+}
 
 // The length of the UTF-8 sequence that begins with `lead`; 0 for a byte that begins none.
 int Utf8Length(unsigned char lead) {
@@ -78,6 +90,14 @@ std::size_t CsvReader::Find(std::string_view stops, bool& ascii) const {
   if (utf8_ || page_ != CodePage::kJapanese) {
     const char first = stops.front();
     const char last = stops.back();
+    // Words of eight bytes without a stop are passed over whole.
+    std::uint64_t high = 0;
+    for (std::uint64_t word = 0; i + sizeof word <= bytes_.size(); i += sizeof word) {
+      std::memcpy(&word, bytes_.data() + i, sizeof word);
+      if (HasByte(word, first) || HasByte(word, last)) break;
+      high |= word;
+    }
+    if ((high & kHighBits) != 0) seen = 0x80;
     for (; i < bytes_.size() && bytes_[i] != first && bytes_[i] != last; ++i) {
       seen |= static_cast<unsigned char>(bytes_[i]);
     }
