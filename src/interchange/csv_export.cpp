@@ -36,6 +36,26 @@ bool Hand(FileSink& sink, std::string& text) {
   return taken;
 }
 
+// Copies the text to `to` and moves `to` behind it when it is all ASCII; false, with nothing
+// moved, when it is not. Eight bytes go at a time.
+bool CopyAscii(std::string_view text, char*& to) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::uint64_t high = 0;
+  std::size_t i = 0;
+  for (std::uint64_t word = 0; i + sizeof word <= text.size(); i += sizeof word) {
+    std::memcpy(&word, text.data() + i, sizeof word);
+    std::memcpy(to + i, &word, sizeof word);
+    high |= word;
+  }
+  for (; i < text.size(); ++i) {
+    high |= static_cast<unsigned char>(text[i]);
+    to[i] = text[i];
+  }
+  if ((high & kHighBits) != 0) return false;
+  to += text.size();
+  return true;
+}
+
 const char* Flag(bool on) {
   return on ? "1" : "0";
 }
@@ -193,16 +213,7 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row,
       // Only the texts of the item can hold more than ASCII: the names, dates and flags are
       // the program's own. A text is copied as it stands, and converted when it is not ASCII.
       if (field == kCsvTitle || field == kCsvPlace || field == kCsvMemo) {
-        char* const from = to;
-        unsigned char seen = 0;  // the bits of its bytes
-        for (const char c : item) {
-          seen |= static_cast<unsigned char>(c);
-          *to++ = c;
-        }
-        if (seen >= 0x80) {
-          to = from;
-          put(ToCodePage(item, page));
-        }
+        if (!CopyAscii(item, to)) put(ToCodePage(item, page));
       } else {
         put(item);
       }
