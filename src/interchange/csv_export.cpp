@@ -213,7 +213,7 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row,
       // Only the texts of the item can hold more than ASCII: the names, dates and flags are
       // the program's own. A text is copied as it stands, and converted when it is not ASCII.
       if (field == kCsvTitle || field == kCsvPlace || field == kCsvMemo) {
-        if (!CopyAscii(item, to)) put(ToCodePage(item, page));
+        if (!CopyAscii(item, to)) to = WriteCodePage(item, page, to);
       } else {
         put(item);
       }
