@@ -20,15 +20,30 @@ trap 'rm -rf "$work"' EXIT
 "$scltool" export-csv "$work/schedule.scl" "$work/schedule.csv"
 
 . bench/measure.sh
+# The three commands take turns, run after run, so that a change in the load of the machine
+# falls on all of them alike.
+declare -A times
+for ((i = 0; i < runs; i++)); do
+  for command in resave export-csv import-csv; do
+    case $command in
+      resave) args=("$work/schedule.scl" "$work/out.scl") ;;
+      export-csv) args=("$work/schedule.scl" "$work/out.csv") ;;
+      import-csv) args=("$work/schedule.csv" "$work/in.scl") ;;
+    esac
+    start=$(date +%s%N)
+    "$scltool" "$command" "${args[@]}" >/dev/null
+    times[$command]+="$((($(date +%s%N) - start) / 1000000)) "
+  done
+done
 # The median wall time in ms of the command.
-ms_of() { measure - "$@" | cut -d' ' -f1; }
+ms_of() { printf '%s\n' ${times[$1]} | median; }
 
 echo "Schedule: $("$scltool" info "$work/schedule.scl" | sed -n 's/^Rows (one a day of each item): //p') rows," \
   "$(($(stat -c %s "$work/schedule.scl") / 1024)) KB; CSV $(($(stat -c %s "$work/schedule.csv") / 1024)) KB;" \
   "median of $runs runs"
-resave=$(ms_of "$scltool" resave "$work/schedule.scl" "$work/out.scl")
-export=$(ms_of "$scltool" export-csv "$work/schedule.scl" "$work/out.csv")
-import=$(ms_of "$scltool" import-csv "$work/schedule.csv" "$work/in.scl")
+resave=$(ms_of resave)
+export=$(ms_of export-csv)
+import=$(ms_of import-csv)
 printf '%-20s %8s %8s\n' command ms ratio
 for line in "scltool resave:$resave" "scltool export-csv:$export" "scltool import-csv:$import"; do
   awk -v n="${line%%:*}" -v ms="${line##*:}" -v base="$resave" \

@@ -147,10 +147,13 @@ std::string ToUtf8(std::string_view bytes, CodePage page) {
 }
 
 std::string ToCodePage(std::string_view text, CodePage page) {
-  const ShiftJisTables* sjis = page == CodePage::kJapanese ? &ShiftJisTables::Get() : nullptr;
-  // No character takes more bytes in the 8-bit form than in UTF-8.
   std::string out(text.size(), '\0');
-  char* to = out.data();
+  out.resize(static_cast<std::size_t>(WriteCodePage(text, page, out.data()) - out.data()));
+  return out;
+}
+
+char* WriteCodePage(std::string_view text, CodePage page, char* to) {
+  const ShiftJisTables* sjis = page == CodePage::kJapanese ? &ShiftJisTables::Get() : nullptr;
   for (std::size_t pos = 0; pos < text.size();) {
     if (static_cast<unsigned char>(text[pos]) < 0x80) {
       *to++ = text[pos++];
@@ -166,8 +169,7 @@ std::string ToCodePage(std::string_view text, CodePage page) {
       *to++ = static_cast<char>(bytes & 0xFF);
     }
   }
-  out.resize(static_cast<std::size_t>(to - out.data()));
-  return out;
+  return to;
 }
 
 std::size_t ByteLength(std::string_view text, CodePage page) {

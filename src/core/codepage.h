@@ -29,6 +29,9 @@ void AppendToUtf8(std::string& text, std::string_view bytes, CodePage page);
 
 // The 8-bit form of UTF-8 text; characters the code page lacks, and malformed UTF-8, become '?'.
 std::string ToCodePage(std::string_view text, CodePage page);
+// The same written at `to`, which has room for as many bytes as the text has, since no
+// character takes more bytes in the 8-bit form than in UTF-8; gives the end of what it wrote.
+char* WriteCodePage(std::string_view text, CodePage page, char* to);
 
 // Bytes that `text` takes in its 8-bit form: a double-byte character counts 2.
 std::size_t ByteLength(std::string_view text, CodePage page);

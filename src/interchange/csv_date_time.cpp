@@ -96,14 +96,17 @@ std::string FormatCsvDate(const CivilDate& date) {
 std::string FormatCsvTime(int minutes) {
   const int hour = minutes / 60;
   const int hour12 = hour % 12 == 0 ? 12 : hour % 12;
-  std::string text;
-  if (hour12 >= 10) text += '1';
-  text += static_cast<char>('0' + hour12 % 10);
-  text += ':';
-  text += static_cast<char>('0' + minutes % 60 / 10);
-  text += static_cast<char>('0' + minutes % 10);
-  text += hour < 12 ? " AM" : " PM";
-  return text;
+  std::array<char, 8> text{};
+  char* at = text.data();
+  if (hour12 >= 10) *at++ = '1';
+  *at++ = static_cast<char>('0' + hour12 % 10);
+  *at++ = ':';
+  *at++ = static_cast<char>('0' + minutes % 60 / 10);
+  *at++ = static_cast<char>('0' + minutes % 10);
+  *at++ = ' ';
+  *at++ = hour < 12 ? 'A' : 'P';
+  *at++ = 'M';
+  return {text.data(), at};
 }
 
 }  // namespace sched

@@ -1,6 +1,9 @@
 #include "interchange/csv_export.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
+#include <unordered_map>
 
 #include "appointments/repeat_rule.h"
 #include "interchange/csv_date_time.h"
@@ -16,6 +19,10 @@ bool IsTimedSpan(std::int32_t repeatKind) {
   return decoded.code == kCodeDaily && decoded.intervalField.value_or(0) == 0;
 }
 
+bool IsSpan(std::int32_t repeatKind) {
+  return repeatKind != 0 && (repeatKind == kMultiDayKind || IsTimedSpan(repeatKind));
+}
+
 CivilDate StartOf(const SchDatRow& row) {
   return {row.Year, row.Month, row.Day};
 }
@@ -29,32 +36,98 @@ bool Hand(FileSink& sink, std::string& text) {
   return taken;
 }
 
+// Copies the text to `to` and moves `to` behind it when it is all ASCII; false, with nothing
+// moved, when it is not. Eight bytes go at a time.
+bool CopyAscii(std::string_view text, char*& to) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::uint64_t high = 0;
+  std::size_t i = 0;
+  for (std::uint64_t word = 0; i + sizeof word <= text.size(); i += sizeof word) {
+    std::memcpy(&word, text.data() + i, sizeof word);
+    std::memcpy(to + i, &word, sizeof word);
+    high |= word;
+  }
+  for (; i < text.size(); ++i) {
+    high |= static_cast<unsigned char>(text[i]);
+    to[i] = text[i];
+  }
+  if ((high & kHighBits) != 0) return false;
+  to += text.size();
+  return true;
+}
+
 const char* Flag(bool on) {
   return on ? "1" : "0";
 }
 
 }  // namespace
 
-bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& exported,
+SpanGroups::SpanGroups(const SchDatTable& list)
+    : groupOfRow_(static_cast<std::size_t>(list.Rows()), -1) {
+  std::unordered_map<SeriesKey, std::int32_t, SeriesKeyHash> index;
+  for (int at = 0; at < list.Rows(); ++at) {
+    const SchDatRow& row = list.At(at);
+    if (!row.IsLive() || !IsSpan(row.RepeatKind)) continue;
+    const auto [found, added] = index.try_emplace(row.Series(), groups_.size());
+    if (added) groups_.emplace_back();
+    groupOfRow_[static_cast<std::size_t>(at)] = found->second;
+  }
+  if (groups_.empty()) return;
+  // Other rows of a span's series count too. A bit for each span's key, so that they are
+  // mostly passed over without a search; most rows belong to no series at all.
+  // About 16 bits a span, so that few other keys hit a bit that is set.
+  const auto bits = static_cast<unsigned>(std::bit_width(groups_.size())) + 4;
+  const auto bit = [bits](const SeriesKey& key) {
+    return static_cast<std::size_t>((key.Packed() * 0x9E3779B97F4A7C15) >> (64 - bits));
+  };
+  std::vector<bool> maybe(std::size_t{1} << bits);
+  for (const auto& [key, group] : index) maybe[bit(key)] = true;
+  const bool spanWithoutKey = index.contains(SeriesKey{});
+  for (int at = 0; at < list.Rows(); ++at) {
+    const SchDatRow& row = list.At(at);
+    if (!row.IsLive()) continue;
+    if (const std::int32_t group = groupOfRow_[static_cast<std::size_t>(at)]; group >= 0) {
+      groups_[static_cast<std::size_t>(group)].range.Add(row, at);
+      continue;
+    }
+    const SeriesKey key = row.Series();
+    if ((key == SeriesKey{} && !spanWithoutKey) || !maybe[bit(key)]) continue;
+    if (const auto found = index.find(key); found != index.end()) {
+      groups_[static_cast<std::size_t>(found->second)].range.Add(row, at);
+    }
+  }
+}
+
+bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom& room,
                  CsvRowFields& fields) {
+  const SchDatRow& row = list.At(at);
   const bool multiDay = row.RepeatKind == kMultiDayKind;
-  const bool span = multiDay || IsTimedSpan(row.RepeatKind);
-  if (span && !exported.insert(row.Series()).second) return false;
+  const bool span = IsSpan(row.RepeatKind);
+  SpanGroups::Group* group = nullptr;
+  if (span) {
+    group = &spans.Of(at);
+    if (group->written) return false;
+    group->written = true;
+  }
   const auto groupRange = [&] {
-    const SeriesRange range = GetSeriesRange(tables, row.ParentSubNo, row.ParentStamp);
+    const SeriesRange& range = group->range;
     return range.found ? std::pair{DateOfCode(range.firstCode), DateOfCode(range.lastCode)}
                        : std::pair{StartOf(row), StartOf(row)};
   };
-  for (std::string& field : fields) field.clear();
-  const RowTexts texts = tables.SchDatList.Texts(row);
+  const auto keep = [&](CsvField field, std::string text) {
+    room[field] = std::move(text);
+    fields[field] = room[field];
+  };
+  fields = {};
+  const RowTexts texts = list.Texts(row);
   for (const CsvField text : {kCsvTitle, kCsvPlace, kCsvMemo}) {
     const std::string_view from = text == kCsvTitle   ? texts.Title
                                   : text == kCsvPlace ? texts.Place
                                                       : texts.Memo;
     if (from.find('\r') == std::string_view::npos) {
-      fields[text].assign(from);
+      fields[text] = from;
     } else {
-      fields[text] = StripCR(from);
+      keep(text, StripCR(from));
     }
   }
   fields[kCsvPrivate] = Flag(row.Private != 0);
@@ -62,14 +135,15 @@ bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& 
   CivilDate first = StartOf(row);
   CivilDate last = first;
   if (row.StartTime == -1) {
-    fields[kCsvStartTime] = fields[kCsvEndTime] = FormatCsvTime(0);
+    keep(kCsvStartTime, FormatCsvTime(0));
+    fields[kCsvEndTime] = fields[kCsvStartTime];
     if (multiDay) {
       fields[kCsvAllDay] = "0";
       std::tie(first, last) = groupRange();
     } else if (first == CivilDate{kLastYear, 12, 31}) {
       // No next day to end on: the day ends at its last minute.
       fields[kCsvAllDay] = "0";
-      fields[kCsvEndTime] = FormatCsvTime(kLastMinute);
+      keep(kCsvEndTime, FormatCsvTime(kLastMinute));
     } else {
       fields[kCsvAllDay] = "1";
       last = AddDays(first, 1);
@@ -77,17 +151,17 @@ bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& 
   } else {
     fields[kCsvAllDay] = "0";
     if (span) std::tie(first, last) = groupRange();
-    fields[kCsvStartTime] = FormatCsvTime(row.StartTime);
-    fields[kCsvEndTime] = FormatCsvTime(std::max<int>(row.EndTime, 0));
+    keep(kCsvStartTime, FormatCsvTime(row.StartTime));
+    keep(kCsvEndTime, FormatCsvTime(std::max<int>(row.EndTime, 0)));
     if (row.AlarmLead != 0) {
       const AlarmMoment alarm =
           AlarmDateCodeOfStart(row.Year, row.Month, row.Day, row.StartTime, row.AlarmLead);
-      fields[kCsvAlarmDate] = FormatCsvDate(DateOfCode(alarm.dateCode));
-      fields[kCsvAlarmTime] = FormatCsvTime(alarm.minute);
+      keep(kCsvAlarmDate, FormatCsvDate(DateOfCode(alarm.dateCode)));
+      keep(kCsvAlarmTime, FormatCsvTime(alarm.minute));
     }
   }
-  fields[kCsvStartDate] = FormatCsvDate(first);
-  fields[kCsvEndDate] = FormatCsvDate(last);
+  keep(kCsvStartDate, FormatCsvDate(first));
+  keep(kCsvEndDate, FormatCsvDate(last));
   return true;
 }
 
@@ -102,34 +176,63 @@ int LastColumn(const std::vector<std::int16_t>& map) {
   return last;
 }
 
-void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<std::int16_t>& map,
-                 int lastColumn, CodePage page) {
-  std::array<bool, kCsvFieldCount> written{};
-  for (int i = 0; i <= lastColumn; ++i) {
-    const int field = map[static_cast<std::size_t>(i)];
-    out += '"';
-    if (field >= 0 && !written[static_cast<std::size_t>(field)]) {
-      written[static_cast<std::size_t>(field)] = true;
-      const std::string& item = row[static_cast<std::size_t>(field)];
+std::vector<std::int16_t> WrittenFields(const std::vector<std::int16_t>& map) {
+  std::vector<std::int16_t> written;
+  std::array<bool, kCsvFieldCount> taken{};
+  const int last = LastColumn(map);
+  for (int i = 0; i <= last; ++i) {
+    const std::int16_t field = map[static_cast<std::size_t>(i)];
+    const bool first = field >= 0 && !taken[static_cast<std::size_t>(field)];
+    if (first) taken[static_cast<std::size_t>(field)] = true;
+    written.push_back(first ? field : std::int16_t{-1});
+  }
+  return written;
+}
+
+void WriteCsvRow(std::string& out, const CsvRowFields& row,
+                 const std::vector<std::int16_t>& written, CodePage page) {
+  // The line is written into room made for its longest form: an item takes no more bytes in
+  // the code page than in UTF-8, and every column adds two quotes and a comma, the last one a
+  // line end of two bytes instead.
+  std::size_t most = 1;
+  for (const std::int16_t field : written) {
+    most += 3 + (field >= 0 ? row[static_cast<std::size_t>(field)].size() : 0);
+  }
+  const std::size_t start = out.size();
+  out.resize(start + most);
+  char* to = out.data() + start;
+  const auto put = [&to](std::string_view bytes) {
+    std::memcpy(to, bytes.data(), bytes.size());
+    to += bytes.size();
+  };
+  for (std::size_t i = 0; i < written.size(); ++i) {
+    const int field = written[i];
+    *to++ = '"';
+    if (field >= 0) {
+      const std::string_view item = row[static_cast<std::size_t>(field)];
       // Only the texts of the item can hold more than ASCII: the names, dates and flags are
-      // the program's own.
-      const bool text = field == kCsvTitle || field == kCsvPlace || field == kCsvMemo;
-      if (text && !IsAscii(item)) {
-        out += ToCodePage(item, page);
+      // the program's own. A text is copied as it stands, and converted when it is not ASCII.
+      if (field == kCsvTitle || field == kCsvPlace || field == kCsvMemo) {
+        if (!CopyAscii(item, to)) to = WriteCodePage(item, page, to);
       } else {
-        out += item;
+        put(item);
       }
     }
-    out += '"';
-    out += i == lastColumn ? "\r\n" : ",";
+    *to++ = '"';
+    if (i + 1 == written.size()) {
+      put("\r\n");
+    } else {
+      *to++ = ',';
+    }
   }
+  out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
 bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDisplay& progress,
                    FileSink& sink) {
   EnsureDefaultCsvColumns(settings.CsvColumns);
   const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
-  const int lastColumn = LastColumn(map);
+  const std::vector<std::int16_t> written = WrittenFields(map);
   const SchDatCTL& t = doc.Tables;
   std::string text;
   text.reserve(2 * kPieceSize);
@@ -138,9 +241,10 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
     for (std::size_t i = 0; i < map.size(); ++i) {
       if (map[i] >= 0) names[static_cast<std::size_t>(map[i])] = settings.CsvColumns[i];
     }
-    WriteCsvRow(text, names, map, lastColumn, doc.FileCodePage);
+    WriteCsvRow(text, names, written, doc.FileCodePage);
   }
-  ExportedGroups exported;
+  SpanGroups spans(t.SchDatList);
+  CsvRowRoom room;
   CsvRowFields fields;
   for (int i = 0; i < t.YearCount; ++i) {
     progress.SetValue(i * 100 / t.YearCount);
@@ -149,8 +253,8 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
         for (const int r : DayChain(t.SchDatList, head)) {
           const SchDatRow& row = t.SchDatList.At(r);
           if (row.Deleted == kDeleted) continue;
-          if (BuildCsvRow(t, row, exported, fields)) {
-            WriteCsvRow(text, fields, map, lastColumn, doc.FileCodePage);
+          if (BuildCsvRow(t.SchDatList, r, spans, room, fields)) {
+            WriteCsvRow(text, fields, written, doc.FileCodePage);
           }
         }
       }

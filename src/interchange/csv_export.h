@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "interchange/csv_fields.h"
@@ -14,21 +13,46 @@
 
 namespace sched {
 
-// The span groups (ParentSubNo, ParentStamp) already written as one row.
-using ExportedGroups = std::unordered_set<SeriesKey, SeriesKeyHash>;
+// The items over several days (ParentSubNo, ParentStamp) of a table, each written as one row.
+class SpanGroups {
+ public:
+  explicit SpanGroups(const SchDatTable& list);
 
-// The field texts of a live row into `fields`; false, and `fields` as they were, for a further
-// day of a span already written. The fields are filled anew, so one set serves every row.
-bool BuildCsvRow(const SchDatCTL& tables, const SchDatRow& row, ExportedGroups& exported,
+  struct Group {
+    SeriesRange range;  // over the live rows of the item's series
+    bool written = false;
+  };
+  // The group of a live row of a span.
+  Group& Of(int row) {
+    return groups_[static_cast<std::size_t>(groupOfRow_[static_cast<std::size_t>(row)])];
+  }
+
+ private:
+  std::vector<Group> groups_;
+  std::vector<std::int32_t> groupOfRow_;  // -1 for a row of no span
+};
+
+// Room for the field texts that the table does not hold as they are written: dates, times and
+// texts without their CRs. It is kept from row to row.
+using CsvRowRoom = std::array<std::string, kCsvFieldCount>;
+
+// The field texts of the live row at `at` into `fields`; false, and `fields` as they were, for
+// a further day of a span already written. The fields are views into the table and `room`,
+// valid until the next row is built.
+bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom& room,
                  CsvRowFields& fields);
 
 // The last column that writes a field no earlier column writes; -1 when none does.
 int LastColumn(const std::vector<std::int16_t>& map);
 
-// Appends one line in the code page: columns 0 to `lastColumn`, every item in double quotes as
-// it stands, the second column of a field empty, and CR LF.
-void WriteCsvRow(std::string& out, const CsvRowFields& row, const std::vector<std::int16_t>& map,
-                 int lastColumn, CodePage page);
+// The field that each column from 0 to LastColumn writes; -1 for a column that writes none, as
+// the second column of a field does.
+std::vector<std::int16_t> WrittenFields(const std::vector<std::int16_t>& map);
+
+// Appends one line in the code page: a column for each of `written`, every item in double
+// quotes as it stands, and CR LF.
+void WriteCsvRow(std::string& out, const CsvRowFields& row,
+                 const std::vector<std::int16_t>& written, CodePage page);
 
 // The whole schedule as CSV text in the mapping of `settings`, in the document's code page,
 // handed to `sink` a piece at a time so that a large export is never held whole; the bar

@@ -32,8 +32,9 @@ enum CsvField : int {
   kCsvPrivate
 };
 
-// The twelve field texts of one row, indexed as CsvFieldNames.
-using CsvRowFields = std::array<std::string, kCsvFieldCount>;
+// The twelve field texts of one row, indexed as CsvFieldNames: views into the file, the table
+// or the room of whoever fills them.
+using CsvRowFields = std::array<std::string_view, kCsvFieldCount>;
 
 // A column that is read and dropped.
 inline constexpr std::string_view kCsvNotUsed = "Not Used";

@@ -24,19 +24,20 @@ bool HasLineBreak(std::string_view text) {
   return std::any_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
 }
 
-// CR becomes a blank, LF goes, and at most the first characters of the limit stay.
-std::string OneLine(std::string text, int limit) {
+// CR becomes a blank, LF goes, and at most the first characters of the limit stay; a text
+// that needs a change is made in `room`.
+std::string_view OneLine(std::string_view text, int limit, std::string& room) {
   if (text.size() <= static_cast<std::size_t>(limit) && !HasLineBreak(text)) {
     return text;  // the common case, left as it is
   }
-  std::string line;
+  room.clear();
   int characters = 0;
   for (const char c : text) {
     if (c == '\n') continue;
     if ((static_cast<unsigned char>(c) & 0xC0) != 0x80 && ++characters > limit) break;
-    line += c == '\r' ? ' ' : c;
+    room += c == '\r' ? ' ' : c;
   }
-  return line;
+  return room;
 }
 
 std::int32_t CodeOf(const CivilDate& date) {
@@ -91,18 +92,20 @@ std::int16_t CsvBoolean(std::string_view text) {
   return LeadingNumberIsOne(text) ? 1 : 0;
 }
 
-std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row) {
-  for (std::string& text : row) {
-    if (text.find('\t') != std::string::npos) text = TabToBlank(std::move(text));
+std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    if (row[i].find('\t') == std::string_view::npos) continue;
+    room.untabbed[i].assign(row[i]);
+    std::replace(room.untabbed[i].begin(), room.untabbed[i].end(), '\t', ' ');
+    row[i] = room.untabbed[i];
   }
   CsvConverted c;
-  SchRecord& r = c.record;
-  r.Title = OneLine(std::move(row[kCsvTitle]), kTitleLimit);
-  r.Place = OneLine(std::move(row[kCsvPlace]), kTitleLimit);
-  std::string& memo = row[kCsvMemo];
-  r.Memo = HasLineBreak(memo) ? LfToCrLf(memo) : std::move(memo);
-  r.Private = CsvBoolean(row[kCsvPrivate]);
-  r.AlarmOn = CsvBoolean(row[kCsvAlarmOn]);
+  c.title = OneLine(row[kCsvTitle], kTitleLimit, room.title);
+  c.place = OneLine(row[kCsvPlace], kTitleLimit, room.place);
+  const std::string_view memo = row[kCsvMemo];
+  c.memo = HasLineBreak(memo) ? std::string_view(room.memo = LfToCrLf(memo)) : memo;
+  c.Private = CsvBoolean(row[kCsvPrivate]);
+  c.AlarmOn = CsvBoolean(row[kCsvAlarmOn]);
   c.allDay = CsvBoolean(row[kCsvAllDay]) != 0;
 
   const auto start = ParseCsvDate(row[kCsvStartDate]);
@@ -114,21 +117,21 @@ std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row) {
   c.startTime = *startTime;
   c.end = ParseCsvDate(row[kCsvEndDate]).value_or(c.start);
   c.endTime = ParseCsvTime(row[kCsvEndTime]).value_or(c.startTime);
-  if (r.AlarmOn != 0) {
+  if (c.AlarmOn != 0) {
     c.alarmDate = ParseCsvDate(row[kCsvAlarmDate]).value_or(c.start);
     c.alarmTime = ParseCsvTime(row[kCsvAlarmTime]).value_or(c.startTime);
   }
 
-  if (r.Title.empty()) r.Title = "Untitled";
+  if (c.title.empty()) c.title = "Untitled";
   if (CodeOf(c.start) < CodeOf(kFirstDate) || CodeOf(c.start) > CodeOf(kLastDate)) {
     return std::nullopt;
   }
   c.endValid = CodeOf(c.end) >= CodeOf(kFirstDate);
   if (c.endValid && CodeOf(c.end) < CodeOf(c.start)) return std::nullopt;
   if (CodeOf(c.end) > CodeOf(kLastDate)) c.end = kLastDate;
-  if (r.AlarmOn != 0) {
+  if (c.AlarmOn != 0) {
     if (CodeOf(c.alarmDate) < CodeOf(kFirstDate)) {
-      r.AlarmOn = 0;
+      c.AlarmOn = 0;
     } else if (CodeOf(c.alarmDate) > CodeOf(c.start)) {
       c.alarmDate = c.start;
     }
@@ -145,9 +148,15 @@ std::int16_t ComputeCsvLead(const CivilDate& start, int startTime, const CivilDa
 }
 
 std::int32_t CsvImporter::UnusedStamp(std::int32_t candidate) const {
-  const SchDatCTL& tables = s_.store.Document().Tables;
-  while (!StampRows(tables, candidate).empty()) candidate = SetTopBits(candidate + 1);
+  while (std::find(heldStamps_.begin(), heldStamps_.end(), candidate) != heldStamps_.end()) {
+    candidate = SetTopBits(candidate + 1);
+  }
   return candidate;
+}
+
+void CsvImporter::Insert(const SchDatRow& line) {
+  s_.store.InsertLine(line);
+  if (heldStamps_.empty() || heldStamps_.back() != ImportStamp) heldStamps_.push_back(ImportStamp);
 }
 
 void CsvImporter::TakeClockStamp() {
@@ -169,12 +178,19 @@ void CsvImporter::SetTimes(SchRecord& record, const CsvConverted& row) const {
   record.EndTime = static_cast<std::int16_t>(row.allDay ? -1 : row.endTime);
 }
 
-void CsvImporter::AddCsvRecord(CsvRowFields fields) {
+void CsvImporter::AddCsvRecord(const CsvRowFields& fields) {
   TakeClockStamp();
-  std::optional<CsvConverted> converted = ConvertCsvRow(std::move(fields));
+  std::optional<CsvConverted> converted = ConvertCsvRow(fields, room_);
   if (!converted) return;
   CsvConverted& row = *converted;
-  SchRecord record = std::move(row.record);
+  SchRecord& record = record_;
+  record.Title.assign(row.title);
+  record.Place.assign(row.place);
+  record.Memo.assign(row.memo);
+  record.Private = row.Private;
+  record.AlarmOn = row.AlarmOn;
+  record.AlarmSound.clear();
+  record.AlarmLead = 0;
   record.Prev = -1;
   record.Next = -1;
   record.RepeatKind = 0;
@@ -196,13 +212,20 @@ void CsvImporter::AddCsvRecord(CsvRowFields fields) {
   }
   SetTimes(record, row);
   if (record.RepeatKind == 0 && row.start == row.end) {
-    AddCsvSingleDay(std::move(record), row);
+    AddCsvSingleDay(record, row);
   } else {
-    AddCsvSpan(std::move(record), row, DaysBetween(row.start, row.end) + 1);
+    AddCsvSpan(record, row, DaysBetween(row.start, row.end) + 1);
   }
 }
 
-void CsvImporter::AddCsvSingleDay(SchRecord record, const CsvConverted& row) {
+SchDatRow CsvImporter::LineOf(const SchRecord& record) {
+  SchDatRow line = RecordNumbers(record);
+  line.TextHandle = s_.store.Document().Tables.SchDatList.AddTexts(
+      {record.Title, record.Place, record.Memo, record.AlarmSound});
+  return line;
+}
+
+void CsvImporter::AddCsvSingleDay(SchRecord& record, const CsvConverted& row) {
   ReserveSeq(1);
   SetStartDate(record, row.start);
   record.SubNo = static_cast<std::int16_t>(ImportSeq & 0xFFFF);
@@ -211,10 +234,10 @@ void CsvImporter::AddCsvSingleDay(SchRecord record, const CsvConverted& row) {
   record.ParentSubNo = 0;
   record.ParentStamp = 0;
   record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
-  s_.store.InsertRecord(record);
+  Insert(LineOf(record));
 }
 
-void CsvImporter::AddCsvSpan(SchRecord record, const CsvConverted& row, int days) {
+void CsvImporter::AddCsvSpan(SchRecord& record, const CsvConverted& row, int days) {
   if (days > kAllDaySpanLimit && record.RepeatKind == kMultiDayKind) days = kAllDaySpanLimit;
   if (days > kTimedSpanLimit && record.RepeatKind != kMultiDayKind) days = kTimedSpanLimit;
   if (days <= 0) return;
@@ -222,15 +245,17 @@ void CsvImporter::AddCsvSpan(SchRecord record, const CsvConverted& row, int days
   SetEndDate(record, AddDays(row.start, days - 1));
   const auto groupId = static_cast<std::int16_t>(ImportSeq);
   record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
+  // The days share one copy of the texts.
+  SchDatRow line = LineOf(record);
   CivilDate date = row.start;
   for (int i = 0; i < days; ++i) {
-    SetStartDate(record, date);
-    record.SubNo = static_cast<std::int16_t>(ImportSeq);
+    SetStartDate(line, date);
+    line.SubNo = static_cast<std::int16_t>(ImportSeq);
     ++ImportSeq;
-    record.Stamp = ImportStamp;
-    record.ParentSubNo = groupId;
-    record.ParentStamp = ImportStamp;
-    s_.store.InsertRecord(record);
+    line.Stamp = ImportStamp;
+    line.ParentSubNo = groupId;
+    line.ParentStamp = ImportStamp;
+    Insert(line);
     date = AddDays(date, 1);
     if (CodeOf(date) > CodeOf(kLastDate)) break;
   }
@@ -254,30 +279,37 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
   bool header = settings.CsvFirstRowIsHeader;
   bool whole = true;
   int shownProgress = -1;
+  CsvRowView read;
+  // The texts of fields that several columns fill, joined by blanks.
+  std::array<std::string, kCsvFieldCount> joined;
   try {
     while (reader.CsvReadPos() < reader.CsvFileLength()) {
       const int progress = static_cast<int>(reader.CsvReadPos() * 100 /
                                             std::max<std::int64_t>(reader.CsvFileLength(), 1));
       if (progress != shownProgress) services.progress.SetValue(shownProgress = progress);
-      CsvRow read = reader.ReadCsvRow();
+      reader.ReadCsvRow(read);
       // An empty line ends the import.
       if (read.items.empty() && read.atLineEnd) break;
       CsvRowFields row;
       const std::size_t columns = std::min(read.items.size(), map.size());
       for (std::size_t i = 0; i < columns; ++i) {
         if (map[i] < 0) continue;
-        std::string& field = row[static_cast<std::size_t>(map[i])];
+        const auto index = static_cast<std::size_t>(map[i]);
+        std::string_view& field = row[index];
         if (field.empty()) {
-          field = std::move(read.items[i]);
-        } else {
-          field += " " + read.items[i];
+          field = read.items[i];
+          continue;
         }
+        std::string& text = joined[index];
+        if (field.data() != text.data()) text.assign(field);
+        text.append(" ").append(read.items[i]);
+        field = text;
       }
       if (header) {
         header = false;
         continue;
       }
-      importer.AddCsvRecord(std::move(row));
+      importer.AddCsvRecord(row);
     }
   } catch (const CsvReadFailure&) {
     whole = false;

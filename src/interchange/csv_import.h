@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/calendar.h"
 #include "interchange/csv_fields.h"
@@ -15,9 +16,22 @@
 
 namespace sched {
 
-// A row's values after the conversion of its texts.
+// Room for the texts that a conversion has to change, kept from row to row.
+struct CsvTextRoom {
+  std::array<std::string, kCsvFieldCount> untabbed;
+  std::string title;
+  std::string place;
+  std::string memo;
+};
+
+// A row's values after the conversion of its texts. The texts are views into the row's fields
+// or into the conversion's room.
 struct CsvConverted {
-  SchRecord record;  // texts, Private, AlarmOn
+  std::string_view title;
+  std::string_view place;
+  std::string_view memo;
+  std::int16_t Private = 0;
+  std::int16_t AlarmOn = 0;
   CivilDate start;
   int startTime = 0;  // minutes after 0:00
   CivilDate end;
@@ -33,7 +47,7 @@ std::int16_t CsvBoolean(std::string_view text);
 
 // The row's values, or nothing when the row is rejected: its start is no date, no time, or
 // lies outside the calendar, or it ends before it starts.
-std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row);
+std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room);
 
 // Minutes from the alarm to the start, at most 999; an alarm on an earlier day counts only
 // the times of day.
@@ -46,14 +60,15 @@ struct CsvImportServices {
   const Clock& clock;
 };
 
-// Adds the records of the rows to the store, numbering them as one import.
+// Adds the records of the rows to a store emptied for them, numbering them as one import: the
+// stamps its rows hold are the ones it gave.
 class CsvImporter {
  public:
   explicit CsvImporter(CsvImportServices services) : s_(services) {}
 
   // Adds the row's record, or one for each of its days, under the clock's stamp; a rejected
   // row adds nothing.
-  void AddCsvRecord(CsvRowFields row);
+  void AddCsvRecord(const CsvRowFields& row);
 
  private:
   // A new import stamp is taken when the clock's stamp moves on.
@@ -62,14 +77,21 @@ class CsvImporter {
   // value, the import goes on under a stamp that no row holds.
   void ReserveSeq(int count);
   std::int32_t UnusedStamp(std::int32_t candidate) const;
-  void AddCsvSingleDay(SchRecord record, const CsvConverted& row);
-  void AddCsvSpan(SchRecord record, const CsvConverted& row, int days);
+  // Adds the row under ImportStamp.
+  void Insert(const SchDatRow& line);
+  // The record's row, its texts added to the table: they are in the table's form already.
+  SchDatRow LineOf(const SchRecord& record);
+  void AddCsvSingleDay(SchRecord& record, const CsvConverted& row);
+  void AddCsvSpan(SchRecord& record, const CsvConverted& row, int days);
   void SetTimes(SchRecord& record, const CsvConverted& row) const;
 
   CsvImportServices s_;
+  CsvTextRoom room_;
+  SchRecord record_;  // the record being added, whose texts keep their room from row to row
   std::int32_t ImportSeq = 1;
   std::int32_t ImportStamp = 0;
   std::int32_t clockStamp_ = 0;  // the clock's stamp when ImportStamp was last taken from it
+  std::vector<std::int32_t> heldStamps_;  // the stamps of the rows added, the last one last
 };
 
 // Empties the store and fills it from the CSV file's bytes, in the mapping of `settings`;

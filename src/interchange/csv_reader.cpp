@@ -1,5 +1,7 @@
 #include "interchange/csv_reader.h"
 
+#include <cstring>
+
 #include "core/shift_jis.h"
 
 namespace sched {
@@ -9,6 +11,16 @@ constexpr unsigned char kCR = 13;
 constexpr unsigned char kQuote = '"';
 constexpr unsigned char kComma = ',';
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// Eight bytes at a time: the byte in every lane, and the high bit of every lane.
+constexpr std::uint64_t kLanes = 0x0101010101010101;
+constexpr std::uint64_t kHighBits = 0x8080808080808080;
+
+// Whether a lane of `word` holds `byte`.
+bool HasByte(std::uint64_t word, char byte) {
+  const std::uint64_t x = word ^ (kLanes * static_cast<unsigned char>(byte));
+  return ((x - kLanes) & ~x & kHighBits) != 0;
+}
 
 // The length of the UTF-8 sequence that begins with `lead`; 0 for a byte that begins none.
 int Utf8Length(unsigned char lead) {
@@ -39,9 +51,9 @@ bool IsValidUtf8(std::string_view text) {
   return true;
 }
 
-std::string TrimBlanks(const std::string& raw) {
+std::string_view TrimBlanks(std::string_view raw) {
   const std::size_t first = raw.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
+  if (first == std::string_view::npos) return {};
   return raw.substr(first, raw.find_last_not_of(' ') - first + 1);
 }
 
@@ -60,6 +72,7 @@ CsvReader::CsvReader(std::string_view bytes, CodePage page) : bytes_(bytes), pag
 CsvReader::Char CsvReader::ReadChar() {
   if (AtEnd()) throw CsvReadFailure();
   const auto first = static_cast<unsigned char>(bytes_[at_]);
+  if (first < 0x80) return {first, 1};
   int length = 1;
   if (utf8_) {
     length = std::max(Utf8Length(first), 1);
@@ -71,21 +84,34 @@ CsvReader::Char CsvReader::ReadChar() {
   return {first, length};
 }
 
-std::size_t CsvReader::Find(std::string_view stops) const {
+std::size_t CsvReader::Find(std::string_view stops, bool& ascii) const {
+  unsigned char seen = 0;  // the bits of the bytes passed over
+  std::size_t i = at_;
   if (utf8_ || page_ != CodePage::kJapanese) {
-    if (stops.size() == 1) return std::min(bytes_.find(stops[0], at_), bytes_.size());
     const char first = stops.front();
     const char last = stops.back();
-    std::size_t i = at_;
-    while (i < bytes_.size() && bytes_[i] != first && bytes_[i] != last) ++i;
-    return i;
+    // Words of eight bytes without a stop are passed over whole.
+    std::uint64_t high = 0;
+    for (std::uint64_t word = 0; i + sizeof word <= bytes_.size(); i += sizeof word) {
+      std::memcpy(&word, bytes_.data() + i, sizeof word);
+      if (HasByte(word, first) || HasByte(word, last)) break;
+      high |= word;
+    }
+    if ((high & kHighBits) != 0) seen = 0x80;
+    for (; i < bytes_.size() && bytes_[i] != first && bytes_[i] != last; ++i) {
+      seen |= static_cast<unsigned char>(bytes_[i]);
+    }
+  } else {
+    // A trail byte may be any byte from 0x40 on: the characters are stepped over one by one.
+    while (i < bytes_.size() && stops.find(bytes_[i]) == std::string_view::npos) {
+      const auto byte = static_cast<unsigned char>(bytes_[i]);
+      seen |= byte;
+      i += ShiftJisTables::IsLead(byte) ? 2 : 1;
+    }
+    i = std::min(i, bytes_.size());
   }
-  // A trail byte may be any byte from 0x40 on: the characters are stepped over one by one.
-  std::size_t i = at_;
-  while (i < bytes_.size() && stops.find(bytes_[i]) == std::string_view::npos) {
-    i += ShiftJisTables::IsLead(static_cast<unsigned char>(bytes_[i])) ? 2 : 1;
-  }
-  return std::min(i, bytes_.size());
+  ascii = seen < 0x80;
+  return i;
 }
 
 CsvItem CsvReader::Failed(CsvItem& item, int errorCode) {
@@ -94,9 +120,18 @@ CsvItem CsvReader::Failed(CsvItem& item, int errorCode) {
   return item;
 }
 
-std::string CsvReader::Decode(std::string raw) const {
-  if (utf8_ || IsAscii(raw)) return raw;
-  return ToUtf8(raw, page_);
+std::string& CsvReader::Room() {
+  if (roomsUsed_ == rooms_.size()) rooms_.emplace_back();
+  std::string& room = rooms_[roomsUsed_++];
+  room.clear();
+  return room;
+}
+
+std::string_view CsvReader::Decode(std::string_view raw, bool ascii) {
+  if (utf8_ || ascii) return raw;
+  std::string& text = Room();
+  AppendToUtf8(text, raw, page_);
+  return text;
 }
 
 void CsvReader::SkipLineFeed() {
@@ -133,11 +168,20 @@ CsvItem CsvReader::ReadCsvItem() {
   }
   if (c.first != kQuote) return ReadUnquotedCsvItem(c);
 
-  std::string raw;
+  std::string_view raw;             // the text while it has no doubled quote
+  std::string* unquoted = nullptr;  // the text from its first doubled quote on
+  bool ascii = true;
   for (;;) {
     if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
-    const std::size_t quote = Find("\"");
-    raw.append(bytes_.substr(at_, quote - at_));
+    bool pieceAscii = true;
+    const std::size_t quote = Find("\"", pieceAscii);
+    ascii = ascii && pieceAscii;
+    const std::string_view piece = bytes_.substr(at_, quote - at_);
+    if (unquoted != nullptr) {
+      unquoted->append(piece);
+    } else {
+      raw = piece;
+    }
     pos_ += static_cast<std::int64_t>(quote - at_);
     at_ = quote;
     if (AtEnd()) {
@@ -150,9 +194,10 @@ CsvItem CsvReader::ReadCsvItem() {
     if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
     c = next();
     if (c.first != kQuote) break;
-    raw += '"';  // a doubled quote stands for one
+    if (unquoted == nullptr) unquoted = &Room().assign(raw);
+    *unquoted += '"';  // a doubled quote stands for one
   }
-  item.text = Decode(std::move(raw));
+  item.text = Decode(unquoted != nullptr ? std::string_view(*unquoted) : raw, ascii);
   // What stands between the closing quote and the comma or line end is dropped.
   for (;;) {
     if (c.first == kComma) return item;
@@ -171,8 +216,9 @@ CsvItem CsvReader::ReadUnquotedCsvItem(Char first) {
   if (first.first == kComma) return item;
   const std::size_t start = at_ - static_cast<std::size_t>(first.length);
   std::size_t end = start;
+  bool ascii = true;
   if (first.first != kCR) {
-    end = Find(",\r");
+    end = Find(",\r", ascii);
     if (end == bytes_.size()) throw CsvReadFailure();  // no line end at the end
     pos_ += static_cast<std::int64_t>(end + 1 - at_);
     at_ = end + 1;
@@ -181,25 +227,32 @@ CsvItem CsvReader::ReadUnquotedCsvItem(Char first) {
     SkipLineFeed();
     item.atLineEnd = true;
   }
-  item.text = Decode(TrimBlanks(std::string(bytes_.substr(start, end - start))));
+  ascii = ascii && first.first < 0x80;
+  item.text = Decode(TrimBlanks(bytes_.substr(start, end - start)), ascii);
   return item;
 }
 
-CsvRow CsvReader::ReadCsvRow() {
-  CsvRow row;
-  row.items.reserve(lastItemCount_);  // rows of a file are mostly alike
+void CsvReader::ReadCsvRow(CsvRowView& row) {
+  row.items.clear();
+  row.atLineEnd = false;
+  row.errorCode = 0;
+  roomsUsed_ = 0;
   while (!row.atLineEnd) {
-    CsvItem item = ReadCsvItem();
+    const CsvItem item = ReadCsvItem();
     row.atLineEnd = item.atLineEnd;
     if (item.failed) {
       row.errorCode = item.errorCode;
       break;
     }
     if (item.text.empty() && item.atLineEnd) break;
-    row.items.push_back(std::move(item.text));
+    row.items.push_back(item.text);
   }
-  lastItemCount_ = row.items.size();
-  return row;
+}
+
+CsvRow CsvReader::ReadCsvRow() {
+  CsvRowView view;
+  ReadCsvRow(view);
+  return {{view.items.begin(), view.items.end()}, view.atLineEnd, view.errorCode};
 }
 
 }  // namespace sched

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -21,17 +22,27 @@ class CsvReadFailure : public std::runtime_error {
 inline constexpr int kCsvErrorAtEnd = 1;
 inline constexpr int kCsvErrorAfterQuote = 2;
 
+// An item's text is UTF-8: a view into the file where the item is taken as it stands, else
+// into the reader's own room. It stays valid until the reader begins the next row.
 struct CsvItem {
-  std::string text;  // UTF-8
+  std::string_view text;
   bool failed = false;
   bool atLineEnd = false;
   int errorCode = 0;
 };
 
+// A row's items, as views that stay valid until the reader begins the next row.
+struct CsvRowView {
+  std::vector<std::string_view> items;
+  bool atLineEnd = false;
+  int errorCode = 0;  // of the item that ended the row by failing
+};
+
+// A row's items, kept as the caller's own texts.
 struct CsvRow {
   std::vector<std::string> items;
   bool atLineEnd = false;
-  int errorCode = 0;  // of the item that ended the row by failing
+  int errorCode = 0;
 };
 
 // Reads a CSV file's bytes one character at a time. The file's texts are UTF-8 when it
@@ -48,7 +59,9 @@ class CsvReader {
   // of the file.
   CsvItem ReadCsvItem();
   // The items up to the line end; a trailing empty item is not counted, and a failing item
-  // ends the row with the items before it.
+  // ends the row with the items before it. The row's storage is reused: a loop over a file
+  // passes the same row every time.
+  void ReadCsvRow(CsvRowView& row);
   CsvRow ReadCsvRow();
 
  private:
@@ -64,18 +77,24 @@ class CsvReader {
   void SkipLineFeed();
   static CsvItem Failed(CsvItem& item, int errorCode);
   // The next byte at or after the read position that is one of `stops` (one or two bytes)
-  // and begins a
-  // character; the file's length when there is none. Every character between counts its
-  // bytes, so the text up to it is taken in one piece.
-  std::size_t Find(std::string_view stops) const;
-  std::string Decode(std::string raw) const;
+  // and begins a character; the file's length when there is none. Every character between
+  // counts its bytes, so the text up to it is taken in one piece; `ascii` tells whether all
+  // of them are ASCII.
+  std::size_t Find(std::string_view stops, bool& ascii) const;
+  // The text as UTF-8; `ascii` tells that its bytes are all ASCII.
+  std::string_view Decode(std::string_view raw, bool ascii);
+  // An empty string of the reader's room for the item being read.
+  std::string& Room();
 
   std::string_view bytes_;
   CodePage page_;
   bool utf8_ = false;
   std::size_t at_ = 0;    // the next byte to read
   std::int64_t pos_ = 0;  // CsvReadPos
-  std::size_t lastItemCount_ = 0;
+  // Texts unquoted or decoded for the row being read. A deque, as its strings never move;
+  // they keep their room from row to row.
+  std::deque<std::string> rooms_;
+  std::size_t roomsUsed_ = 0;
 };
 
 }  // namespace sched

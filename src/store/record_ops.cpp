@@ -68,10 +68,14 @@ void CopyRowToRecord(const SchDatTable& list, int row, SchRecord& rec) {
 }
 
 void ScheduleStore::InsertRecord(const SchRecord& record) {
-  const int yearRow = FindOrAddYear(record.Year);
-  const int monthRow = FindOrAddMonth(record.Month, yearRow);
-  const int head = GetDayHead(doc_.Tables, monthRow, record.Day);
-  InsertRow(head, monthRow, record.Day, record);
+  InsertLine(BuildRecordLine(doc_.Tables.SchDatList, record));
+}
+
+void ScheduleStore::InsertLine(SchDatRow line) {
+  const int yearRow = FindOrAddYear(line.Year);
+  const int monthRow = FindOrAddMonth(line.Month, yearRow);
+  const int head = GetDayHead(doc_.Tables, monthRow, line.Day);
+  InsertRow(head, monthRow, line.Day, std::move(line));
 }
 
 int ScheduleStore::FindOrAddYear(int year) {
@@ -118,10 +122,9 @@ int ScheduleStore::FindOrAddMonth(int month, int yearRow) {
   return added;
 }
 
-int ScheduleStore::InsertRow(int head, int monthRow, int day, const SchRecord& record) {
+int ScheduleStore::InsertRow(int head, int monthRow, int day, SchDatRow line) {
   SchDatCTL& t = doc_.Tables;
   auto& list = t.SchDatList;
-  SchDatRow line = BuildRecordLine(list, record);
   int newRow = 0;
   if (t.RowCount == 0 && list.IsEmpty()) {
     list.PutFirst(std::move(line));

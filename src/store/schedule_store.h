@@ -69,10 +69,13 @@ class ScheduleStore {
 
   // Adds the record on its own date (Day, Month, Year), making year and month rows as needed.
   void InsertRecord(const SchRecord& record);
+  // The same for a row whose texts the list holds already, so that the days of an item can
+  // share them.
+  void InsertLine(SchDatRow line);
   int FindOrAddYear(int year);
   int FindOrAddMonth(int month, int yearRow);
-  // Adds the record's row and links it into the day's chain in order of StartTime.
-  int InsertRow(int head, int monthRow, int day, const SchRecord& record);
+  // Adds the row and links it into the day's chain in order of StartTime.
+  int InsertRow(int head, int monthRow, int day, SchDatRow line);
   // Marks the rows of the record's item deleted: the whole series for a repeating or
   // multi-day item, else the one item.
   void DeleteItem(const SchRecord& record);

@@ -65,6 +65,28 @@ TEST(CsvExport, RowsAsTheyAreWritten) {
   }
 }
 
+// A span is written once, from its first live day to the end its days carry, whichever of its
+// days are gone.
+TEST(CsvExport, SpansRunFromTheirFirstLiveDay) {
+  const struct {
+    int deleted;  // the day deleted, -1 for none
+    const char* first;
+  } cases[] = {{-1, "2001/05/01"}, {0, "2001/05/02"}, {2, "2001/05/01"}};
+  for (const auto& c : cases) {
+    FakeStore maker;
+    ASSERT_TRUE(ImportCsvFile({maker.store, maker.progress, maker.clock},
+                              "s,2001/5/1,0:00,2001/5/3,0:00\r\n", {{}, false}));
+    if (c.deleted >= 0) {
+      maker.store.RemoveRow(LiveRowsInDateOrder(maker.doc.Tables)[std::size_t(c.deleted)]);
+    }
+    EXPECT_EQ(
+        Exported(maker, {{}, false}),
+        "\"s\",\"" + std::string(c.first) +
+            "\",\"12:00 AM\",\"2001/05/03\",\"12:00 AM\",\"0\",\"0\",\"\",\"\",\"\",\"\",\"0\"\r\n")
+        << c.deleted;
+  }
+}
+
 TEST(CsvExport, HeaderAndColumnsOfTheMapping) {
   FakeStore maker;
   maker.store.InsertRecord(MakeItem(2001, 5, 1, 600, 660, "t"));
