@@ -1,11 +1,11 @@
 #include "interchange/csv_export.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
-#include <unordered_map>
 
 #include "appointments/repeat_rule.h"
+#include "core/key_table.h"
+#include "core/radix_sort.h"
 #include "interchange/csv_date_time.h"
 #include "store/chains.h"
 
@@ -64,37 +64,24 @@ const char* Flag(bool on) {
 
 SpanGroups::SpanGroups(const SchDatTable& list)
     : groupOfRow_(static_cast<std::size_t>(list.Rows()), -1) {
-  std::unordered_map<SeriesKey, std::int32_t, SeriesKeyHash> index;
+  std::vector<std::uint64_t> spans;
   for (int at = 0; at < list.Rows(); ++at) {
     const SchDatRow& row = list.At(at);
-    if (!row.IsLive() || !IsSpan(row.RepeatKind)) continue;
-    const auto [found, added] = index.try_emplace(row.Series(), groups_.size());
-    if (added) groups_.emplace_back();
-    groupOfRow_[static_cast<std::size_t>(at)] = found->second;
+    if (row.IsLive() && IsSpan(row.RepeatKind)) spans.push_back(row.Series().Packed());
   }
-  if (groups_.empty()) return;
-  // Other rows of a span's series count too. A bit for each span's key, so that they are
-  // mostly passed over without a search; most rows belong to no series at all.
-  // About 16 bits a span, so that few other keys hit a bit that is set.
-  const auto bits = static_cast<unsigned>(std::bit_width(groups_.size())) + 4;
-  const auto bit = [bits](const SeriesKey& key) {
-    return static_cast<std::size_t>((key.Packed() * 0x9E3779B97F4A7C15) >> (64 - bits));
-  };
-  std::vector<bool> maybe(std::size_t{1} << bits);
-  for (const auto& [key, group] : index) maybe[bit(key)] = true;
-  const bool spanWithoutKey = index.contains(SeriesKey{});
+  if (spans.empty()) return;
+  RadixSort(spans, [](std::uint64_t key) { return key; });
+  spans.erase(std::unique(spans.begin(), spans.end()), spans.end());
+  const KeyTable table(std::move(spans));
+  groups_.resize(table.Size());
+  // Other rows of a span's series count too.
   for (int at = 0; at < list.Rows(); ++at) {
     const SchDatRow& row = list.At(at);
     if (!row.IsLive()) continue;
-    if (const std::int32_t group = groupOfRow_[static_cast<std::size_t>(at)]; group >= 0) {
-      groups_[static_cast<std::size_t>(group)].range.Add(row, at);
-      continue;
-    }
-    const SeriesKey key = row.Series();
-    if ((key == SeriesKey{} && !spanWithoutKey) || !maybe[bit(key)]) continue;
-    if (const auto found = index.find(key); found != index.end()) {
-      groups_[static_cast<std::size_t>(found->second)].range.Add(row, at);
-    }
+    const int group = table.Find(row.Series().Packed());
+    if (group == -1) continue;
+    groups_[static_cast<std::size_t>(group)].range.Add(row, at);
+    if (IsSpan(row.RepeatKind)) groupOfRow_[static_cast<std::size_t>(at)] = group;
   }
 }
 

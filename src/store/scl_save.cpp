@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "core/codepage.h"
+#include "core/key_table.h"
 #include "core/radix_sort.h"
 #include "platform/std/safe_file.h"
 #include "store/chains.h"
@@ -118,32 +119,15 @@ class SclWriter {
     if (series.empty()) return;
     RadixSort(series, [](std::uint64_t key) { return key; });
     series.erase(std::unique(series.begin(), series.end()), series.end());
-    // The range of each series by its key, in an open table of twice as many places: a row
-    // of another series mostly meets an empty place at once.
-    unsigned bits = 1;
-    while ((std::size_t{1} << bits) < 2 * series.size()) ++bits;
-    const std::size_t mask = (std::size_t{1} << bits) - 1;
-    const auto place = [bits](std::uint64_t key) {
-      return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15) >> (64 - bits));
-    };
-    std::vector<int> table(mask + 1, -1);
-    for (std::size_t i = 0; i < series.size(); ++i) {
-      std::size_t at = place(series[i]);
-      while (table[at] != -1) at = (at + 1) & mask;
-      table[at] = static_cast<int>(i);
-    }
-    ranges_.resize(series.size());
+    const KeyTable table(std::move(series));
+    ranges_.resize(table.Size());
     for (int row = 0; row < list.Rows(); ++row) {
       const SchDatRow& r = list.At(row);
       if (!r.IsLive()) continue;
-      const std::uint64_t key = r.Series().Packed();
-      std::size_t at = place(key);
-      while (table[at] != -1 && series[static_cast<std::size_t>(table[at])] != key) {
-        at = (at + 1) & mask;
-      }
-      if (table[at] == -1) continue;
-      ranges_[static_cast<std::size_t>(table[at])].Add(r);
-      rangeOfRow_[static_cast<std::size_t>(row)] = table[at];
+      const int range = table.Find(r.Series().Packed());
+      if (range == -1) continue;
+      ranges_[static_cast<std::size_t>(range)].Add(r);
+      rangeOfRow_[static_cast<std::size_t>(row)] = range;
     }
     monthWritten_.assign(ranges_.size(), -1);
   }
