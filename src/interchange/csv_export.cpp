@@ -189,6 +189,7 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row,
   out.resize(start + most);
   char* to = out.data() + start;
   const auto put = [&to](std::string_view bytes) {
+    if (bytes.empty()) return;  // an empty field has no bytes to copy from
     std::memcpy(to, bytes.data(), bytes.size());
     to += bytes.size();
   };
