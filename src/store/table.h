@@ -124,13 +124,9 @@ class Table {
     journal_ = journal;
     if (journal_ != nullptr) *journal_ = {IsEmpty() ? 0 : Rows(), {}};
   }
-  // Puts a row back as a journal kept it, unrecorded; a row past the end is added.
+  // Puts a row back as a journal kept it, unrecorded.
   void Restore(int row, const Row& image) {
-    if (row == Rows()) {
-      rows_.push_back(image);
-    } else {
-      rows_.at(static_cast<std::size_t>(row)) = image;
-    }
+    rows_.at(static_cast<std::size_t>(row)) = image;
     ++edits_;
   }
 

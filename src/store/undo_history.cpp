@@ -57,6 +57,8 @@ bool Collect(const Table<Row>& table, RowJournal<Row>& journal, UndoStep::Rows<R
                           [](const auto& a, const auto& b) { return a.first == b.first; }),
               first.end());
   rows.rowsBefore = journal.rowsBefore;
+  rows.before.reserve(first.size());
+  rows.after.reserve(first.size() + static_cast<std::size_t>(table.Rows() - journal.rowsBefore));
   for (auto& [row, image] : first) {
     const Row& now = table.At(row);
     if (Same(image, now)) continue;
@@ -124,9 +126,6 @@ void UndoHistory::Seal(const std::string& name) {
   if (changed || step.valuesBefore != step.valuesAfter) {
     steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(applied_), steps_.end());
     if (savedAt_ > dropped_ + static_cast<std::int64_t>(applied_)) savedAt_ = -1;
-    step.years.before.shrink_to_fit();
-    step.months.before.shrink_to_fit();
-    step.items.before.shrink_to_fit();
     steps_.push_back(std::move(step));
     ++applied_;
     if (steps_.size() > kStepLimit) {
