@@ -71,7 +71,7 @@ class CsvImporter {
   void AddCsvRecord(const CsvRowFields& row);
 
  private:
-  // A new import stamp is taken when the clock's stamp moves on.
+  // A new import stamp is taken when the clock's stamp moves on, as read every few hundred rows.
   void TakeClockStamp();
   // Makes room for `count` more numbers under one stamp: before SubNo would pass its largest
   // value, the import goes on under a stamp that no row holds.
@@ -91,6 +91,8 @@ class CsvImporter {
   std::int32_t ImportSeq = 1;
   std::int32_t ImportStamp = 0;
   std::int32_t clockStamp_ = 0;  // the clock's stamp when ImportStamp was last taken from it
+  static constexpr unsigned kRowsPerClockReading = 256;
+  unsigned rowsSinceClock_ = 0;
   std::vector<std::int32_t> heldStamps_;  // the stamps of the rows added, the last one last
 };
 

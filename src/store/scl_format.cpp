@@ -261,8 +261,11 @@ std::int16_t VariablePartLength(std::size_t textBytes, int alarmOn) {
 }
 
 std::int16_t VarLenOf(const SchRecord& record, CodePage page) {
+  // The file's memo leaves out its CRs, one byte each in either code page.
+  const auto returns =
+      static_cast<std::size_t>(std::count(record.Memo.begin(), record.Memo.end(), '\r'));
   const std::size_t textBytes = ByteLength(record.Title, page) + ByteLength(record.Place, page) +
-                                ByteLength(StripCR(record.Memo), page);
+                                ByteLength(record.Memo, page) - returns;
   return VariablePartLength(textBytes, record.AlarmOn);
 }
 

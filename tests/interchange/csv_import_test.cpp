@@ -95,6 +95,28 @@ TEST(CsvImport, SeventyThousandRowsKeepTheirIdentities) {
   EXPECT_EQ(t.RowCount, 70000 + 70);
 }
 
+// A long import under a clock that moves on goes on under new stamps, each read from the clock
+// and never one an earlier row holds; identities stay unique across them.
+TEST(CsvImport, ALongImportFollowsTheClock) {
+  std::string file;
+  for (int i = 0; i < 3000; ++i) file += "t,2024/5/" + std::to_string(1 + i % 28) + ",10:00\r\n";
+  FakeStore maker;
+  maker.clock.SetSecondsPerReading(2);
+  ASSERT_TRUE(ImportCsvFile({maker.store, maker.progress, maker.clock}, file, {{}, false}));
+  const SchDatCTL& t = maker.doc.Tables;
+  std::set<std::int32_t> stamps;
+  std::set<std::pair<std::int32_t, std::int32_t>> seen;
+  for (int row = 0; row < t.SchDatList.Rows(); ++row) {
+    const SchDatRow& r = t.SchDatList.At(row);
+    stamps.insert(r.Stamp);
+    EXPECT_TRUE(seen.insert({r.SubNo, r.Stamp}).second) << "row " << row;
+  }
+  EXPECT_EQ(t.RowCount, 3000);
+  // The clock is read every few hundred rows, not for every row.
+  EXPECT_GE(stamps.size(), 4U);
+  EXPECT_LE(maker.clock.Readings(), 3000 / 100);
+}
+
 // Files far from a calendar end in the reader's reactions, at once and without records.
 TEST(CsvImport, HugeLinesAndColumnsEndQuickly) {
   const struct {
