@@ -37,12 +37,17 @@ SchDatRow BuildRecordLine(SchDatTable& list, const SchRecord& record) {
 
 SchRecord RowToRecord(const SchDatTable& list, int row) {
   SchRecord rec;
-  CopyRowToRecord(list, row, rec);
+  const SchDatRow& r = list.At(row);
+  CopyRowNumbers(r, rec);
+  const RowTexts texts = list.Texts(r);
+  rec.Title = texts.Title;
+  rec.Place = texts.Place;
+  rec.Memo = texts.Memo;
+  rec.AlarmSound = texts.AlarmSound;
   return rec;
 }
 
-void CopyRowToRecord(const SchDatTable& list, int row, SchRecord& rec) {
-  const SchDatRow& r = list.At(row);
+void CopyRowNumbers(const SchDatRow& r, SchRecord& rec) {
   rec.Day = r.Day;
   rec.Month = r.Month;
   rec.Year = r.Year;
@@ -58,12 +63,7 @@ void CopyRowToRecord(const SchDatTable& list, int row, SchRecord& rec) {
   rec.RepeatKind = r.RepeatKind;
   rec.Private = static_cast<std::int16_t>(r.Private != 0 ? 1 : 0);
   rec.VarLen = r.VarLen;
-  const RowTexts texts = list.Texts(r);
-  rec.Title = texts.Title;
-  rec.Place = texts.Place;
-  rec.Memo = texts.Memo;
   rec.AlarmOn = r.AlarmOn;
-  rec.AlarmSound = texts.AlarmSound;
   rec.AlarmLead = r.AlarmLead;
 }
 

@@ -109,8 +109,8 @@ SchDatRow BuildRecordLine(SchDatTable& list, const SchRecord& record);
 
 // The working record of a row: the reverse of BuildRecordLine.
 SchRecord RowToRecord(const SchDatTable& list, int row);
-// The same into a record whose texts keep their room, for a pass over many rows.
-void CopyRowToRecord(const SchDatTable& list, int row, SchRecord& record);
+// The numbers of a row into a record, its texts left as they are.
+void CopyRowNumbers(const SchDatRow& row, SchRecord& record);
 
 // Bit i (Sunday 0 to Saturday 6) for each weekday that is a weekly holiday.
 std::uint16_t WeekHolidayMask(const std::array<std::int16_t, 7>& weekHoliday);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -59,6 +60,12 @@ std::array<std::uint8_t, 4> LittleEndian(std::int32_t value) {
           static_cast<std::uint8_t>((bits >> 16) & 0xFF), static_cast<std::uint8_t>(bits >> 24)};
 }
 }  // namespace
+
+std::uint8_t* ByteWriter::Extend(std::size_t count) {
+  const std::size_t at = bytes_.size();
+  bytes_.resize(at + count);
+  return bytes_.data() + at;
+}
 
 void ByteWriter::U16(std::uint16_t value) {
   bytes_.push_back(static_cast<std::uint8_t>(value & 0xFF));
@@ -174,22 +181,27 @@ void WriteMonth(ByteWriter& out, const SclMonth& month) {
   out.I32(month.MultiDayHead);
 }
 
-namespace {
-void WriteText(ByteWriter& out, const std::string& bytes) {
-  out.U16(static_cast<std::uint16_t>(bytes.size()));
-  out.Bytes(bytes);
-}
-}  // namespace
-
 void WriteRecord(ByteWriter& out, const SchRecord& record) {
-  // The fixed part is put together first and added at once.
-  std::array<std::uint8_t, kRecordFixedSize> fixed{};
-  std::size_t at = 0;
-  const auto put = [&](auto value) {
+  WriteRecord(out, record, {record.Title, record.Place, record.Memo, record.AlarmSound});
+}
+
+void WriteRecord(ByteWriter& out, const SchRecord& record, const RowTexts& texts) {
+  const bool alarm = record.AlarmOn == 1;
+  const std::string_view sound = texts.AlarmSound.substr(0, kAlarmSoundBytes);
+  const std::size_t size = kRecordFixedSize + 2 + texts.Title.size() + 2 + texts.Place.size() + 2 +
+                           texts.Memo.size() + 2 + (alarm ? kAlarmSoundBytes + 2 : 0);
+  // The whole record is put in place at once.
+  std::uint8_t* to = out.Extend(size);
+  const auto put = [&to](auto value) {
     const auto bits = static_cast<std::uint32_t>(value);
-    for (std::size_t i = 0; i < sizeof value; ++i) {
-      fixed[at++] = static_cast<std::uint8_t>(bits >> (8 * i));
-    }
+    for (std::size_t i = 0; i < sizeof value; ++i)
+      *to++ = static_cast<std::uint8_t>(bits >> (8 * i));
+  };
+  const auto text = [&](std::string_view bytes) {
+    put(static_cast<std::uint16_t>(bytes.size()));
+    if (bytes.empty()) return;
+    std::memcpy(to, bytes.data(), bytes.size());
+    to += bytes.size();
   };
   put(record.Prev);
   put(record.Next);
@@ -208,16 +220,16 @@ void WriteRecord(ByteWriter& out, const SchRecord& record) {
   put(record.RepeatKind);
   put(record.Private);
   put(record.VarLen);
-  out.Bytes({reinterpret_cast<const char*>(fixed.data()), fixed.size()});
-  WriteText(out, record.Title);
-  WriteText(out, record.Place);
-  WriteText(out, record.Memo);
-  out.U16(static_cast<std::uint16_t>(record.AlarmOn));
-  if (record.AlarmOn == 1) {
-    std::string sound = record.AlarmSound.substr(0, kAlarmSoundBytes);
-    sound.resize(kAlarmSoundBytes, '\0');
-    out.Bytes(sound);
-    out.U16(static_cast<std::uint16_t>(record.AlarmLead));
+  text(texts.Title);
+  text(texts.Place);
+  text(texts.Memo);
+  put(static_cast<std::uint16_t>(record.AlarmOn));
+  if (alarm) {
+    // The sound's name fills its field, zeros behind it.
+    std::memset(to, 0, kAlarmSoundBytes);
+    if (!sound.empty()) std::memcpy(to, sound.data(), sound.size());
+    to += kAlarmSoundBytes;
+    put(static_cast<std::uint16_t>(record.AlarmLead));
   }
 }
 

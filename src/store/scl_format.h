@@ -14,6 +14,7 @@
 #include "core/codepage.h"
 #include "platform/std/safe_file.h"
 #include "store/sch_record.h"
+#include "store/text_arena.h"
 
 namespace sched {
 
@@ -118,6 +119,8 @@ class ByteWriter {
   void I16(std::int16_t value) { U16(static_cast<std::uint16_t>(value)); }
   void I32(std::int32_t value);
   void Bytes(std::string_view bytes) { bytes_.insert(bytes_.end(), bytes.begin(), bytes.end()); }
+  // Room for `count` more bytes at the end, for the caller to fill.
+  std::uint8_t* Extend(std::size_t count);
   void PatchI32(std::int32_t offset, std::int32_t value);
   void Patch(std::int32_t offset, std::span<const std::uint8_t> bytes);
   const std::vector<std::uint8_t>& Data() const { return bytes_; }
@@ -153,6 +156,9 @@ void WriteMonth(ByteWriter& out, const SclMonth& month);
 // The fixed part and the variable part; the texts of `record` are already 8-bit and their
 // line ends LF alone.
 void WriteRecord(ByteWriter& out, const SchRecord& record);
+// The same with the texts in that form given apart, the texts of `record` unused; a sound
+// name is cut to its field.
+void WriteRecord(ByteWriter& out, const SchRecord& record, const RowTexts& texts);
 
 // VarLen: the bytes of a record's variable part, that is its three texts' bytes, 8 for their
 // counts and the alarm flag, and 10 more for the sound and the lead when the alarm is 1.

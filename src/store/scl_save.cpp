@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 
 #include "core/codepage.h"
 #include "core/key_table.h"
@@ -11,24 +12,40 @@
 namespace sched {
 namespace {
 
-// Turns a text into its 8-bit form for the file.
-void ToFileText(std::string& text, CodePage page) {
-  if (!IsAscii(text)) text = ToCodePage(text, page);
+// A text in its 8-bit form for the file, without CRs when `dropReturns`: the text as it stands
+// when it is plain ASCII, else made in `room`.
+std::string_view FileText(std::string_view text, bool dropReturns, CodePage page,
+                          std::string& room) {
+  const bool returns =
+      dropReturns && !text.empty() && std::memchr(text.data(), '\r', text.size()) != nullptr;
+  if (!returns && IsAscii(text)) return text;
+  room.resize(text.size());
+  char* const start = room.data();
+  char* end = start;
+  if (returns) {
+    end = std::remove_copy(text.begin(), text.end(), start, '\r');
+    text = {start, static_cast<std::size_t>(end - start)};
+  }
+  // A character takes no more bytes in the code page than in UTF-8, so the text converts over
+  // itself.
+  if (!IsAscii(text)) end = WriteCodePage(text, page, start);
+  room.resize(static_cast<std::size_t>(end - start));
+  return room;
 }
 
-// Cuts 8-bit text to at most `limit` bytes, between two characters.
-void CutToBytes(std::string& text, std::size_t limit, CodePage page) {
-  text.resize(FittingBytes(text, limit, page));
+// The first bytes of 8-bit text, at most `limit` of them, cut between two characters.
+std::string_view CutToBytes(std::string_view text, std::size_t limit, CodePage page) {
+  return text.substr(0, FittingBytes(text, limit, page));
 }
 
 // The variable part's size must fit its signed 16-bit count, which a reader may use to find
 // the next record: the memo gives way first, then the place, then the title.
-void FitVariablePart(SchRecord& rec, CodePage page) {
+void FitVariablePart(RowTexts& texts, CodePage page) {
   constexpr std::size_t kMaxTexts = 32767 - 8 - 10;
-  for (std::string* text : {&rec.Memo, &rec.Place, &rec.Title}) {
-    const std::size_t total = rec.Title.size() + rec.Place.size() + rec.Memo.size();
+  for (std::string_view* text : {&texts.Memo, &texts.Place, &texts.Title}) {
+    const std::size_t total = texts.Title.size() + texts.Place.size() + texts.Memo.size();
     if (total <= kMaxTexts) return;
-    CutToBytes(*text, text->size() - std::min(text->size(), total - kMaxTexts), page);
+    *text = CutToBytes(*text, text->size() - std::min(text->size(), total - kMaxTexts), page);
   }
 }
 
@@ -188,7 +205,7 @@ class SclWriter {
       } else {
         out_.PatchI32(previous + kRecordNextOffset, at);
       }
-      WriteRecord(out_, rec);
+      WriteRecord(out_, rec, diskTexts_);
       previous = at;
     }
     return first;
@@ -212,31 +229,34 @@ class SclWriter {
     } else {
       out_.PatchI32(lastMultiDay_ + kRecordNextOffset, at);
     }
-    WriteRecord(out_, rec);
+    WriteRecord(out_, rec, diskTexts_);
     lastMultiDay_ = at;
   }
 
   // The record of a row as the file holds it: 8-bit text, memo lines ending in LF alone, the
-  // private flag replaced by the device's private level.
-  // The record is made in one place for every row, so that its texts keep their room.
+  // private flag replaced by the device's private level. The numbers go to one record kept for
+  // every row, and the texts are given apart in the writer's room, so that neither allocates.
   SchRecord& BuildDiskRecord(int row) {
     const SchDatRow& r = t_.SchDatList.At(row);
     SchRecord& rec = disk_;
-    CopyRowToRecord(t_.SchDatList, row, rec);
+    CopyRowNumbers(r, rec);
     if (r.Private != 0) {
       rec.Private = doc_.PrivateLevel;
       ++privateCount_;
     } else {
       rec.Private = 0;
     }
-    std::erase(rec.Memo, '\r');
-    for (std::string* text : {&rec.Title, &rec.Place, &rec.Memo, &rec.AlarmSound}) {
-      ToFileText(*text, doc_.FileCodePage);
-    }
-    FitVariablePart(rec, doc_.FileCodePage);
-    CutToBytes(rec.AlarmSound, kAlarmSoundBytes, doc_.FileCodePage);
+    const CodePage page = doc_.FileCodePage;
+    const RowTexts texts = t_.SchDatList.Texts(r);
+    RowTexts& file = diskTexts_;
+    file.Title = FileText(texts.Title, false, page, room_[0]);
+    file.Place = FileText(texts.Place, false, page, room_[1]);
+    file.Memo = FileText(texts.Memo, true, page, room_[2]);
+    file.AlarmSound =
+        CutToBytes(FileText(texts.AlarmSound, false, page, room_[3]), kAlarmSoundBytes, page);
+    FitVariablePart(file, page);
     rec.VarLen =
-        VariablePartLength(rec.Title.size() + rec.Place.size() + rec.Memo.size(), rec.AlarmOn);
+        VariablePartLength(file.Title.size() + file.Place.size() + file.Memo.size(), rec.AlarmOn);
     return rec;
   }
 
@@ -248,7 +268,9 @@ class SclWriter {
   std::vector<int> rangeOfRow_;    // the range of each live row of such a series, else -1
   std::vector<int> monthWritten_;  // for each range, the month its item was last written in
   int months_ = 0;                 // months written so far
-  SchRecord disk_;                 // the record of the row being written
+  SchRecord disk_;                 // the numbers of the row being written
+  RowTexts diskTexts_;             // and its texts in the file's form
+  std::string room_[4];            // where those texts are made when they change
   std::int32_t lastMultiDay_ = -1;
   std::uint16_t privateCount_ = 0;
 };

@@ -127,7 +127,18 @@ bool WriteAll(int fd, std::span<const std::uint8_t> bytes) {
 class DescriptorSink : public FileSink {
  public:
   explicit DescriptorSink(int fd) : fd_(fd) {}
-  bool Append(std::span<const std::uint8_t> bytes) override { return WriteAll(fd_, bytes); }
+  bool Append(std::span<const std::uint8_t> bytes) override {
+    if (!WriteAll(fd_, bytes)) return false;
+    appended_ += bytes.size();
+    // The disk starts on what is written while the rest is made, so that the flush at the end
+    // waits for the last piece only.
+    if (appended_ - flushStarted_ >= kFlushStep) {
+      ::sync_file_range(fd_, static_cast<off_t>(flushStarted_),
+                        static_cast<off_t>(appended_ - flushStarted_), SYNC_FILE_RANGE_WRITE);
+      flushStarted_ = appended_;
+    }
+    return true;
+  }
   bool WriteAt(std::uint64_t offset, std::span<const std::uint8_t> bytes) override {
     while (!bytes.empty()) {
       const ssize_t written = ::pwrite(fd_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
@@ -140,7 +151,10 @@ class DescriptorSink : public FileSink {
   }
 
  private:
+  static constexpr std::uint64_t kFlushStep = std::uint64_t{1} << 20;
   int fd_;
+  std::uint64_t appended_ = 0;
+  std::uint64_t flushStarted_ = 0;  // bytes before this one are on their way to the disk
 };
 
 // Makes a rename in the folder survive a power cut. The new file is in place already, so a
