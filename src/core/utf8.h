@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -27,6 +29,12 @@ char32_t NextCodePoint(std::string_view text, std::size_t& pos);
 
 // The position of the first byte from 0x80 up at or after `pos`; the size when there is none.
 inline std::size_t FirstHigh(std::string_view text, std::size_t pos) {
+  // Eight bytes at a time while none is high, as most text is plain.
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  for (std::uint64_t word = 0; pos + sizeof word <= text.size(); pos += sizeof word) {
+    std::memcpy(&word, text.data() + pos, sizeof word);
+    if ((word & kHighBits) != 0) break;
+  }
   while (pos < text.size() && (static_cast<unsigned char>(text[pos]) & 0x80) == 0) ++pos;
   return pos;
 }

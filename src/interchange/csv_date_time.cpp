@@ -79,34 +79,33 @@ std::optional<int> ParseCsvTime(std::string_view text) {
 }
 
 // Written by hand: an export writes three of each a row.
-std::string FormatCsvDate(const CivilDate& date) {
+char* WriteCsvDate(const CivilDate& date, char* to) {
   const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
-  return {digit(date.year / 1000),
-          digit(date.year / 100),
-          digit(date.year / 10),
-          digit(date.year),
-          '/',
-          digit(date.month / 10),
-          digit(date.month),
-          '/',
-          digit(date.day / 10),
-          digit(date.day)};
+  *to++ = digit(date.year / 1000);
+  *to++ = digit(date.year / 100);
+  *to++ = digit(date.year / 10);
+  *to++ = digit(date.year);
+  *to++ = '/';
+  *to++ = digit(date.month / 10);
+  *to++ = digit(date.month);
+  *to++ = '/';
+  *to++ = digit(date.day / 10);
+  *to++ = digit(date.day);
+  return to;
 }
 
-std::string FormatCsvTime(int minutes) {
+char* WriteCsvTime(int minutes, char* to) {
   const int hour = minutes / 60;
   const int hour12 = hour % 12 == 0 ? 12 : hour % 12;
-  std::array<char, 8> text{};
-  char* at = text.data();
-  if (hour12 >= 10) *at++ = '1';
-  *at++ = static_cast<char>('0' + hour12 % 10);
-  *at++ = ':';
-  *at++ = static_cast<char>('0' + minutes % 60 / 10);
-  *at++ = static_cast<char>('0' + minutes % 10);
-  *at++ = ' ';
-  *at++ = hour < 12 ? 'A' : 'P';
-  *at++ = 'M';
-  return {text.data(), at};
+  if (hour12 >= 10) *to++ = '1';
+  *to++ = static_cast<char>('0' + hour12 % 10);
+  *to++ = ':';
+  *to++ = static_cast<char>('0' + minutes % 60 / 10);
+  *to++ = static_cast<char>('0' + minutes % 10);
+  *to++ = ' ';
+  *to++ = hour < 12 ? 'A' : 'P';
+  *to++ = 'M';
+  return to;
 }
 
 }  // namespace sched

@@ -15,8 +15,11 @@ std::optional<CivilDate> ParseCsvDate(std::string_view text);
 // are dropped.
 std::optional<int> ParseCsvTime(std::string_view text);
 
-// "2024/03/04" and "10:00 AM", the forms the export writes.
-std::string FormatCsvDate(const CivilDate& date);
-std::string FormatCsvTime(int minutes);
+// "2024/03/04" and "10:00 AM", the forms the export writes, written at `to`, which has room for
+// the longest form; they give the end.
+inline constexpr std::size_t kCsvDateLength = 10;
+inline constexpr std::size_t kCsvTimeLength = 8;
+char* WriteCsvDate(const CivilDate& date, char* to);
+char* WriteCsvTime(int minutes, char* to);
 
 }  // namespace sched

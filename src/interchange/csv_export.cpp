@@ -28,7 +28,7 @@ CivilDate StartOf(const SchDatRow& row) {
 }
 
 // The text goes to the sink in pieces of about this size.
-constexpr std::size_t kPieceSize = std::size_t{1} << 18;
+constexpr std::size_t kPieceSize = std::size_t{1} << 20;
 
 bool Hand(FileSink& sink, std::string& text) {
   const bool taken = sink.Append({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
@@ -73,14 +73,15 @@ SpanGroups::SpanGroups(const SchDatTable& list)
   RadixSort(spans, [](std::uint64_t key) { return key; });
   spans.erase(std::unique(spans.begin(), spans.end()), spans.end());
   const KeyTable table(std::move(spans));
-  groups_.resize(table.Size());
+  ranges_.resize(table.Size());
+  written_.resize(table.Size());
   // Other rows of a span's series count too.
   for (int at = 0; at < list.Rows(); ++at) {
     const SchDatRow& row = list.At(at);
     if (!row.IsLive()) continue;
     const int group = table.Find(row.Series().Packed());
     if (group == -1) continue;
-    groups_[static_cast<std::size_t>(group)].range.Add(row, at);
+    ranges_[static_cast<std::size_t>(group)].Add(row, at);
     if (IsSpan(row.RepeatKind)) groupOfRow_[static_cast<std::size_t>(at)] = group;
   }
 }
@@ -90,39 +91,49 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
   const SchDatRow& row = list.At(at);
   const bool multiDay = row.RepeatKind == kMultiDayKind;
   const bool span = IsSpan(row.RepeatKind);
-  SpanGroups::Group* group = nullptr;
+  int group = -1;
   if (span) {
-    group = &spans.Of(at);
-    if (group->written) return false;
-    group->written = true;
+    group = spans.Of(at);
+    if (!spans.TakeWrite(group)) return false;
   }
   const auto groupRange = [&] {
-    const SeriesRange& range = group->range;
+    const SeriesRange& range = spans.Range(group);
     return range.found ? std::pair{DateOfCode(range.firstCode), DateOfCode(range.lastCode)}
                        : std::pair{StartOf(row), StartOf(row)};
   };
-  const auto keep = [&](CsvField field, std::string text) {
-    room[field] = std::move(text);
-    fields[field] = room[field];
+  // A date or time made in the field's room.
+  const auto date = [&](CsvField field, const CivilDate& value) {
+    std::string& text = room[field];
+    text.resize(kCsvDateLength);
+    fields[field] = {text.data(), WriteCsvDate(value, text.data())};
   };
-  fields = {};
+  const auto time = [&](CsvField field, int minutes) {
+    std::string& text = room[field];
+    text.resize(kCsvTimeLength);
+    fields[field] = {text.data(), WriteCsvTime(minutes, text.data())};
+  };
   const RowTexts texts = list.Texts(row);
   for (const CsvField text : {kCsvTitle, kCsvPlace, kCsvMemo}) {
     const std::string_view from = text == kCsvTitle   ? texts.Title
                                   : text == kCsvPlace ? texts.Place
                                                       : texts.Memo;
-    if (from.find('\r') == std::string_view::npos) {
+    if (from.empty() || std::memchr(from.data(), '\r', from.size()) == nullptr) {
       fields[text] = from;
     } else {
-      keep(text, StripCR(from));
+      std::string& stripped = room[text];
+      stripped.resize(from.size());
+      const char* end = std::remove_copy(from.begin(), from.end(), stripped.data(), '\r');
+      fields[text] = {stripped.data(), end};
     }
   }
   fields[kCsvPrivate] = Flag(row.Private != 0);
   fields[kCsvAlarmOn] = Flag(row.AlarmLead != 0);
+  fields[kCsvAlarmDate] = {};
+  fields[kCsvAlarmTime] = {};
   CivilDate first = StartOf(row);
   CivilDate last = first;
   if (row.StartTime == -1) {
-    keep(kCsvStartTime, FormatCsvTime(0));
+    time(kCsvStartTime, 0);
     fields[kCsvEndTime] = fields[kCsvStartTime];
     if (multiDay) {
       fields[kCsvAllDay] = "0";
@@ -130,7 +141,7 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
     } else if (first == CivilDate{kLastYear, 12, 31}) {
       // No next day to end on: the day ends at its last minute.
       fields[kCsvAllDay] = "0";
-      keep(kCsvEndTime, FormatCsvTime(kLastMinute));
+      time(kCsvEndTime, kLastMinute);
     } else {
       fields[kCsvAllDay] = "1";
       last = AddDays(first, 1);
@@ -138,17 +149,17 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
   } else {
     fields[kCsvAllDay] = "0";
     if (span) std::tie(first, last) = groupRange();
-    keep(kCsvStartTime, FormatCsvTime(row.StartTime));
-    keep(kCsvEndTime, FormatCsvTime(std::max<int>(row.EndTime, 0)));
+    time(kCsvStartTime, row.StartTime);
+    time(kCsvEndTime, std::max<int>(row.EndTime, 0));
     if (row.AlarmLead != 0) {
       const AlarmMoment alarm =
           AlarmDateCodeOfStart(row.Year, row.Month, row.Day, row.StartTime, row.AlarmLead);
-      keep(kCsvAlarmDate, FormatCsvDate(DateOfCode(alarm.dateCode)));
-      keep(kCsvAlarmTime, FormatCsvTime(alarm.minute));
+      date(kCsvAlarmDate, DateOfCode(alarm.dateCode));
+      time(kCsvAlarmTime, alarm.minute);
     }
   }
-  keep(kCsvStartDate, FormatCsvDate(first));
-  keep(kCsvEndDate, FormatCsvDate(last));
+  date(kCsvStartDate, first);
+  date(kCsvEndDate, last);
   return true;
 }
 
@@ -189,9 +200,7 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row,
   out.resize(start + most);
   char* to = out.data() + start;
   const auto put = [&to](std::string_view bytes) {
-    if (bytes.empty()) return;  // an empty field has no bytes to copy from
-    std::memcpy(to, bytes.data(), bytes.size());
-    to += bytes.size();
+    for (const char c : bytes) *to++ = c;  // a date, a time or a flag: a few bytes
   };
   for (std::size_t i = 0; i < written.size(); ++i) {
     const int field = written[i];

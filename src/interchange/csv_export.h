@@ -18,17 +18,22 @@ class SpanGroups {
  public:
   explicit SpanGroups(const SchDatTable& list);
 
-  struct Group {
-    SeriesRange range;  // over the live rows of the item's series
-    bool written = false;
-  };
-  // The group of a live row of a span.
-  Group& Of(int row) {
-    return groups_[static_cast<std::size_t>(groupOfRow_[static_cast<std::size_t>(row)])];
+  // The span of a live row of a span, as a number of the groups.
+  int Of(int row) const { return groupOfRow_[static_cast<std::size_t>(row)]; }
+  // The range of a group over the live rows of the item's series.
+  const SeriesRange& Range(int group) const { return ranges_[static_cast<std::size_t>(group)]; }
+  // Marks the group written; false when it was written before.
+  bool TakeWrite(int group) {
+    const bool first = written_[static_cast<std::size_t>(group)] == 0;
+    written_[static_cast<std::size_t>(group)] = 1;
+    return first;
   }
 
  private:
-  std::vector<Group> groups_;
+  std::vector<SeriesRange> ranges_;
+  // Kept apart from the ranges, which only a group's first row reads: every row of a span asks
+  // for its flag.
+  std::vector<std::uint8_t> written_;
   std::vector<std::int32_t> groupOfRow_;  // -1 for a row of no span
 };
 

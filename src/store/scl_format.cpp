@@ -12,45 +12,13 @@
 
 namespace sched {
 
-void ByteReader::Need(std::size_t count) const {
-  if (pos_ < 0 || static_cast<std::uint64_t>(pos_) + count > bytes_.size()) {
-    throw SclFormatError(pos_, "read past the end of the file");
-  }
+void ByteReader::PastTheEnd() const {
+  throw SclFormatError(pos_, "read past the end of the file");
 }
 
 void ByteReader::Seek(std::int64_t offset) {
   if (offset < 0 || offset > Size()) throw SclFormatError(offset, "offset outside the file");
   pos_ = offset;
-}
-
-std::uint8_t ByteReader::U8() {
-  Need(1);
-  return bytes_[static_cast<std::size_t>(pos_++)];
-}
-
-std::uint16_t ByteReader::U16() {
-  Need(2);
-  const auto at = static_cast<std::size_t>(pos_);
-  pos_ += 2;
-  return static_cast<std::uint16_t>(bytes_[at] | bytes_[at + 1] << 8);
-}
-
-std::int32_t ByteReader::I32() {
-  Need(4);
-  const auto at = static_cast<std::size_t>(pos_);
-  pos_ += 4;
-  const std::uint32_t value = static_cast<std::uint32_t>(bytes_[at]) |
-                              static_cast<std::uint32_t>(bytes_[at + 1]) << 8 |
-                              static_cast<std::uint32_t>(bytes_[at + 2]) << 16 |
-                              static_cast<std::uint32_t>(bytes_[at + 3]) << 24;
-  return static_cast<std::int32_t>(value);
-}
-
-std::string_view ByteReader::Bytes(std::size_t count) {
-  Need(count);
-  const auto* at = reinterpret_cast<const char*>(bytes_.data()) + pos_;
-  pos_ += static_cast<std::int64_t>(count);
-  return {at, count};
 }
 
 namespace {

@@ -90,15 +90,40 @@ class ByteReader {
   void Seek(std::int64_t offset);
   std::int64_t Position() const { return pos_; }
   std::int64_t Size() const { return static_cast<std::int64_t>(bytes_.size()); }
-  std::uint8_t U8();
-  std::uint16_t U16();
+  // The readers are inline: a load reads some twenty values a record.
+  std::uint8_t U8() {
+    Need(1);
+    return bytes_[static_cast<std::size_t>(pos_++)];
+  }
+  std::uint16_t U16() {
+    Need(2);
+    const auto at = static_cast<std::size_t>(pos_);
+    pos_ += 2;
+    return static_cast<std::uint16_t>(bytes_[at] | bytes_[at + 1] << 8);
+  }
   std::int16_t I16() { return static_cast<std::int16_t>(U16()); }
-  std::int32_t I32();
+  std::int32_t I32() {
+    Need(4);
+    const auto at = static_cast<std::size_t>(pos_);
+    pos_ += 4;
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(bytes_[at]) |
+                                     static_cast<std::uint32_t>(bytes_[at + 1]) << 8 |
+                                     static_cast<std::uint32_t>(bytes_[at + 2]) << 16 |
+                                     static_cast<std::uint32_t>(bytes_[at + 3]) << 24);
+  }
   // The next `count` bytes, valid while the file's bytes are.
-  std::string_view Bytes(std::size_t count);
+  std::string_view Bytes(std::size_t count) {
+    Need(count);
+    const auto* at = reinterpret_cast<const char*>(bytes_.data()) + pos_;
+    pos_ += static_cast<std::int64_t>(count);
+    return {at, count};
+  }
 
  private:
-  void Need(std::size_t count) const;
+  void Need(std::size_t count) const {
+    if (pos_ < 0 || static_cast<std::uint64_t>(pos_) + count > bytes_.size()) PastTheEnd();
+  }
+  [[noreturn]] void PastTheEnd() const;
   std::span<const std::uint8_t> bytes_;
   std::int64_t pos_ = 0;
 };

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/key_table.h"
 #include "core/radix_sort.h"
 
 namespace sched {
@@ -11,19 +12,28 @@ namespace sched {
 void CheckSeries(SchDatCTL& ctl) {
   if (ctl.RowCount <= 0) return;
   auto& list = ctl.SchDatList;
-  // The live rows of series, grouped by series; in a group, rows keep their order.
-  std::vector<std::pair<std::uint64_t, int>> members;
+  const auto inSeries = [](const SchDatRow& row) { return row.RepeatKind != 0 && row.IsLive(); };
+  // The series keys of the live rows of series, sorted: a key that stands alone belongs to a
+  // series of one row, which is a plain item.
+  std::vector<std::uint64_t> keys;
+  keys.reserve(static_cast<std::size_t>(list.Rows()));
   for (int i = 0; i < list.Rows(); ++i) {
     const SchDatRow& row = list.At(i);
-    if (row.RepeatKind != 0 && row.IsLive()) members.emplace_back(row.Series().Packed(), i);
+    if (inSeries(row)) keys.push_back(row.Series().Packed());
   }
-  RadixSort(members, [](const auto& member) { return member.first; });
-  for (std::size_t i = 0; i < members.size();) {
+  RadixSort(keys, [](std::uint64_t key) { return key; });
+  std::vector<std::uint64_t> single;
+  for (std::size_t i = 0; i < keys.size();) {
     std::size_t end = i + 1;
-    while (end < members.size() && members[end].first == members[i].first) ++end;
-    // A series of one is a plain item.
-    if (end - i == 1) list.Edit(members[i].second).RepeatKind = 0;
+    while (end < keys.size() && keys[end] == keys[i]) ++end;
+    if (end - i == 1) single.push_back(keys[i]);
     i = end;
+  }
+  if (single.empty()) return;
+  const KeyTable singles(std::move(single));
+  for (int i = 0; i < list.Rows(); ++i) {
+    const SchDatRow& row = list.At(i);
+    if (inSeries(row) && singles.Find(row.Series().Packed()) != -1) list.Edit(i).RepeatKind = 0;
   }
 }
 
