@@ -122,6 +122,7 @@ class SclLoader {
       : store_(store),
         doc_(store.doc_),
         t_(store.doc_.Tables),
+        bytes_(bytes),
         in_(bytes),
         claimed_(bytes.size()),
         spent_(owned, bytes.size()) {
@@ -291,13 +292,38 @@ class SclLoader {
     ++doc_.LoadedRecords;
   }
 
-  // One of a record's texts as the file holds it, its length first; `part` names it.
-  std::string_view ReadText(std::string_view part) {
-    Claim(in_.Position(), 2, part);
+  // One of a record's texts as the file holds it, its length first; `part` names it. Its bytes
+  // are claimed here unless they were with the whole variable part.
+  std::string_view ReadText(std::string_view part, bool claimed) {
+    if (!claimed) Claim(in_.Position(), 2, part);
     const std::uint16_t length = in_.U16();
     if (length == 0) return {};
-    Claim(in_.Position(), length, part);
+    if (!claimed) Claim(in_.Position(), length, part);
     return in_.Bytes(length);
+  }
+
+  // Claims the variable part at the file position at once when it lies whole in the file and
+  // none of its bytes was read before, as in every well-formed file. False, claiming nothing,
+  // when not: its pieces are then claimed one by one, to find what is wrong with it.
+  bool ClaimVariablePart() {
+    const std::size_t start = static_cast<std::size_t>(in_.Position());
+    std::size_t at = start;
+    const auto number = [this, &at]() -> std::optional<std::uint16_t> {
+      if (at + 2 > bytes_.size()) return std::nullopt;
+      at += 2;
+      return static_cast<std::uint16_t>(bytes_[at - 2] | bytes_[at - 1] << 8);
+    };
+    for (int text = 0; text < 3; ++text) {
+      const std::optional<std::uint16_t> length = number();
+      if (!length) return false;
+      at += *length;
+    }
+    const std::optional<std::uint16_t> alarmOn = number();
+    if (!alarmOn) return false;
+    if (*alarmOn == 1) at += kAlarmSoundBytes + 2;
+    if (at > bytes_.size() || !claimed_.Claim(start, at)) return false;
+    spent_.Read(start, at);
+    return true;
   }
 
   static void CheckRecord(std::int64_t offset, const SchRecord& f) {
@@ -321,18 +347,20 @@ class SclLoader {
   // Reads the variable part of the record at the file position; its texts go to the arena
   // unless the record is left out.
   VariablePart ReadVariablePart(const SchRecord& f) {
-    const std::string_view title = ReadText("title");
-    const std::string_view place = ReadText("place");
-    const std::string_view memo = ReadText("memo");
+    const bool claimed = ClaimVariablePart();
+    const std::string_view title = ReadText("title", claimed);
+    const std::string_view place = ReadText("place", claimed);
+    const std::string_view memo = ReadText("memo", claimed);
     VariablePart part;
-    Claim(in_.Position(), 2, "alarm flag");
+    if (!claimed) Claim(in_.Position(), 2, "alarm flag");
     part.alarmOn = in_.I16();
     std::string_view sound;
     if (part.alarmOn == 1) {
-      Claim(in_.Position(), static_cast<std::int64_t>(kAlarmSoundBytes), "alarm sound");
+      if (!claimed)
+        Claim(in_.Position(), static_cast<std::int64_t>(kAlarmSoundBytes), "alarm sound");
       sound = in_.Bytes(kAlarmSoundBytes);
       sound = sound.substr(0, sound.find('\0'));
-      Claim(in_.Position(), 2, "alarm lead");
+      if (!claimed) Claim(in_.Position(), 2, "alarm lead");
       part.alarmLead = in_.I16();
     }
     if (Hidden(f)) return part;
@@ -360,6 +388,7 @@ class SclLoader {
   ScheduleStore& store_;
   ScheduleDocument& doc_;
   SchDatCTL& t_;
+  std::span<const std::uint8_t> bytes_;
   ByteReader in_;
   ClaimedBytes claimed_;
   SpentPages spent_;
