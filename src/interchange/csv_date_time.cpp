@@ -40,9 +40,47 @@ std::optional<CivilDate> RealDate(int year, int month, int day) {
   return CivilDate{year, month, day};
 }
 
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+int Digits(std::string_view text, std::size_t from, std::size_t count) {
+  int value = 0;
+  for (std::size_t i = from; i < from + count; ++i) value = value * 10 + (text[i] - '0');
+  return value;
+}
+
+// "2024/03/04", the form the export writes and most rows hold, read at once; nothing for any
+// other text, which the general reading then takes.
+std::optional<CivilDate> ExportedDate(std::string_view text) {
+  if (text.size() != 10 || text[4] != '/' || text[7] != '/') return std::nullopt;
+  for (const std::size_t i : {0, 1, 2, 3, 5, 6, 8, 9}) {
+    if (!IsDigit(text[i])) return std::nullopt;
+  }
+  return RealDate(Digits(text, 0, 4), Digits(text, 5, 2), Digits(text, 8, 2));
+}
+
+// "9:30 AM" and "10:00 PM", the forms the export writes, read at once; nothing for any other
+// text.
+std::optional<int> ExportedTime(std::string_view text) {
+  const std::size_t hourDigits = text.size() == 7 ? 1 : text.size() == 8 ? 2 : 0;
+  if (hourDigits == 0 || text[hourDigits] != ':' || text[hourDigits + 3] != ' ' ||
+      text[hourDigits + 5] != 'M' || (text[hourDigits + 4] != 'A' && text[hourDigits + 4] != 'P')) {
+    return std::nullopt;
+  }
+  for (const std::size_t i : {std::size_t{0}, hourDigits - 1, hourDigits + 1, hourDigits + 2}) {
+    if (!IsDigit(text[i])) return std::nullopt;
+  }
+  const int hour = Digits(text, 0, hourDigits);
+  const int minute = Digits(text, hourDigits + 1, 2);
+  if (hour > 12 || minute > 59) return std::nullopt;
+  return (hour % 12 + (text[hourDigits + 4] == 'P' ? 12 : 0)) * 60 + minute;
+}
+
 }  // namespace
 
 std::optional<CivilDate> ParseCsvDate(std::string_view text) {
+  if (const auto date = ExportedDate(text)) return date;
   text = Trim(text);
   const char separator = text.find('-') != std::string_view::npos ? '-' : '/';
   const auto parts = SplitNumbers(text, separator, 4);
@@ -55,6 +93,7 @@ std::optional<CivilDate> ParseCsvDate(std::string_view text) {
 }
 
 std::optional<int> ParseCsvTime(std::string_view text) {
+  if (const auto time = ExportedTime(text)) return time;
   text = Trim(text);
   std::optional<bool> afternoon;
   if (text.size() >= 2) {

@@ -69,10 +69,9 @@ CsvReader::CsvReader(std::string_view bytes, CodePage page) : bytes_(bytes), pag
   }
 }
 
-CsvReader::Char CsvReader::ReadChar() {
+CsvReader::Char CsvReader::ReadOtherChar() {
   if (AtEnd()) throw CsvReadFailure();
   const auto first = static_cast<unsigned char>(bytes_[at_]);
-  if (first < 0x80) return {first, 1};
   int length = 1;
   if (utf8_) {
     length = std::max(Utf8Length(first), 1);
@@ -87,6 +86,16 @@ CsvReader::Char CsvReader::ReadChar() {
 std::size_t CsvReader::Find(std::string_view stops, bool& ascii) const {
   unsigned char seen = 0;  // the bits of the bytes passed over
   std::size_t i = at_;
+  if (stops.size() == 1 && (utf8_ || page_ != CodePage::kJapanese)) {
+    // The end of a quoted item: the library's search is the fastest, and only an 8-bit file
+    // needs to know whether the text between is plain.
+    const void* stop = std::memchr(bytes_.data() + i, stops.front(), bytes_.size() - i);
+    const std::size_t end = stop != nullptr ? static_cast<std::size_t>(
+                                                  static_cast<const char*>(stop) - bytes_.data())
+                                            : bytes_.size();
+    ascii = utf8_ || IsAscii(bytes_.substr(i, end - i));
+    return end;
+  }
   if (utf8_ || page_ != CodePage::kJapanese) {
     const char first = stops.front();
     const char last = stops.back();

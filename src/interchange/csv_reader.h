@@ -70,7 +70,14 @@ class CsvReader {
     unsigned char first;
     int length;
   };
-  Char ReadChar();
+  Char ReadChar() {
+    // Most characters are ASCII; the others are read apart.
+    if (!AtEnd() && static_cast<unsigned char>(bytes_[at_]) < 0x80) {
+      return {static_cast<unsigned char>(bytes_[at_]), 1};
+    }
+    return ReadOtherChar();
+  }
+  Char ReadOtherChar();
   bool AtEnd() const { return at_ >= bytes_.size(); }
   CsvItem ReadUnquotedCsvItem(Char first);
   // Reads the character behind a CR over, as the LF of the line end.
@@ -79,7 +86,7 @@ class CsvReader {
   // The next byte at or after the read position that is one of `stops` (one or two bytes)
   // and begins a character; the file's length when there is none. Every character between
   // counts its bytes, so the text up to it is taken in one piece; `ascii` tells whether all
-  // of them are ASCII.
+  // of them are ASCII, which a UTF-8 file, whose texts need no decoding, may leave true.
   std::size_t Find(std::string_view stops, bool& ascii) const;
   // The text as UTF-8; `ascii` tells that its bytes are all ASCII.
   std::string_view Decode(std::string_view raw, bool ascii);
