@@ -5,7 +5,7 @@
 
 #include "core/text_case.h"
 #include "interchange/csv_date_time.h"
-#include "interchange/csv_reader.h"
+#include "interchange/csv_row_feed.h"
 #include "store/scl_format.h"
 #include "store/series_check.h"
 #include "store/stamp.h"
@@ -21,9 +21,16 @@ constexpr std::int16_t kTimedSpanKind = 2048;
 constexpr int kAllDaySpanLimit = 30;
 constexpr int kTimedSpanLimit = 31;
 
+// Whether the text holds the byte: short texts, as most fields are, are looked through here,
+// long ones by the library's search.
+bool Holds(std::string_view text, char c) {
+  constexpr std::size_t kShort = 16;
+  if (text.size() > kShort) return std::memchr(text.data(), c, text.size()) != nullptr;
+  return std::find(text.begin(), text.end(), c) != text.end();
+}
+
 bool HasLineBreak(std::string_view text) {
-  return !text.empty() && (std::memchr(text.data(), '\n', text.size()) != nullptr ||
-                           std::memchr(text.data(), '\r', text.size()) != nullptr);
+  return Holds(text, '\n') || Holds(text, '\r');
 }
 
 // CR becomes a blank, LF goes, and at most the first characters of the limit stay; a text
@@ -96,7 +103,7 @@ std::int16_t CsvBoolean(std::string_view text) {
 
 std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
   for (std::size_t i = 0; i < row.size(); ++i) {
-    if (row[i].find('\t') == std::string_view::npos) continue;
+    if (!Holds(row[i], '\t')) continue;
     room.untabbed[i].assign(row[i]);
     std::replace(room.untabbed[i].begin(), room.untabbed[i].end(), '\t', ' ');
     row[i] = room.untabbed[i];
@@ -278,47 +285,27 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
   constexpr std::size_t kMostRowsReserved = 1 << 21;
   doc.Tables.SchDatList.Reserve(std::min(bytes.size() / kShortRowBytes + 1, kMostRowsReserved));
   EnsureDefaultCsvColumns(settings.CsvColumns);
-  const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
-  CsvReader reader(bytes, doc.FileCodePage);
+  // The file is read on a thread of its own while the rows read before are added.
+  CsvRowFeed feed(bytes, doc.FileCodePage, BuildCsvColumnMap(settings.CsvColumns));
   CsvImporter importer(services);
   bool header = settings.CsvFirstRowIsHeader;
-  bool whole = true;
   int shownProgress = -1;
-  CsvRowView read;
-  // The texts of fields that several columns fill, joined by blanks.
-  std::array<std::string, kCsvFieldCount> joined;
-  try {
-    while (reader.CsvReadPos() < reader.CsvFileLength()) {
-      const int progress = static_cast<int>(reader.CsvReadPos() * 100 /
-                                            std::max<std::int64_t>(reader.CsvFileLength(), 1));
-      if (progress != shownProgress) services.progress.SetValue(shownProgress = progress);
-      reader.ReadCsvRow(read);
-      // An empty line ends the import.
-      if (read.items.empty() && read.atLineEnd) break;
-      CsvRowFields row;
-      const std::size_t columns = std::min(read.items.size(), map.size());
-      for (std::size_t i = 0; i < columns; ++i) {
-        if (map[i] < 0) continue;
-        const auto index = static_cast<std::size_t>(map[i]);
-        std::string_view& field = row[index];
-        if (field.empty()) {
-          field = read.items[i];
-          continue;
-        }
-        std::string& text = joined[index];
-        if (field.data() != text.data()) text.assign(field);
-        text.append(" ").append(read.items[i]);
-        field = text;
-      }
-      if (header) {
-        header = false;
-        continue;
-      }
-      importer.AddCsvRecord(row);
+  // The bar follows the read position at the start of each read.
+  const auto show = [&](std::int64_t pos) {
+    const auto length = std::max<std::int64_t>(static_cast<std::int64_t>(bytes.size()), 1);
+    const int progress = static_cast<int>(pos * 100 / length);
+    if (progress != shownProgress) services.progress.SetValue(shownProgress = progress);
+  };
+  while (const std::optional<CsvRowFeed::Row> row = feed.Next()) {
+    show(row->posBefore);
+    if (header) {
+      header = false;
+      continue;
     }
-  } catch (const CsvReadFailure&) {
-    whole = false;
+    importer.AddCsvRecord(row->fields);
   }
+  if (const std::optional<std::int64_t> pos = feed.EndingPos()) show(*pos);
+  const bool whole = feed.Whole();
   doc.SetShownDate(shown);
   services.progress.SetValue(100);
   if (whole) CheckSeries(doc.Tables);

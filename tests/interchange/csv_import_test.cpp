@@ -117,6 +117,23 @@ TEST(CsvImport, ALongImportFollowsTheClock) {
   EXPECT_LE(maker.clock.Readings(), 3000 / 100);
 }
 
+// A read that fails far into a file, after rows that were read ahead of the import, fails the
+// import with every row before it in the store, and the bar shows where the read began.
+TEST(CsvImport, AFailingReadKeepsTheRowsBeforeIt) {
+  std::string file;
+  for (int i = 0; i < 5000; ++i)
+    file += "\"t\",\"2024/5/" + std::to_string(1 + i % 28) + "\",\"10:00\"\r\n";
+  const std::size_t failingAt = file.size();
+  file += "t,2024/5/1,10:00";  // no line end at the end of the file
+  FakeStore maker;
+  EXPECT_FALSE(ImportCsvFile({maker.store, maker.progress, maker.clock}, file, {{}, false}));
+  EXPECT_EQ(maker.doc.Tables.RowCount, 5000);
+  const std::vector<int>& shown = maker.progress.values;
+  ASSERT_GE(shown.size(), 2U);
+  EXPECT_EQ(shown[shown.size() - 2], static_cast<int>(failingAt * 100 / file.size()));
+  EXPECT_EQ(shown.back(), 100);
+}
+
 // Files far from a calendar end in the reader's reactions, at once and without records.
 TEST(CsvImport, HugeLinesAndColumnsEndQuickly) {
   const struct {
