@@ -101,16 +101,25 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
     return range.found ? std::pair{DateOfCode(range.firstCode), DateOfCode(range.lastCode)}
                        : std::pair{StartOf(row), StartOf(row)};
   };
-  // A date or time made in the field's room.
+  // A date or time made in the field's room, unless the field's room holds it already.
   const auto date = [&](CsvField field, const CivilDate& value) {
-    std::string& text = room[field];
-    text.resize(kCsvDateLength);
-    fields[field] = {text.data(), WriteCsvDate(value, text.data())};
+    std::string& text = room.texts[field];
+    if (const std::int32_t code = DateCode(value.year, value.month, value.day);
+        room.made[field] != code) {
+      text.resize(kCsvDateLength);
+      text.resize(static_cast<std::size_t>(WriteCsvDate(value, text.data()) - text.data()));
+      room.made[field] = code;
+    }
+    fields[field] = text;
   };
   const auto time = [&](CsvField field, int minutes) {
-    std::string& text = room[field];
-    text.resize(kCsvTimeLength);
-    fields[field] = {text.data(), WriteCsvTime(minutes, text.data())};
+    std::string& text = room.texts[field];
+    if (room.made[field] != minutes) {
+      text.resize(kCsvTimeLength);
+      text.resize(static_cast<std::size_t>(WriteCsvTime(minutes, text.data()) - text.data()));
+      room.made[field] = minutes;
+    }
+    fields[field] = text;
   };
   const RowTexts texts = list.Texts(row);
   for (const CsvField text : {kCsvTitle, kCsvPlace, kCsvMemo}) {
@@ -120,7 +129,7 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
     if (from.empty() || std::memchr(from.data(), '\r', from.size()) == nullptr) {
       fields[text] = from;
     } else {
-      std::string& stripped = room[text];
+      std::string& stripped = room.texts[text];
       stripped.resize(from.size());
       const char* end = std::remove_copy(from.begin(), from.end(), stripped.data(), '\r');
       fields[text] = {stripped.data(), end};

@@ -38,8 +38,20 @@ class SpanGroups {
 };
 
 // Room for the field texts that the table does not hold as they are written: dates, times and
-// texts without their CRs. It is kept from row to row.
-using CsvRowRoom = std::array<std::string, kCsvFieldCount>;
+// texts without their CRs. It is kept from row to row, and a date or time that a field held in
+// the row before is not made again: rows come day by day.
+struct CsvRowRoom {
+  std::array<std::string, kCsvFieldCount> texts;
+  // The date code or the minutes of each date or time field's text; -2 for none.
+  std::array<std::int32_t, kCsvFieldCount> made = MadeNone();
+
+ private:
+  static std::array<std::int32_t, kCsvFieldCount> MadeNone() {
+    std::array<std::int32_t, kCsvFieldCount> none{};
+    none.fill(-2);
+    return none;
+  }
+};
 
 // The field texts of the live row at `at` into `fields`; false, and `fields` as they were, for
 // a further day of a span already written. The fields are views into the table and `room`,
