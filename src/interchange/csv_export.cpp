@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <future>
 
 #include "appointments/repeat_rule.h"
 #include "core/key_table.h"
@@ -26,9 +27,6 @@ bool IsSpan(std::int32_t repeatKind) {
 CivilDate StartOf(const SchDatRow& row) {
   return {row.Year, row.Month, row.Day};
 }
-
-// The text goes to the sink in pieces of about this size.
-constexpr std::size_t kPieceSize = std::size_t{1} << 20;
 
 bool Hand(FileSink& sink, std::string& text) {
   const bool taken = sink.Append({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
@@ -62,8 +60,16 @@ const char* Flag(bool on) {
 
 }  // namespace
 
-SpanGroups::SpanGroups(const SchDatTable& list)
-    : groupOfRow_(static_cast<std::size_t>(list.Rows()), -1) {
+SpanGroups::SpanGroups(const SchDatCTL& tables)
+    : groupOfRow_(static_cast<std::size_t>(tables.SchDatList.Rows()), -1) {
+  const SchDatTable& list = tables.SchDatList;
+  yearIndex_.fill(-1);
+  for (int i = 0; i < tables.YearCount; ++i) {
+    const int year = tables.AncYY.At(i).Year;
+    if (year >= kFirstYear && year <= kLastYear) {
+      yearIndex_[static_cast<std::size_t>(year - kFirstYear)] = static_cast<std::int16_t>(i);
+    }
+  }
   std::vector<std::uint64_t> spans;
   for (int at = 0; at < list.Rows(); ++at) {
     const SchDatRow& row = list.At(at);
@@ -75,6 +81,7 @@ SpanGroups::SpanGroups(const SchDatTable& list)
   const KeyTable table(std::move(spans));
   ranges_.resize(table.Size());
   written_.resize(table.Size());
+  firstYear_.assign(table.Size(), tables.YearCount);
   // Other rows of a span's series count too.
   for (int at = 0; at < list.Rows(); ++at) {
     const SchDatRow& row = list.At(at);
@@ -82,7 +89,12 @@ SpanGroups::SpanGroups(const SchDatTable& list)
     const int group = table.Find(row.Series().Packed());
     if (group == -1) continue;
     ranges_[static_cast<std::size_t>(group)].Add(row, at);
-    if (IsSpan(row.RepeatKind)) groupOfRow_[static_cast<std::size_t>(at)] = group;
+    if (!IsSpan(row.RepeatKind)) continue;
+    groupOfRow_[static_cast<std::size_t>(at)] = group;
+    if (const int year = YearIndex(row.Year); year != -1) {
+      int& first = firstYear_[static_cast<std::size_t>(group)];
+      first = std::min(first, year);
+    }
   }
 }
 
@@ -94,7 +106,7 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
   int group = -1;
   if (span) {
     group = spans.Of(at);
-    if (!spans.TakeWrite(group)) return false;
+    if (!spans.TakeWrite(group, row)) return false;
   }
   const auto groupRange = [&] {
     const SeriesRange& range = spans.Range(group);
@@ -196,18 +208,11 @@ std::vector<std::int16_t> WrittenFields(const std::vector<std::int16_t>& map) {
   return written;
 }
 
-void WriteCsvRow(std::string& out, const CsvRowFields& row,
-                 const std::vector<std::int16_t>& written, CodePage page) {
-  // The line is written into room made for its longest form: an item takes no more bytes in
-  // the code page than in UTF-8, and every column adds two quotes and a comma, the last one a
-  // line end of two bytes instead.
-  std::size_t most = 1;
-  for (const std::int16_t field : written) {
-    most += 3 + (field >= 0 ? row[static_cast<std::size_t>(field)].size() : 0);
-  }
-  const std::size_t start = out.size();
-  out.resize(start + most);
-  char* to = out.data() + start;
+namespace {
+
+// Writes the line at `to`, which has room for its longest form, and gives its end.
+char* WriteCsvLine(char* to, const CsvRowFields& row, const std::vector<std::int16_t>& written,
+                   CodePage page) {
   const auto put = [&to](std::string_view bytes) {
     for (const char c : bytes) *to++ = c;  // a date, a time or a flag: a few bytes
   };
@@ -231,8 +236,81 @@ void WriteCsvRow(std::string& out, const CsvRowFields& row,
       *to++ = ',';
     }
   }
-  out.resize(static_cast<std::size_t>(to - out.data()));
+  return to;
 }
+
+}  // namespace
+
+void WriteCsvRow(std::string& out, const CsvRowFields& row,
+                 const std::vector<std::int16_t>& written, CodePage page) {
+  // The line is written into room made for its longest form: an item takes no more bytes in
+  // the code page than in UTF-8, and every column adds two quotes and a comma, the last one a
+  // line end of two bytes instead.
+  std::size_t most = 1;
+  for (const std::int16_t field : written) {
+    most += 3 + (field >= 0 ? row[static_cast<std::size_t>(field)].size() : 0);
+  }
+  // Most lines are made on the stack and added at once; a longer one in room made at the end.
+  constexpr std::size_t kShortLine = 2048;
+  if (most <= kShortLine) {
+    std::array<char, kShortLine> line;
+    out.append(line.data(), WriteCsvLine(line.data(), row, written, page));
+    return;
+  }
+  const std::size_t start = out.size();
+  out.resize(start + most);
+  char* const end = WriteCsvLine(out.data() + start, row, written, page);
+  out.resize(static_cast<std::size_t>(end - out.data()));
+}
+
+namespace {
+
+// Years are turned into text in runs of about this many rows, two runs side by side.
+constexpr std::size_t kRunRows = std::size_t{1} << 13;
+
+// Runs of the years table's rows [first, end) of some kRunRows rows each, in table order.
+std::vector<std::pair<int, int>> YearRuns(const SchDatCTL& t, const SpanGroups& spans) {
+  std::vector<std::size_t> rowsOfYear(static_cast<std::size_t>(t.YearCount));
+  const SchDatTable& list = t.SchDatList;
+  for (int at = 0; !list.IsEmpty() && at < list.Rows(); ++at) {
+    const SchDatRow& row = list.At(at);
+    const int year = spans.YearIndex(row.Year);
+    if (row.IsLive() && year != -1) ++rowsOfYear[static_cast<std::size_t>(year)];
+  }
+  std::vector<std::pair<int, int>> runs;
+  std::size_t rows = 0;
+  for (int i = 0; i < t.YearCount; ++i) {
+    if (runs.empty() || rows >= kRunRows) {
+      runs.emplace_back(i, i);
+      rows = 0;
+    }
+    ++runs.back().second;
+    rows += rowsOfYear[static_cast<std::size_t>(i)];
+  }
+  return runs;
+}
+
+// Appends the lines of the rows of the years table's rows [first, end).
+void WriteYears(const ScheduleDocument& doc, std::pair<int, int> years, SpanGroups& spans,
+                const std::vector<std::int16_t>& written, std::string& text) {
+  const SchDatCTL& t = doc.Tables;
+  CsvRowRoom room;
+  CsvRowFields fields;
+  for (int i = years.first; i < years.second; ++i) {
+    for (const int monthRow : MonthChain(t.AncMM, t.AncYY.At(i).FirstMonth)) {
+      for (const int head : t.AncMM.At(monthRow).DayHead) {
+        for (const int r : DayChain(t.SchDatList, head)) {
+          if (t.SchDatList.At(r).Deleted == kDeleted) continue;
+          if (BuildCsvRow(t.SchDatList, r, spans, room, fields)) {
+            WriteCsvRow(text, fields, written, doc.FileCodePage);
+          }
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
 
 bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDisplay& progress,
                    FileSink& sink) {
@@ -241,7 +319,6 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
   const std::vector<std::int16_t> written = WrittenFields(map);
   const SchDatCTL& t = doc.Tables;
   std::string text;
-  text.reserve(2 * kPieceSize);
   if (settings.CsvFirstRowIsHeader) {
     CsvRowFields names;
     for (std::size_t i = 0; i < map.size(); ++i) {
@@ -249,23 +326,27 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
     }
     WriteCsvRow(text, names, written, doc.FileCodePage);
   }
-  SpanGroups spans(t.SchDatList);
-  CsvRowRoom room;
-  CsvRowFields fields;
-  for (int i = 0; i < t.YearCount; ++i) {
-    progress.SetValue(i * 100 / t.YearCount);
-    for (const int monthRow : MonthChain(t.AncMM, t.AncYY.At(i).FirstMonth)) {
-      for (const int head : t.AncMM.At(monthRow).DayHead) {
-        for (const int r : DayChain(t.SchDatList, head)) {
-          const SchDatRow& row = t.SchDatList.At(r);
-          if (row.Deleted == kDeleted) continue;
-          if (BuildCsvRow(t.SchDatList, r, spans, room, fields)) {
-            WriteCsvRow(text, fields, written, doc.FileCodePage);
-          }
-        }
-      }
-      if (text.size() >= kPieceSize && !Hand(sink, text)) return false;
+  SpanGroups spans(t);
+  const std::vector<std::pair<int, int>> runs = YearRuns(t, spans);
+  // The text of a run goes to the file once the runs before it have. Each item over several
+  // days is written by the run of its first year only, so runs need nothing of each other.
+  const auto hand = [&](std::pair<int, int> years, std::string& lines) {
+    for (int i = years.first; i < years.second; ++i) progress.SetValue(i * 100 / t.YearCount);
+    return Hand(sink, lines);
+  };
+  std::string other;
+  for (std::size_t r = 0; r < runs.size(); r += 2) {
+    const bool paired = r + 1 < runs.size();
+    std::future<void> next;
+    if (paired) {
+      // On a thread of its own where one can be had, else when it is needed.
+      next = std::async(std::launch::async | std::launch::deferred,
+                        [&, r] { WriteYears(doc, runs[r + 1], spans, written, other); });
     }
+    WriteYears(doc, runs[r], spans, written, text);
+    const bool handed = hand(runs[r], text);
+    if (paired) next.get();
+    if (!handed || (paired && !hand(runs[r + 1], other))) return false;
   }
   progress.SetValue(100);
   return Hand(sink, text);

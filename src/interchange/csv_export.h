@@ -13,24 +13,36 @@
 
 namespace sched {
 
-// The items over several days (ParentSubNo, ParentStamp) of a table, each written as one row.
+// The items over several days (ParentSubNo, ParentStamp) of a table, each written as one row:
+// the first of its rows that the export meets, which lies in the first of the years table's
+// years that holds one. Years can so be turned into text apart, side by side.
 class SpanGroups {
  public:
-  explicit SpanGroups(const SchDatTable& list);
+  explicit SpanGroups(const SchDatCTL& tables);
 
   // The span of a live row of a span, as a number of the groups.
   int Of(int row) const { return groupOfRow_[static_cast<std::size_t>(row)]; }
   // The range of a group over the live rows of the item's series.
   const SeriesRange& Range(int group) const { return ranges_[static_cast<std::size_t>(group)]; }
-  // Marks the group written; false when it was written before.
-  bool TakeWrite(int group) {
-    const bool first = written_[static_cast<std::size_t>(group)] == 0;
-    written_[static_cast<std::size_t>(group)] = 1;
-    return first;
+  // Marks the group written when `row`, one of its rows, is the one to write it; false when
+  // it is not, or the group was written before.
+  bool TakeWrite(int group, const SchDatRow& row) {
+    const auto g = static_cast<std::size_t>(group);
+    if (written_[g] != 0 || YearIndex(row.Year) != firstYear_[g]) return false;
+    written_[g] = 1;
+    return true;
+  }
+  // The row of a year in the years table; -1 for a year it does not hold.
+  int YearIndex(int year) const {
+    return year < kFirstYear || year > kLastYear
+               ? -1
+               : yearIndex_[static_cast<std::size_t>(year - kFirstYear)];
   }
 
  private:
+  std::array<std::int16_t, kLastYear - kFirstYear + 1> yearIndex_;
   std::vector<SeriesRange> ranges_;
+  std::vector<int> firstYear_;  // the first year row of each group's rows
   // Kept apart from the ranges, which only a group's first row reads: every row of a span asks
   // for its flag.
   std::vector<std::uint8_t> written_;
