@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <string>
+#include <vector>
+
 #include "interchange/csv_import.h"
+#include "store/chains.h"
 #include "store/row_order.h"
 #include "tests/support/test_store.h"
 
@@ -147,6 +152,69 @@ TEST(CsvExport, RoundTripKeepsWhatTheFileHolds) {
   FakeStore second;
   EXPECT_EQ(Import(second, exported), exported);
   EXPECT_EQ(CarriedRows(second.doc.Tables), CarriedRows(first.doc.Tables));
+}
+
+// A large schedule is written in runs of years side by side: the lines come in the order of
+// the years table, and an item over several days whose days lie in two runs, or in a year whose
+// rows came in after a later year's, is written once, by its first year.
+TEST(CsvExport, ItemsOverTheYearsOfALargeScheduleComeOutOnceInOrder) {
+  std::string file;
+  // Years in the table in the order 2004, 2001, 2002, 2003, with some 6,000 rows each.
+  const int years[] = {2004, 2001, 2002, 2003};
+  for (const int year : years) {
+    for (int i = 0; i < 6000; ++i) {
+      file += "r" + std::to_string(year) + "," + std::to_string(year) + "/" +
+              std::to_string(1 + i % 12) + "/" + std::to_string(1 + i / 12 % 28) + "," +
+              std::to_string(i % 24) + ":00\r\n";
+    }
+    // An item from the end of the year into the next, and one from the year before into it.
+    file += "into " + std::to_string(year + 1) + "," + std::to_string(year) + "/12/30,9:00," +
+            std::to_string(year + 1) + "/1/2,10:00\r\n";
+  }
+  FakeStore maker;
+  const std::string exported = Import(maker, file);
+  // The lines one by one, as a plain walk through the years table writes them.
+  std::vector<std::string> expected;
+  const SchDatCTL& t = maker.doc.Tables;
+  std::set<std::string> spansSeen;
+  for (int i = 0; i < t.YearCount; ++i) {
+    for (const int month : MonthChain(t.AncMM, t.AncYY.At(i).FirstMonth)) {
+      for (const int head : t.AncMM.At(month).DayHead) {
+        for (const int r : DayChain(t.SchDatList, head)) {
+          const std::string title(t.SchDatList.Texts(r).Title);
+          if (title.starts_with("into") && !spansSeen.insert(title).second) continue;
+          expected.push_back(title);
+        }
+      }
+    }
+  }
+  std::vector<std::string> titles;
+  for (std::size_t at = 0; at < exported.size();) {
+    const std::size_t end = exported.find("\r\n", at);
+    titles.push_back(exported.substr(at + 1, exported.find('"', at + 1) - at - 1));
+    at = end + 2;
+  }
+  ASSERT_EQ(titles.size(), expected.size());
+  EXPECT_EQ(titles, expected);
+  EXPECT_NE(exported.find("\"into 2002\",\"2001/12/30\",\"9:00 AM\",\"2002/01/02\""),
+            std::string::npos);
+  EXPECT_NE(exported.find("\"into 2005\",\"2004/12/30\",\"9:00 AM\",\"2005/01/02\""),
+            std::string::npos);
+  // Whichever run comes first to a day of such an item, only its first year writes it, so runs
+  // side by side never write it twice.
+  SpanGroups spans(t);
+  std::vector<int> days;  // of the item into 2002, in its years' order in the table
+  for (int r = 0; r < t.SchDatList.Rows(); ++r) {
+    if (t.SchDatList.Texts(r).Title == "into 2002") days.push_back(r);
+  }
+  ASSERT_EQ(days.size(), 4U);
+  const int group = spans.Of(days.front());
+  const SchDatRow& last = t.SchDatList.At(days.back());
+  const SchDatRow& first = t.SchDatList.At(days.front());
+  EXPECT_EQ(last.Year, 2002);
+  EXPECT_FALSE(spans.TakeWrite(group, last));
+  EXPECT_TRUE(spans.TakeWrite(group, first));
+  EXPECT_FALSE(spans.TakeWrite(group, first));
 }
 
 }  // namespace
