@@ -1,5 +1,6 @@
 #include "core/codepage.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -32,13 +33,25 @@ int WesternByte(char32_t cp) {
 }
 
 void AppendWesternUtf8(std::string& out, std::string_view bytes) {
+  // A byte makes at most three bytes of UTF-8: the text is made in room for that, in place.
+  const std::size_t start = out.size();
+  out.resize(start + 3 * bytes.size());
+  char* to = out.data() + start;
   for (std::size_t pos = 0; pos < bytes.size(); ++pos) {
     const std::size_t high = FirstHigh(bytes, pos);
-    out.append(bytes.substr(pos, high - pos));
+    if (high > pos) to = std::copy(bytes.data() + pos, bytes.data() + high, to);
     if (high == bytes.size()) break;
-    AppendUtf8(out, WesternCodePoint(static_cast<unsigned char>(bytes[high])));
+    const char32_t cp = WesternCodePoint(static_cast<unsigned char>(bytes[high]));
+    if (cp < 0x800) {
+      *to++ = static_cast<char>(0xC0 | (cp >> 6));
+    } else {
+      *to++ = static_cast<char>(0xE0 | (cp >> 12));
+      *to++ = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+    }
+    *to++ = static_cast<char>(0x80 | (cp & 0x3F));
     pos = high;
   }
+  out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
 // The character at `pos` of Shift-JIS bytes, packed, moving `pos` behind it. A lead byte whose
