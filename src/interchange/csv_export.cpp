@@ -143,7 +143,7 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
     } else {
       std::string& stripped = room.texts[text];
       stripped.resize(from.size());
-      const char* end = std::remove_copy(from.begin(), from.end(), stripped.data(), '\r');
+      const char* end = CopyWithoutReturns(from, stripped.data());
       fields[text] = {stripped.data(), end};
     }
   }

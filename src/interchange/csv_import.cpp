@@ -190,9 +190,8 @@ void CsvImporter::SetTimes(SchRecord& record, const CsvConverted& row) const {
   record.EndTime = static_cast<std::int16_t>(row.allDay ? -1 : row.endTime);
 }
 
-void CsvImporter::AddCsvRecord(const CsvRowFields& fields) {
+void CsvImporter::AddCsvRecord(std::optional<CsvConverted> converted) {
   TakeClockStamp();
-  std::optional<CsvConverted> converted = ConvertCsvRow(fields, room_);
   if (!converted) return;
   CsvConverted& row = *converted;
   SchRecord& record = record_;
@@ -285,10 +284,11 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
   constexpr std::size_t kMostRowsReserved = 1 << 21;
   doc.Tables.SchDatList.Reserve(std::min(bytes.size() / kShortRowBytes + 1, kMostRowsReserved));
   EnsureDefaultCsvColumns(settings.CsvColumns);
-  // The file is read on a thread of its own while the rows read before are added.
-  CsvRowFeed feed(bytes, doc.FileCodePage, BuildCsvColumnMap(settings.CsvColumns));
+  // The file is read and its rows converted on a thread of their own while the rows before
+  // are added.
+  CsvRowFeed feed(bytes, doc.FileCodePage, BuildCsvColumnMap(settings.CsvColumns),
+                  settings.CsvFirstRowIsHeader);
   CsvImporter importer(services);
-  bool header = settings.CsvFirstRowIsHeader;
   int shownProgress = -1;
   // The bar follows the read position at the start of each read.
   const auto show = [&](std::int64_t pos) {
@@ -298,11 +298,7 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
   };
   while (const std::optional<CsvRowFeed::Row> row = feed.Next()) {
     show(row->posBefore);
-    if (header) {
-      header = false;
-      continue;
-    }
-    importer.AddCsvRecord(row->fields);
+    if (!row->header) importer.AddCsvRecord(row->converted);
   }
   if (const std::optional<std::int64_t> pos = feed.EndingPos()) show(*pos);
   const bool whole = feed.Whole();

@@ -66,9 +66,9 @@ class CsvImporter {
  public:
   explicit CsvImporter(CsvImportServices services) : s_(services) {}
 
-  // Adds the row's record, or one for each of its days, under the clock's stamp; a rejected
-  // row adds nothing.
-  void AddCsvRecord(const CsvRowFields& row);
+  // Adds the record of a converted row, or one for each of its days, under the clock's stamp;
+  // a rejected row (nothing) adds nothing.
+  void AddCsvRecord(std::optional<CsvConverted> row);
 
  private:
   // A new import stamp is taken when the clock's stamp moves on, as read every few hundred rows.
@@ -86,7 +86,6 @@ class CsvImporter {
   void SetTimes(SchRecord& record, const CsvConverted& row) const;
 
   CsvImportServices s_;
-  CsvTextRoom room_;
   SchRecord record_;  // the record being added, whose texts keep their room from row to row
   std::int32_t ImportSeq = 1;
   std::int32_t ImportStamp = 0;

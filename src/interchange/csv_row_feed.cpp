@@ -15,8 +15,11 @@ constexpr std::size_t kBatchesAhead = 4;
 
 }  // namespace
 
-CsvRowFeed::CsvRowFeed(std::string_view bytes, CodePage page, std::vector<std::int16_t> map)
-    : bytes_(bytes), page_(page), map_(std::move(map)), reader_([this] { Read(); }) {}
+CsvRowFeed::CsvRowFeed(std::string_view bytes, CodePage page, std::vector<std::int16_t> map,
+                       bool header)
+    : bytes_(bytes), page_(page), map_(std::move(map)), header_(header), reader_([this] {
+        Read();
+      }) {}
 
 CsvRowFeed::~CsvRowFeed() {
   {
@@ -48,6 +51,7 @@ void CsvRowFeed::Read() {
     CsvRowView read;
     // The texts of fields that several columns fill, joined by blanks.
     std::array<std::string, kCsvFieldCount> joined;
+    CsvTextRoom room;
     while (reader.CsvReadPos() < reader.CsvFileLength()) {
       const std::int64_t before = reader.CsvReadPos();
       endingPos_ = before;
@@ -70,9 +74,16 @@ void CsvRowFeed::Read() {
         text.append(" ").append(read.items[i]);
         field = text;
       }
-      auto& pieces = batch.rows.emplace_back();
-      for (std::size_t i = 0; i < row.size(); ++i) pieces[i] = Keep(batch, row[i]);
-      batch.posBefore.push_back(before);
+      StoredRow& stored = batch.rows.emplace_back();
+      stored.row.posBefore = before;
+      if (std::exchange(header_, false)) {
+        stored.row.header = true;
+      } else if ((stored.row.converted = ConvertCsvRow(row, room))) {
+        CsvConverted& converted = *stored.row.converted;
+        stored.title = Keep(batch, std::exchange(converted.title, {}));
+        stored.place = Keep(batch, std::exchange(converted.place, {}));
+        stored.memo = Keep(batch, std::exchange(converted.memo, {}));
+      }
       if (batch.rows.size() == kBatchRows) {
         if (!Hand(std::exchange(batch, {}))) return;
         batch.rows.reserve(kBatchRows);
@@ -116,14 +127,17 @@ std::optional<CsvRowFeed::Row> CsvRowFeed::Next() {
     lock.unlock();
     changed_.notify_all();
   }
-  Row row;
-  const auto& pieces = current_.rows[next_];
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    const Piece& piece = pieces[i];
-    const char* base = piece.own ? current_.texts.data() : bytes_.data();
-    if (piece.size != 0) row.fields[i] = {base + piece.offset, piece.size};
+  StoredRow& stored = current_.rows[next_];
+  Row row = std::move(stored.row);
+  if (row.converted) {
+    const auto text = [this](const Piece& piece) -> std::string_view {
+      if (piece.size == 0) return {};
+      return {(piece.own ? current_.texts.data() : bytes_.data()) + piece.offset, piece.size};
+    };
+    row.converted->title = text(stored.title);
+    row.converted->place = text(stored.place);
+    row.converted->memo = text(stored.memo);
   }
-  row.posBefore = current_.posBefore[next_];
   ++next_;
   return row;
 }

@@ -13,26 +13,29 @@
 
 #include "core/codepage.h"
 #include "interchange/csv_fields.h"
+#include "interchange/csv_import.h"
 
 namespace sched {
 
-// The rows of a CSV file in the fields of a column mapping, read on a thread of their own while
-// the caller adds the rows before them, and handed over in batches. The rows and the end are
-// those of the import's loop: rows are read while the read position is short of the file's
-// length, until an empty line or a failing read.
+// The rows of a CSV file in the fields of a column mapping, read and converted on a thread of
+// their own while the caller adds the rows before them, and handed over in batches. The rows
+// and the end are those of the import's loop: rows are read while the read position is short of
+// the file's length, until an empty line or a failing read.
 class CsvRowFeed {
  public:
   // `map` gives each column's field, -1 for a column that fills none; the texts of columns
-  // that fill one field are joined by blanks.
-  CsvRowFeed(std::string_view bytes, CodePage page, std::vector<std::int16_t> map);
+  // that fill one field are joined by blanks. With `header`, the first row is taken as the
+  // names of the columns.
+  CsvRowFeed(std::string_view bytes, CodePage page, std::vector<std::int16_t> map, bool header);
   ~CsvRowFeed();
   CsvRowFeed(const CsvRowFeed&) = delete;
   CsvRowFeed& operator=(const CsvRowFeed&) = delete;
 
-  // The next row, and the read position before it was read; nothing at the end. The fields
-  // are valid until the next call.
+  // The next row, and the read position before it was read; nothing at the end. The texts of
+  // the conversion are valid until the next call.
   struct Row {
-    CsvRowFields fields;
+    bool header = false;                    // the names of the columns: nothing to add
+    std::optional<CsvConverted> converted;  // nothing for a rejected row
     std::int64_t posBefore = 0;
   };
   std::optional<Row> Next();
@@ -43,15 +46,21 @@ class CsvRowFeed {
   bool Whole() const { return whole_; }
 
  private:
-  // A field's text: in the file, or among the batch's own texts.
+  // A text of a converted row: in the file, or among the batch's own texts.
   struct Piece {
     std::size_t offset = 0;
     std::size_t size = 0;
     bool own = false;
   };
+  // A row as a batch keeps it: its texts as pieces, the views of `converted` left empty.
+  struct StoredRow {
+    Row row;
+    Piece title;
+    Piece place;
+    Piece memo;
+  };
   struct Batch {
-    std::vector<std::array<Piece, kCsvFieldCount>> rows;
-    std::vector<std::int64_t> posBefore;
+    std::vector<StoredRow> rows;
     std::string texts;  // texts that do not stand in the file as they are given
   };
 
@@ -64,6 +73,7 @@ class CsvRowFeed {
   std::string_view bytes_;
   CodePage page_;
   std::vector<std::int16_t> map_;
+  bool header_;
 
   std::mutex mutex_;
   std::condition_variable changed_;

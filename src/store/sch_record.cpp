@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 
 #include "core/calendar.h"
 
@@ -34,14 +35,22 @@ std::string TabToBlank(std::string text) {
   return text;
 }
 
-std::string StripCR(std::string_view text) {
-  std::string out;
-  out.reserve(text.size());
-  for (std::size_t pos = 0; pos < text.size();) {
-    const std::size_t cr = std::min(text.find('\r', pos), text.size());
-    out.append(text.substr(pos, cr - pos));
-    pos = cr + 1;
+char* CopyWithoutReturns(std::string_view text, char* to) {
+  while (!text.empty()) {
+    const void* cr = std::memchr(text.data(), '\r', text.size());
+    const std::size_t run =
+        cr != nullptr ? static_cast<std::size_t>(static_cast<const char*>(cr) - text.data())
+                      : text.size();
+    std::memcpy(to, text.data(), run);
+    to += run;
+    text.remove_prefix(std::min(run + 1, text.size()));
   }
+  return to;
+}
+
+std::string StripCR(std::string_view text) {
+  std::string out(text.size(), '\0');
+  out.resize(static_cast<std::size_t>(CopyWithoutReturns(text, out.data()) - out.data()));
   return out;
 }
 

@@ -74,6 +74,8 @@ std::string WeekdayName(int weekday);
 // Every tab becomes one blank: tabs separate the cells of a table line.
 std::string TabToBlank(std::string text);
 std::string StripCR(std::string_view text);
+// Copies the text to `to` without its CRs and gives the end of the copy.
+char* CopyWithoutReturns(std::string_view text, char* to);
 // Every line break becomes CR LF, whether it was LF, CR or CR LF.
 std::string LfToCrLf(std::string_view text);
 

@@ -23,7 +23,7 @@ std::string_view FileText(std::string_view text, bool dropReturns, CodePage page
   char* const start = room.data();
   char* end = start;
   if (returns) {
-    end = std::remove_copy(text.begin(), text.end(), start, '\r');
+    end = CopyWithoutReturns(text, start);
     text = {start, static_cast<std::size_t>(end - start)};
   }
   // A character takes no more bytes in the code page than in UTF-8, so the text converts over
