@@ -28,7 +28,8 @@ class SpanGroups {
   // it is not, or the group was written before.
   bool TakeWrite(int group, const SchDatRow& row) {
     const auto g = static_cast<std::size_t>(group);
-    if (written_[g] != 0 || YearIndex(row.Year) != firstYear_[g]) return false;
+    // Only the run of the group's first year looks at its flag.
+    if (YearIndex(row.Year) != firstYear_[g] || written_[g] != 0) return false;
     written_[g] = 1;
     return true;
   }

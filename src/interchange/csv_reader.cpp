@@ -90,9 +90,9 @@ std::size_t CsvReader::Find(std::string_view stops, bool& ascii) const {
     // The end of a quoted item: the library's search is the fastest, and only an 8-bit file
     // needs to know whether the text between is plain.
     const void* stop = std::memchr(bytes_.data() + i, stops.front(), bytes_.size() - i);
-    const std::size_t end = stop != nullptr ? static_cast<std::size_t>(
-                                                  static_cast<const char*>(stop) - bytes_.data())
-                                            : bytes_.size();
+    const std::size_t end =
+        stop != nullptr ? static_cast<std::size_t>(static_cast<const char*>(stop) - bytes_.data())
+                        : bytes_.size();
     ascii = utf8_ || IsAscii(bytes_.substr(i, end - i));
     return end;
   }

@@ -1,6 +1,7 @@
 #include "interchange/csv_row_feed.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <utility>
 
