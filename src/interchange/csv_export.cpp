@@ -39,15 +39,24 @@ bool Hand(FileSink& sink, std::string& text) {
 bool CopyAscii(std::string_view text, char*& to) {
   constexpr std::uint64_t kHighBits = 0x8080808080808080;
   std::uint64_t high = 0;
-  std::size_t i = 0;
-  for (std::uint64_t word = 0; i + sizeof word <= text.size(); i += sizeof word) {
+  std::uint64_t word = 0;
+  if (text.size() < sizeof word) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      high |= static_cast<unsigned char>(text[i]);
+      to[i] = text[i];
+    }
+  } else {
+    std::size_t i = 0;
+    for (; i + sizeof word <= text.size(); i += sizeof word) {
+      std::memcpy(&word, text.data() + i, sizeof word);
+      std::memcpy(to + i, &word, sizeof word);
+      high |= word;
+    }
+    // The last word ends with the text, over bytes copied already.
+    i = text.size() - sizeof word;
     std::memcpy(&word, text.data() + i, sizeof word);
     std::memcpy(to + i, &word, sizeof word);
     high |= word;
-  }
-  for (; i < text.size(); ++i) {
-    high |= static_cast<unsigned char>(text[i]);
-    to[i] = text[i];
   }
   if ((high & kHighBits) != 0) return false;
   to += text.size();
@@ -213,8 +222,16 @@ namespace {
 // Writes the line at `to`, which has room for its longest form, and gives its end.
 char* WriteCsvLine(char* to, const CsvRowFields& row, const std::vector<std::int16_t>& written,
                    CodePage page) {
+  // A date, a time or a flag: a few bytes, copied in two words that may overlap.
   const auto put = [&to](std::string_view bytes) {
-    for (const char c : bytes) *to++ = c;  // a date, a time or a flag: a few bytes
+    constexpr std::size_t kWord = 8;
+    if (bytes.size() >= kWord && bytes.size() <= 2 * kWord) {
+      std::memcpy(to, bytes.data(), kWord);
+      std::memcpy(to + bytes.size() - kWord, bytes.data() + bytes.size() - kWord, kWord);
+      to += bytes.size();
+      return;
+    }
+    for (const char c : bytes) *to++ = c;
   };
   for (std::size_t i = 0; i < written.size(); ++i) {
     const int field = written[i];
