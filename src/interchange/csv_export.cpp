@@ -1,8 +1,12 @@
 #include "interchange/csv_export.h"
 
 #include <algorithm>
+#include <condition_variable>
 #include <cstring>
-#include <future>
+#include <exception>
+#include <mutex>
+#include <system_error>
+#include <thread>
 
 #include "appointments/repeat_rule.h"
 #include "core/key_table.h"
@@ -329,6 +333,44 @@ void WriteYears(const ScheduleDocument& doc, std::pair<int, int> years, SpanGrou
 
 }  // namespace
 
+namespace {
+
+// The turns of the runs at the file: a run's text goes to the file once the runs before it have.
+class RunTurns {
+ public:
+  // Waits until run `run` may be written; false once a write has failed or a thread gave up.
+  bool Await(std::size_t run) {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [&] { return next_ == run || stopped_; });
+    return !stopped_;
+  }
+  // The run whose turn it was is written, or could not be.
+  void Written(bool taken) {
+    {
+      const std::lock_guard lock(mutex_);
+      if (taken) {
+        ++next_;
+      } else {
+        stopped_ = true;
+      }
+    }
+    changed_.notify_all();
+  }
+  void Stop() { Written(false); }
+  bool Stopped() {
+    const std::lock_guard lock(mutex_);
+    return stopped_;
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::size_t next_ = 0;
+  bool stopped_ = false;
+};
+
+}  // namespace
+
 bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDisplay& progress,
                    FileSink& sink) {
   EnsureDefaultCsvColumns(settings.CsvColumns);
@@ -345,26 +387,53 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
   }
   SpanGroups spans(t);
   const std::vector<std::pair<int, int>> runs = YearRuns(t, spans);
-  // The text of a run goes to the file once the runs before it have. Each item over several
-  // days is written by the run of its first year only, so runs need nothing of each other.
-  const auto hand = [&](std::pair<int, int> years, std::string& lines) {
-    for (int i = years.first; i < years.second; ++i) progress.SetValue(i * 100 / t.YearCount);
-    return Hand(sink, lines);
+  // Two threads take the runs in turn: each makes the text of its run and writes it once the
+  // run before is written, while the other makes its next. Each item over several days is
+  // written by the run of its first year only, so runs need nothing of each other. The bar is
+  // moved by this thread alone, over the years written.
+  RunTurns turns;
+  int yearsShown = 0;
+  const auto show = [&](int years) {
+    for (; yearsShown < years; ++yearsShown) progress.SetValue(yearsShown * 100 / t.YearCount);
+  };
+  const auto work = [&](std::size_t first, std::size_t step, std::string& lines, bool shows) {
+    for (std::size_t r = first; r < runs.size(); r += step) {
+      WriteYears(doc, runs[r], spans, written, lines);
+      if (!turns.Await(r)) return;
+      if (shows) show(runs[r].second);
+      turns.Written(Hand(sink, lines));
+    }
   };
   std::string other;
-  for (std::size_t r = 0; r < runs.size(); r += 2) {
-    const bool paired = r + 1 < runs.size();
-    std::future<void> next;
-    if (paired) {
-      // On a thread of its own where one can be had, else when it is needed.
-      next = std::async(std::launch::async | std::launch::deferred,
-                        [&, r] { WriteYears(doc, runs[r + 1], spans, written, other); });
+  std::exception_ptr failure;
+  std::thread helper;
+  std::size_t step = 1;
+  if (runs.size() > 1) {
+    try {
+      helper = std::thread([&] {
+        try {
+          work(1, 2, other, false);
+        } catch (...) {
+          failure = std::current_exception();
+          turns.Stop();
+        }
+      });
+      step = 2;
+    } catch (const std::system_error&) {
+      // No second thread to be had: this one takes every run.
     }
-    WriteYears(doc, runs[r], spans, written, text);
-    const bool handed = hand(runs[r], text);
-    if (paired) next.get();
-    if (!handed || (paired && !hand(runs[r + 1], other))) return false;
   }
+  try {
+    work(0, step, text, true);
+  } catch (...) {
+    turns.Stop();
+    if (helper.joinable()) helper.join();
+    throw;
+  }
+  if (helper.joinable()) helper.join();
+  if (failure) std::rethrow_exception(failure);
+  if (turns.Stopped()) return false;
+  show(t.YearCount);
   progress.SetValue(100);
   return Hand(sink, text);
 }

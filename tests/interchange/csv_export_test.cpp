@@ -29,6 +29,18 @@ class TextSink : public FileSink {
   std::string text;
 };
 
+// Takes the first pieces it is given, and refuses the next and every one after it.
+class RefusingSink : public FileSink {
+ public:
+  explicit RefusingSink(int taken) : taken_(taken) {}
+  bool Append(std::span<const std::uint8_t>) override { return ++calls <= taken_; }
+  bool WriteAt(std::uint64_t, std::span<const std::uint8_t>) override { return false; }
+  int calls = 0;
+
+ private:
+  int taken_;
+};
+
 std::string Exported(FakeStore& maker, const CsvSettings& settings) {
   TextSink sink;
   EXPECT_TRUE(ExportCsvFile(maker.doc, settings, maker.progress, sink));
@@ -215,6 +227,14 @@ TEST(CsvExport, ItemsOverTheYearsOfALargeScheduleComeOutOnceInOrder) {
   EXPECT_FALSE(spans.TakeWrite(group, last));
   EXPECT_TRUE(spans.TakeWrite(group, first));
   EXPECT_FALSE(spans.TakeWrite(group, first));
+
+  // A file that takes no more after some runs fails the export at once, whichever thread's
+  // run it refuses, and nothing is written after it.
+  for (int taken = 0; taken < 3; ++taken) {
+    RefusingSink refusing(taken);
+    EXPECT_FALSE(ExportCsvFile(maker.doc, {{}, false}, maker.progress, refusing)) << taken;
+    EXPECT_EQ(refusing.calls, taken + 1) << taken;
+  }
 }
 
 }  // namespace
