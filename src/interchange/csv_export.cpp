@@ -127,24 +127,23 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
                        : std::pair{StartOf(row), StartOf(row)};
   };
   // A date or time made in the field's room, unless the field's room holds it already.
-  const auto date = [&](CsvField field, const CivilDate& value) {
+  // A date or time made in the field's room by `write`, unless the room holds it already:
+  // `key` tells the value the room was made of.
+  const auto make = [&](CsvField field, std::int32_t key, std::size_t length, auto write) {
     std::string& text = room.texts[field];
-    if (const std::int32_t code = DateCode(value.year, value.month, value.day);
-        room.made[field] != code) {
-      text.resize(kCsvDateLength);
-      text.resize(static_cast<std::size_t>(WriteCsvDate(value, text.data()) - text.data()));
-      room.made[field] = code;
+    if (room.made[field] != key) {
+      text.resize(length);
+      text.resize(static_cast<std::size_t>(write(text.data()) - text.data()));
+      room.made[field] = key;
     }
     fields[field] = text;
   };
+  const auto date = [&](CsvField field, const CivilDate& value) {
+    make(field, DateCode(value.year, value.month, value.day), kCsvDateLength,
+         [&](char* to) { return WriteCsvDate(value, to); });
+  };
   const auto time = [&](CsvField field, int minutes) {
-    std::string& text = room.texts[field];
-    if (room.made[field] != minutes) {
-      text.resize(kCsvTimeLength);
-      text.resize(static_cast<std::size_t>(WriteCsvTime(minutes, text.data()) - text.data()));
-      room.made[field] = minutes;
-    }
-    fields[field] = text;
+    make(field, minutes, kCsvTimeLength, [&](char* to) { return WriteCsvTime(minutes, to); });
   };
   const RowTexts texts = list.Texts(row);
   for (const CsvField text : {kCsvTitle, kCsvPlace, kCsvMemo}) {

@@ -18,7 +18,9 @@ std::string_view FileText(std::string_view text, bool dropReturns, CodePage page
                           std::string& room) {
   const bool returns =
       dropReturns && !text.empty() && std::memchr(text.data(), '\r', text.size()) != nullptr;
-  if (!returns && IsAscii(text)) return text;
+  // Leaving out CRs keeps a text plain or not: it is looked at once.
+  const bool ascii = IsAscii(text);
+  if (!returns && ascii) return text;
   room.resize(text.size());
   char* const start = room.data();
   char* end = start;
@@ -28,7 +30,7 @@ std::string_view FileText(std::string_view text, bool dropReturns, CodePage page
   }
   // A character takes no more bytes in the code page than in UTF-8, so the text converts over
   // itself.
-  if (!IsAscii(text)) end = WriteCodePage(text, page, start);
+  if (!ascii) end = WriteCodePage(text, page, start);
   room.resize(static_cast<std::size_t>(end - start));
   return room;
 }
