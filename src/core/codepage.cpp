@@ -165,22 +165,26 @@ std::string ToCodePage(std::string_view text, CodePage page) {
   return out;
 }
 
+char* WriteCodePageCharacter(std::string_view text, std::size_t& pos, CodePage page, char* to) {
+  const char32_t cp = NextCodePoint(text, pos);
+  if (page != CodePage::kJapanese) {
+    *to++ = static_cast<char>(WesternByte(cp));
+  } else if (const std::uint16_t bytes = ShiftJisBytes(ShiftJisTables::Get(), cp); bytes == 0) {
+    *to++ = '?';
+  } else {
+    if (bytes > 0xFF) *to++ = static_cast<char>(bytes >> 8);
+    *to++ = static_cast<char>(bytes & 0xFF);
+  }
+  return to;
+}
+
 char* WriteCodePage(std::string_view text, CodePage page, char* to) {
-  const ShiftJisTables* sjis = page == CodePage::kJapanese ? &ShiftJisTables::Get() : nullptr;
   for (std::size_t pos = 0; pos < text.size();) {
-    if (static_cast<unsigned char>(text[pos]) < 0x80) {
-      *to++ = text[pos++];
-      continue;
-    }
-    const char32_t cp = NextCodePoint(text, pos);
-    if (sjis == nullptr) {
-      *to++ = static_cast<char>(WesternByte(cp));
-    } else if (const std::uint16_t bytes = ShiftJisBytes(*sjis, cp); bytes == 0) {
-      *to++ = '?';
-    } else {
-      if (bytes > 0xFF) *to++ = static_cast<char>(bytes >> 8);
-      *to++ = static_cast<char>(bytes & 0xFF);
-    }
+    // A run of ASCII is copied as it stands; a copy forwards is safe over the text itself.
+    const std::size_t high = FirstHigh(text, pos);
+    to = std::copy(text.data() + pos, text.data() + high, to);
+    pos = high;
+    if (pos < text.size()) to = WriteCodePageCharacter(text, pos, page, to);
   }
   return to;
 }

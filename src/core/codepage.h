@@ -33,6 +33,10 @@ std::string ToCodePage(std::string_view text, CodePage page);
 // character takes more bytes in the 8-bit form than in UTF-8; gives the end of what it wrote.
 char* WriteCodePage(std::string_view text, CodePage page, char* to);
 
+// The character of UTF-8 `text` at `pos`, which is not ASCII, written at `to` in its 8-bit form
+// as WriteCodePage writes it; moves `pos` behind it and gives the end of what it wrote.
+char* WriteCodePageCharacter(std::string_view text, std::size_t& pos, CodePage page, char* to);
+
 // Bytes that `text` takes in its 8-bit form: a double-byte character counts 2.
 std::size_t ByteLength(std::string_view text, CodePage page);
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/byte_lanes.h"
+
 namespace sched {
 
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
@@ -30,10 +32,8 @@ char32_t NextCodePoint(std::string_view text, std::size_t& pos);
 // The position of the first byte from 0x80 up at or after `pos`; the size when there is none.
 inline std::size_t FirstHigh(std::string_view text, std::size_t pos) {
   // Eight bytes at a time while none is high, as most text is plain.
-  constexpr std::uint64_t kHighBits = 0x8080808080808080;
-  for (std::uint64_t word = 0; pos + sizeof word <= text.size(); pos += sizeof word) {
-    std::memcpy(&word, text.data() + pos, sizeof word);
-    if ((word & kHighBits) != 0) break;
+  for (; pos + sizeof(std::uint64_t) <= text.size(); pos += sizeof(std::uint64_t)) {
+    if (High(WordAt(text.data() + pos)) != 0) break;
   }
   while (pos < text.size() && (static_cast<unsigned char>(text[pos]) & 0x80) == 0) ++pos;
   return pos;

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/byte_lanes.h"
 #include "core/calendar.h"
 #include "core/codepage.h"
 #include "store/row_order.h"
@@ -48,18 +49,10 @@ class ClaimedBytes {
 // Whether the file's text is the same in the tables: ASCII without a tab or a line break.
 // Eight bytes are looked at a time, as most texts are plain.
 bool IsPlainText(std::string_view bytes) {
-  constexpr std::uint64_t kOnes = 0x0101010101010101;
-  constexpr std::uint64_t kHigh = 0x8080808080808080;
-  // Whether one of the eight bytes of `word` is `byte`.
-  const auto holds = [](std::uint64_t word, unsigned char byte) {
-    const std::uint64_t x = word ^ (kOnes * byte);
-    return ((x - kOnes) & ~x & kHigh) != 0;
-  };
   std::size_t i = 0;
   for (; i + 8 <= bytes.size(); i += 8) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes.data() + i, sizeof word);
-    if ((word & kHigh) != 0 || holds(word, '\t') || holds(word, '\r') || holds(word, '\n')) {
+    const std::uint64_t word = WordAt(bytes.data() + i);
+    if ((High(word) | Matches(word, '\t') | Matches(word, '\r') | Matches(word, '\n')) != 0) {
       return false;
     }
   }
