@@ -1,6 +1,8 @@
 #include "interchange/csv_date_time.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "core/text_case.h"
 
@@ -117,7 +119,7 @@ std::optional<int> ParseCsvTime(std::string_view text) {
   return hour * 60 + minute;
 }
 
-// Written by hand: an export writes three of each a row.
+// Written by hand: an export writes up to three a row.
 char* WriteCsvDate(const CivilDate& date, char* to) {
   const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
   *to++ = digit(date.year / 1000);
@@ -133,18 +135,33 @@ char* WriteCsvDate(const CivilDate& date, char* to) {
   return to;
 }
 
-char* WriteCsvTime(int minutes, char* to) {
-  const int hour = minutes / 60;
-  const int hour12 = hour % 12 == 0 ? 12 : hour % 12;
-  if (hour12 >= 10) *to++ = '1';
-  *to++ = static_cast<char>('0' + hour12 % 10);
-  *to++ = ':';
-  *to++ = static_cast<char>('0' + minutes % 60 / 10);
-  *to++ = static_cast<char>('0' + minutes % 10);
-  *to++ = ' ';
-  *to++ = hour < 12 ? 'A' : 'P';
-  *to++ = 'M';
-  return to;
+std::string_view CsvTimeText(int minutes) {
+  constexpr int kMinutesOfDay = 24 * 60;
+  struct Times {
+    std::array<std::array<char, 8>, kMinutesOfDay> texts;
+    std::array<std::uint8_t, kMinutesOfDay> lengths;
+  };
+  static const Times times = [] {
+    Times made{};
+    for (int m = 0; m < kMinutesOfDay; ++m) {
+      const auto i = static_cast<std::size_t>(m);
+      char* to = made.texts[i].data();
+      const int hour = m / 60;
+      const int hour12 = hour % 12 == 0 ? 12 : hour % 12;
+      if (hour12 >= 10) *to++ = '1';
+      *to++ = static_cast<char>('0' + hour12 % 10);
+      *to++ = ':';
+      *to++ = static_cast<char>('0' + m % 60 / 10);
+      *to++ = static_cast<char>('0' + m % 10);
+      *to++ = ' ';
+      *to++ = hour < 12 ? 'A' : 'P';
+      *to++ = 'M';
+      made.lengths[i] = static_cast<std::uint8_t>(to - made.texts[i].data());
+    }
+    return made;
+  }();
+  const auto i = static_cast<std::size_t>(std::clamp(minutes, 0, kMinutesOfDay - 1));
+  return {times.texts[i].data(), times.lengths[i]};
 }
 
 }  // namespace sched

@@ -15,11 +15,12 @@ std::optional<CivilDate> ParseCsvDate(std::string_view text);
 // are dropped.
 std::optional<int> ParseCsvTime(std::string_view text);
 
-// "2024/03/04" and "10:00 AM", the forms the export writes, written at `to`, which has room for
-// the longest form; they give the end.
+// "2024/03/04", the form the export writes of a date, written at `to`, which has room for it;
+// gives the end.
 inline constexpr std::size_t kCsvDateLength = 10;
-inline constexpr std::size_t kCsvTimeLength = 8;
 char* WriteCsvDate(const CivilDate& date, char* to);
-char* WriteCsvTime(int minutes, char* to);
+// "10:00 AM", the form the export writes of the time `minutes` after 0:00, from 0 to 1439; the
+// texts of all of them are made once and kept.
+std::string_view CsvTimeText(int minutes);
 
 }  // namespace sched

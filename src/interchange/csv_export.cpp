@@ -9,9 +9,9 @@
 #include <thread>
 
 #include "appointments/repeat_rule.h"
+#include "core/byte_lanes.h"
 #include "core/key_table.h"
 #include "core/radix_sort.h"
-#include "interchange/csv_date_time.h"
 #include "store/chains.h"
 
 namespace sched {
@@ -32,39 +32,52 @@ CivilDate StartOf(const SchDatRow& row) {
   return {row.Year, row.Month, row.Day};
 }
 
-bool Hand(FileSink& sink, std::string& text) {
-  const bool taken = sink.Append({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-  text.clear();
+bool Hand(FileSink& sink, CsvLines& lines) {
+  const bool taken = sink.Append(lines.Bytes());
+  lines.Clear();
   return taken;
 }
 
-// Copies the text to `to` and moves `to` behind it when it is all ASCII; false, with nothing
-// moved, when it is not. Eight bytes go at a time.
-bool CopyAscii(std::string_view text, char*& to) {
-  constexpr std::uint64_t kHighBits = 0x8080808080808080;
-  std::uint64_t high = 0;
+// Whether a word of text holds a byte from 0x80 up or a CR: such a word is more than copied.
+bool NeedsMoreThanCopy(std::uint64_t word) {
+  return (High(word) | Matches(word, '\r')) != 0;
+}
+
+// Writes a text of the item at `to` as the file takes it, without CRs and in the code page, and
+// gives the end. Plain text is copied eight bytes at a time, and a word that is not goes byte
+// by byte.
+char* WriteCsvText(std::string_view text, CodePage page, char* to) {
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
   std::uint64_t word = 0;
-  if (text.size() < sizeof word) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      high |= static_cast<unsigned char>(text[i]);
-      to[i] = text[i];
+  std::size_t pos = 0;
+  while (pos < text.size()) {
+    for (; pos + kWord <= text.size(); pos += kWord, to += kWord) {
+      word = WordAt(text.data() + pos);
+      if (NeedsMoreThanCopy(word)) break;
+      std::memcpy(to, &word, kWord);
     }
-  } else {
-    std::size_t i = 0;
-    for (; i + sizeof word <= text.size(); i += sizeof word) {
-      std::memcpy(&word, text.data() + i, sizeof word);
-      std::memcpy(to + i, &word, sizeof word);
-      high |= word;
+    if (pos + kWord > text.size() && text.size() >= kWord) {
+      // The last word ends with the text, over bytes copied already.
+      const std::size_t last = text.size() - kWord;
+      word = WordAt(text.data() + last);
+      if (!NeedsMoreThanCopy(word)) {
+        std::memcpy(to - (pos - last), &word, kWord);
+        return to + (text.size() - pos);
+      }
     }
-    // The last word ends with the text, over bytes copied already.
-    i = text.size() - sizeof word;
-    std::memcpy(&word, text.data() + i, sizeof word);
-    std::memcpy(to + i, &word, sizeof word);
-    high |= word;
+    for (const std::size_t end = std::min(pos + kWord, text.size()); pos < end;) {
+      const char c = text[pos];
+      if (c == '\r') {
+        ++pos;
+      } else if (static_cast<unsigned char>(c) < 0x80) {
+        *to++ = c;
+        ++pos;
+      } else {
+        to = WriteCodePageCharacter(text, pos, page, to);
+      }
+    }
   }
-  if ((high & kHighBits) != 0) return false;
-  to += text.size();
-  return true;
+  return to;
 }
 
 const char* Flag(bool on) {
@@ -83,10 +96,13 @@ SpanGroups::SpanGroups(const SchDatCTL& tables)
       yearIndex_[static_cast<std::size_t>(year - kFirstYear)] = static_cast<std::int16_t>(i);
     }
   }
+  // The rows of spans are marked first, with a group of 0, and given their group after.
   std::vector<std::uint64_t> spans;
   for (int at = 0; at < list.Rows(); ++at) {
     const SchDatRow& row = list.At(at);
-    if (row.IsLive() && IsSpan(row.RepeatKind)) spans.push_back(row.Series().Packed());
+    if (!row.IsLive() || !IsSpan(row.RepeatKind)) continue;
+    spans.push_back(row.Series().Packed());
+    groupOfRow_[static_cast<std::size_t>(at)] = 0;
   }
   if (spans.empty()) return;
   RadixSort(spans, [](std::uint64_t key) { return key; });
@@ -102,8 +118,9 @@ SpanGroups::SpanGroups(const SchDatCTL& tables)
     const int group = table.Find(row.Series().Packed());
     if (group == -1) continue;
     ranges_[static_cast<std::size_t>(group)].Add(row, at);
-    if (!IsSpan(row.RepeatKind)) continue;
-    groupOfRow_[static_cast<std::size_t>(at)] = group;
+    std::int32_t& groupOfRow = groupOfRow_[static_cast<std::size_t>(at)];
+    if (groupOfRow == -1) continue;
+    groupOfRow = group;
     if (const int year = YearIndex(row.Year); year != -1) {
       int& first = firstYear_[static_cast<std::size_t>(group)];
       first = std::min(first, year);
@@ -115,50 +132,29 @@ bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom&
                  CsvRowFields& fields) {
   const SchDatRow& row = list.At(at);
   const bool multiDay = row.RepeatKind == kMultiDayKind;
-  const bool span = IsSpan(row.RepeatKind);
-  int group = -1;
-  if (span) {
-    group = spans.Of(at);
-    if (!spans.TakeWrite(group, row)) return false;
-  }
+  const int group = spans.Of(at);
+  const bool span = group != -1;
+  if (span && !spans.TakeWrite(group, row)) return false;
   const auto groupRange = [&] {
     const SeriesRange& range = spans.Range(group);
     return range.found ? std::pair{DateOfCode(range.firstCode), DateOfCode(range.lastCode)}
                        : std::pair{StartOf(row), StartOf(row)};
   };
-  // A date or time made in the field's room, unless the field's room holds it already.
-  // A date or time made in the field's room by `write`, unless the room holds it already:
-  // `key` tells the value the room was made of.
-  const auto make = [&](CsvField field, std::int32_t key, std::size_t length, auto write) {
-    std::string& text = room.texts[field];
-    if (room.made[field] != key) {
-      text.resize(length);
-      text.resize(static_cast<std::size_t>(write(text.data()) - text.data()));
-      room.made[field] = key;
-    }
-    fields[field] = text;
-  };
+  // A date made in the field's room, unless the room holds it already.
   const auto date = [&](CsvField field, const CivilDate& value) {
-    make(field, DateCode(value.year, value.month, value.day), kCsvDateLength,
-         [&](char* to) { return WriteCsvDate(value, to); });
-  };
-  const auto time = [&](CsvField field, int minutes) {
-    make(field, minutes, kCsvTimeLength, [&](char* to) { return WriteCsvTime(minutes, to); });
-  };
-  const RowTexts texts = list.Texts(row);
-  for (const CsvField text : {kCsvTitle, kCsvPlace, kCsvMemo}) {
-    const std::string_view from = text == kCsvTitle   ? texts.Title
-                                  : text == kCsvPlace ? texts.Place
-                                                      : texts.Memo;
-    if (from.empty() || std::memchr(from.data(), '\r', from.size()) == nullptr) {
-      fields[text] = from;
-    } else {
-      std::string& stripped = room.texts[text];
-      stripped.resize(from.size());
-      const char* end = CopyWithoutReturns(from, stripped.data());
-      fields[text] = {stripped.data(), end};
+    char* const text = room.dates[field].data();
+    if (const std::int32_t code = DateCode(value.year, value.month, value.day);
+        room.made[field] != code) {
+      WriteCsvDate(value, text);
+      room.made[field] = code;
     }
-  }
+    fields[field] = {text, kCsvDateLength};
+  };
+  const auto time = [&](CsvField field, int minutes) { fields[field] = CsvTimeText(minutes); };
+  const RowTexts texts = list.Texts(row);
+  fields[kCsvTitle] = texts.Title;
+  fields[kCsvPlace] = texts.Place;
+  fields[kCsvMemo] = texts.Memo;
   fields[kCsvPrivate] = Flag(row.Private != 0);
   fields[kCsvAlarmOn] = Flag(row.AlarmLead != 0);
   fields[kCsvAlarmDate] = {};
@@ -225,68 +221,73 @@ namespace {
 // Writes the line at `to`, which has room for its longest form, and gives its end.
 char* WriteCsvLine(char* to, const CsvRowFields& row, const std::vector<std::int16_t>& written,
                    CodePage page) {
-  // A date, a time or a flag: a few bytes, copied in two words that may overlap.
-  const auto put = [&to](std::string_view bytes) {
-    constexpr std::size_t kWord = 8;
-    if (bytes.size() >= kWord && bytes.size() <= 2 * kWord) {
-      std::memcpy(to, bytes.data(), kWord);
-      std::memcpy(to + bytes.size() - kWord, bytes.data() + bytes.size() - kWord, kWord);
-      to += bytes.size();
-      return;
+  // A date, a time, a flag or a name: a few bytes, copied in two pieces that may overlap.
+  const auto put = [&to](std::string_view item) {
+    const char* from = item.data();
+    const std::size_t size = item.size();
+    const auto pair = [&](auto piece) {
+      std::memcpy(&piece, from, sizeof piece);
+      std::memcpy(to, &piece, sizeof piece);
+      std::memcpy(&piece, from + size - sizeof piece, sizeof piece);
+      std::memcpy(to + size - sizeof piece, &piece, sizeof piece);
+    };
+    if (size >= 8 && size <= 16) {
+      pair(std::uint64_t{});
+    } else if (size >= 4 && size < 8) {
+      pair(std::uint32_t{});
+    } else {
+      std::copy(from, from + size, to);
     }
-    for (const char c : bytes) *to++ = c;
+    to += size;
   };
-  for (std::size_t i = 0; i < written.size(); ++i) {
-    const int field = written[i];
-    *to++ = '"';
+  // Only the texts of the item can hold more than ASCII or a CR: the names, dates and flags
+  // are the program's own.
+  constexpr unsigned kTexts = 1u << kCsvTitle | 1u << kCsvPlace | 1u << kCsvMemo;
+  if (written.empty()) return to;
+  *to++ = '"';
+  for (const int field : written) {
     if (field >= 0) {
       const std::string_view item = row[static_cast<std::size_t>(field)];
-      // Only the texts of the item can hold more than ASCII: the names, dates and flags are
-      // the program's own. A text is copied as it stands, and converted when it is not ASCII.
-      if (field == kCsvTitle || field == kCsvPlace || field == kCsvMemo) {
-        if (!CopyAscii(item, to)) to = WriteCodePage(item, page, to);
+      if ((kTexts >> field & 1u) != 0) {
+        to = WriteCsvText(item, page, to);
       } else {
         put(item);
       }
     }
-    *to++ = '"';
-    if (i + 1 == written.size()) {
-      put("\r\n");
-    } else {
-      *to++ = ',';
-    }
+    std::memcpy(to, "\",\"", 3);
+    to += 3;
   }
+  // The line ends in a quote and CR LF instead of the next item's comma and quote.
+  std::memcpy(to - 2, "\r\n", 2);
   return to;
 }
 
 }  // namespace
 
-void WriteCsvRow(std::string& out, const CsvRowFields& row,
-                 const std::vector<std::int16_t>& written, CodePage page) {
+void CsvLines::Grow(std::size_t most) {
+  capacity_ = std::max(2 * capacity_, size_ + most);
+  auto bytes = std::make_unique_for_overwrite<char[]>(capacity_);
+  if (size_ != 0) std::memcpy(bytes.get(), bytes_.get(), size_);
+  bytes_ = std::move(bytes);
+}
+
+void WriteCsvRow(CsvLines& out, const CsvRowFields& row, const std::vector<std::int16_t>& written,
+                 CodePage page) {
   // The line is written into room made for its longest form: an item takes no more bytes in
-  // the code page than in UTF-8, and every column adds two quotes and a comma, the last one a
-  // line end of two bytes instead.
-  std::size_t most = 1;
-  for (const std::int16_t field : written) {
-    most += 3 + (field >= 0 ? row[static_cast<std::size_t>(field)].size() : 0);
-  }
-  // Most lines are made on the stack and added at once; a longer one in room made at the end.
-  constexpr std::size_t kShortLine = 2048;
-  if (most <= kShortLine) {
-    std::array<char, kShortLine> line;
-    out.append(line.data(), WriteCsvLine(line.data(), row, written, page));
-    return;
-  }
-  const std::size_t start = out.size();
-  out.resize(start + most);
-  char* const end = WriteCsvLine(out.data() + start, row, written, page);
-  out.resize(static_cast<std::size_t>(end - out.data()));
+  // the code page than in UTF-8, a field is written once at most, and every column adds two
+  // quotes and a comma, the last one a line end of two bytes instead.
+  std::size_t most = 1 + 3 * written.size();
+  for (const std::string_view item : row) most += item.size();
+  out.End(WriteCsvLine(out.Room(most), row, written, page));
 }
 
 namespace {
 
 // Years are turned into text in runs of about this many rows, two runs side by side.
 constexpr std::size_t kRunRows = std::size_t{1} << 13;
+// Room made at once for the text of a run, so that it is not moved as it grows: more than twice
+// what the rows of a run take with texts of common length.
+constexpr std::size_t kRunRoom = kRunRows * 256;
 
 // Runs of the years table's rows [first, end) of some kRunRows rows each, in table order.
 std::vector<std::pair<int, int>> YearRuns(const SchDatCTL& t, const SpanGroups& spans) {
@@ -312,7 +313,7 @@ std::vector<std::pair<int, int>> YearRuns(const SchDatCTL& t, const SpanGroups& 
 
 // Appends the lines of the rows of the years table's rows [first, end).
 void WriteYears(const ScheduleDocument& doc, std::pair<int, int> years, SpanGroups& spans,
-                const std::vector<std::int16_t>& written, std::string& text) {
+                const std::vector<std::int16_t>& written, CsvLines& text) {
   const SchDatCTL& t = doc.Tables;
   CsvRowRoom room;
   CsvRowFields fields;
@@ -376,7 +377,7 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
   const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
   const std::vector<std::int16_t> written = WrittenFields(map);
   const SchDatCTL& t = doc.Tables;
-  std::string text;
+  CsvLines text;
   if (settings.CsvFirstRowIsHeader) {
     CsvRowFields names;
     for (std::size_t i = 0; i < map.size(); ++i) {
@@ -395,7 +396,8 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
   const auto show = [&](int years) {
     for (; yearsShown < years; ++yearsShown) progress.SetValue(yearsShown * 100 / t.YearCount);
   };
-  const auto work = [&](std::size_t first, std::size_t step, std::string& lines, bool shows) {
+  const auto work = [&](std::size_t first, std::size_t step, CsvLines& lines, bool shows) {
+    lines.Room(kRunRoom);
     for (std::size_t r = first; r < runs.size(); r += step) {
       WriteYears(doc, runs[r], spans, written, lines);
       if (!turns.Await(r)) return;
@@ -403,7 +405,7 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
       turns.Written(Hand(sink, lines));
     }
   };
-  std::string other;
+  CsvLines other;
   std::exception_ptr failure;
   std::thread helper;
   std::size_t step = 1;

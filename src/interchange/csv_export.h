@@ -1,10 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "interchange/csv_date_time.h"
 #include "interchange/csv_fields.h"
 #include "platform/progress_display.h"
 #include "platform/std/safe_file.h"
@@ -20,7 +23,7 @@ class SpanGroups {
  public:
   explicit SpanGroups(const SchDatCTL& tables);
 
-  // The span of a live row of a span, as a number of the groups.
+  // The span of a live row as a number of the groups; -1 for a row of no span.
   int Of(int row) const { return groupOfRow_[static_cast<std::size_t>(row)]; }
   // The range of a group over the live rows of the item's series.
   const SeriesRange& Range(int group) const { return ranges_[static_cast<std::size_t>(group)]; }
@@ -50,12 +53,12 @@ class SpanGroups {
   std::vector<std::int32_t> groupOfRow_;  // -1 for a row of no span
 };
 
-// Room for the field texts that the table does not hold as they are written: dates, times and
-// texts without their CRs. It is kept from row to row, and a date or time that a field held in
-// the row before is not made again: rows come day by day.
+// Room for the dates of a row's fields, which the table does not hold as text. It is kept from
+// row to row, and a date that a field held in the row before is not made again: rows come day
+// by day.
 struct CsvRowRoom {
-  std::array<std::string, kCsvFieldCount> texts;
-  // The date code or the minutes of each date or time field's text; -2 for none.
+  std::array<std::array<char, kCsvDateLength>, kCsvFieldCount> dates;
+  // The date code of each date field's text; -2 for none.
   std::array<std::int32_t, kCsvFieldCount> made = MadeNone();
 
  private:
@@ -68,7 +71,8 @@ struct CsvRowRoom {
 
 // The field texts of the live row at `at` into `fields`; false, and `fields` as they were, for
 // a further day of a span already written. The fields are views into the table and `room`,
-// valid until the next row is built.
+// valid until the next row is built; the title, the place and the memo are the table's texts,
+// whose CRs the writing drops.
 bool BuildCsvRow(const SchDatTable& list, int at, SpanGroups& spans, CsvRowRoom& room,
                  CsvRowFields& fields);
 
@@ -79,10 +83,34 @@ int LastColumn(const std::vector<std::int16_t>& map);
 // the second column of a field does.
 std::vector<std::int16_t> WrittenFields(const std::vector<std::int16_t>& map);
 
+// Lines of text made for a file: room is made ahead of them and written over, never cleared
+// first, as lines are many and short.
+class CsvLines {
+ public:
+  // Room for at least `most` more bytes at the end, for the caller to write and then End.
+  char* Room(std::size_t most) {
+    if (most > capacity_ - size_) Grow(most);
+    return bytes_.get() + size_;
+  }
+  // The text now ends at `end`, inside the room made last.
+  void End(const char* end) { size_ = static_cast<std::size_t>(end - bytes_.get()); }
+  std::span<const std::uint8_t> Bytes() const {
+    return {reinterpret_cast<const std::uint8_t*>(bytes_.get()), size_};
+  }
+  void Clear() { size_ = 0; }
+
+ private:
+  void Grow(std::size_t most);
+
+  std::unique_ptr<char[]> bytes_;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
+
 // Appends one line in the code page: a column for each of `written`, every item in double
-// quotes as it stands, and CR LF.
-void WriteCsvRow(std::string& out, const CsvRowFields& row,
-                 const std::vector<std::int16_t>& written, CodePage page);
+// quotes as it stands, the texts of title, place and memo without CRs, and CR LF.
+void WriteCsvRow(CsvLines& out, const CsvRowFields& row, const std::vector<std::int16_t>& written,
+                 CodePage page);
 
 // The whole schedule as CSV text in the mapping of `settings`, in the document's code page,
 // handed to `sink` a piece at a time so that a large export is never held whole; the bar

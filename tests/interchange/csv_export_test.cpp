@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "core/codepage.h"
+#include "interchange/csv_date_time.h"
 #include "interchange/csv_import.h"
 #include "store/chains.h"
 #include "store/row_order.h"
@@ -84,6 +88,55 @@ TEST(CsvExport, RowsAsTheyAreWritten) {
 
 // A span is written once, from its first live day to the end its days carry, whichever of its
 // days are gone.
+// Every time of day has its text, which the import reads back as the same minute.
+TEST(CsvExport, TimesOfDayReadBackAsWritten) {
+  EXPECT_EQ(CsvTimeText(0), "12:00 AM");
+  EXPECT_EQ(CsvTimeText(9 * 60 + 5), "9:05 AM");
+  EXPECT_EQ(CsvTimeText(11 * 60 + 59), "11:59 AM");
+  EXPECT_EQ(CsvTimeText(12 * 60), "12:00 PM");
+  EXPECT_EQ(CsvTimeText(13 * 60 + 30), "1:30 PM");
+  EXPECT_EQ(CsvTimeText(23 * 60 + 59), "11:59 PM");
+  for (int minutes = 0; minutes < 24 * 60; ++minutes) {
+    ASSERT_EQ(ParseCsvTime(CsvTimeText(minutes)), minutes) << CsvTimeText(minutes);
+  }
+}
+
+// Texts are copied a word at a time and byte by byte around CRs and characters beyond ASCII:
+// wherever those fall in a text of any length, the item is the text without its CRs in the
+// code page, as the conversion of the whole text gives it. The table's texts are UTF-8.
+TEST(CsvExport, TextsLoseTheirReturnsAndTakeTheCodePage) {
+  const std::string pieces[] = {"a",
+                                "b",
+                                "\r",
+                                "\n",
+                                "\xC3\xA9",
+                                "\xE2\x82\xAC",
+                                "\xE6\x97\xA5",
+                                "\xE2\x84\xA2",
+                                "\xEF\xBD\xB1",
+                                "\""};
+  std::mt19937 random(19);
+  for (const CodePage page : {CodePage::kWestern, CodePage::kJapanese}) {
+    for (int round = 0; round < 3000; ++round) {
+      std::string text;
+      for (int length = round % 41; length > 0; --length) {
+        // Plain letters mostly, so that words of them lie between the rest.
+        const std::size_t piece = random() % 3 == 0 ? random() % std::size(pieces) : random() % 2;
+        text += pieces[piece];
+      }
+      CsvRowFields row;
+      row[kCsvTitle] = text;
+      row[kCsvMemo] = text;
+      CsvLines lines;
+      WriteCsvRow(lines, row, {kCsvTitle, -1, kCsvMemo}, page);
+      const std::string item = '"' + ToCodePage(StripCR(text), page) + '"';
+      ASSERT_EQ(std::string(lines.Bytes().begin(), lines.Bytes().end()),
+                item + ",\"\"," + item + "\r\n")
+          << "text of " << text.size() << " bytes in code page " << static_cast<int>(page);
+    }
+  }
+}
+
 TEST(CsvExport, SpansRunFromTheirFirstLiveDay) {
   const struct {
     int deleted;  // the day deleted, -1 for none
