@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/byte_lanes.h"
 #include "core/text_case.h"
 #include "interchange/csv_date_time.h"
 #include "interchange/csv_row_feed.h"
@@ -29,8 +30,21 @@ bool Holds(std::string_view text, char c) {
   return std::find(text.begin(), text.end(), c) != text.end();
 }
 
+// Whether the text holds a byte below 0x20, as a tab, a CR and a LF are: most fields hold none,
+// and are not looked through for each of them.
+bool HasControl(std::string_view text) {
+  std::size_t i = 0;
+  for (; i + sizeof(std::uint64_t) <= text.size(); i += sizeof(std::uint64_t)) {
+    if (Below(WordAt(text.data() + i), 0x20) != 0) return true;
+  }
+  for (; i < text.size(); ++i) {
+    if (static_cast<unsigned char>(text[i]) < 0x20) return true;
+  }
+  return false;
+}
+
 bool HasLineBreak(std::string_view text) {
-  return Holds(text, '\n') || Holds(text, '\r');
+  return HasControl(text) && (Holds(text, '\n') || Holds(text, '\r'));
 }
 
 // CR becomes a blank, LF goes, and at most the first characters of the limit stay; a text
@@ -103,7 +117,7 @@ std::int16_t CsvBoolean(std::string_view text) {
 
 std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
   for (std::size_t i = 0; i < row.size(); ++i) {
-    if (!Holds(row[i], '\t')) continue;
+    if (!HasControl(row[i]) || !Holds(row[i], '\t')) continue;
     room.untabbed[i].assign(row[i]);
     std::replace(room.untabbed[i].begin(), room.untabbed[i].end(), '\t', ' ');
     row[i] = room.untabbed[i];

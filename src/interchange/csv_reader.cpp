@@ -1,7 +1,9 @@
 #include "interchange/csv_reader.h"
 
+#include <bit>
 #include <cstring>
 
+#include "core/byte_lanes.h"
 #include "core/shift_jis.h"
 
 namespace sched {
@@ -11,16 +13,6 @@ constexpr unsigned char kCR = 13;
 constexpr unsigned char kQuote = '"';
 constexpr unsigned char kComma = ',';
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-// Eight bytes at a time: the byte in every lane, and the high bit of every lane.
-constexpr std::uint64_t kLanes = 0x0101010101010101;
-constexpr std::uint64_t kHighBits = 0x8080808080808080;
-
-// Whether a lane of `word` holds `byte`.
-bool HasByte(std::uint64_t word, char byte) {
-  const std::uint64_t x = word ^ (kLanes * static_cast<unsigned char>(byte));
-  return ((x - kLanes) & ~x & kHighBits) != 0;
-}
 
 // The length of the UTF-8 sequence that begins with `lead`; 0 for a byte that begins none.
 int Utf8Length(unsigned char lead) {
@@ -86,27 +78,24 @@ CsvReader::Char CsvReader::ReadOtherChar() {
 std::size_t CsvReader::Find(std::string_view stops, bool& ascii) const {
   unsigned char seen = 0;  // the bits of the bytes passed over
   std::size_t i = at_;
-  if (stops.size() == 1 && (utf8_ || page_ != CodePage::kJapanese)) {
-    // The end of a quoted item: the library's search is the fastest, and only an 8-bit file
-    // needs to know whether the text between is plain.
-    const void* stop = std::memchr(bytes_.data() + i, stops.front(), bytes_.size() - i);
-    const std::size_t end =
-        stop != nullptr ? static_cast<std::size_t>(static_cast<const char*>(stop) - bytes_.data())
-                        : bytes_.size();
-    ascii = utf8_ || IsAscii(bytes_.substr(i, end - i));
-    return end;
-  }
   if (utf8_ || page_ != CodePage::kJapanese) {
     const char first = stops.front();
     const char last = stops.back();
-    // Words of eight bytes without a stop are passed over whole.
+    // Words of eight bytes without a stop are passed over whole; in the word with one, the
+    // lowest lane that matches is the first stop.
     std::uint64_t high = 0;
-    for (std::uint64_t word = 0; i + sizeof word <= bytes_.size(); i += sizeof word) {
-      std::memcpy(&word, bytes_.data() + i, sizeof word);
-      if (HasByte(word, first) || HasByte(word, last)) break;
+    for (; i + sizeof high <= bytes_.size(); i += sizeof high) {
+      const std::uint64_t word = WordAt(bytes_.data() + i);
+      const std::uint64_t stopLanes = Matches(word, first) | Matches(word, last);
+      if (stopLanes != 0) {
+        const int before = std::countr_zero(stopLanes) / 8;
+        high |= word & ((std::uint64_t{1} << (8 * before)) - 1);
+        ascii = High(high) == 0;
+        return i + static_cast<std::size_t>(before);
+      }
       high |= word;
     }
-    if ((high & kHighBits) != 0) seen = 0x80;
+    if (High(high) != 0) seen = 0x80;
     for (; i < bytes_.size() && bytes_[i] != first && bytes_[i] != last; ++i) {
       seen |= static_cast<unsigned char>(bytes_[i]);
     }
@@ -254,7 +243,8 @@ void CsvReader::ReadCsvRow(CsvRowView& row) {
       break;
     }
     if (item.text.empty() && item.atLineEnd) break;
-    row.items.push_back(item.text);
+    // Built of its two words, which the item was returned in, rather than copied whole.
+    row.items.emplace_back(item.text.data(), item.text.size());
   }
 }
 
