@@ -209,12 +209,9 @@ void CsvImporter::AddCsvRecord(std::optional<CsvConverted> converted) {
   if (!converted) return;
   CsvConverted& row = *converted;
   SchRecord& record = record_;
-  record.Title.assign(row.title);
-  record.Place.assign(row.place);
-  record.Memo.assign(row.memo);
+  texts_ = {row.title, row.place, row.memo, {}};
   record.Private = row.Private;
   record.AlarmOn = row.AlarmOn;
-  record.AlarmSound.clear();
   record.AlarmLead = 0;
   record.Prev = -1;
   record.Next = -1;
@@ -233,7 +230,7 @@ void CsvImporter::AddCsvRecord(std::optional<CsvConverted> converted) {
   SetEndDate(record, row.end);
   if (record.AlarmOn != 0) {
     record.AlarmLead = ComputeCsvLead(row.start, row.startTime, row.alarmDate, row.alarmTime);
-    record.AlarmSound = kDefaultAlarmSound;
+    texts_.AlarmSound = kDefaultAlarmSound;
   }
   SetTimes(record, row);
   if (record.RepeatKind == 0 && row.start == row.end) {
@@ -245,8 +242,7 @@ void CsvImporter::AddCsvRecord(std::optional<CsvConverted> converted) {
 
 SchDatRow CsvImporter::LineOf(const SchRecord& record) {
   SchDatRow line = RecordNumbers(record);
-  line.TextHandle = s_.store.Document().Tables.SchDatList.AddTexts(
-      {record.Title, record.Place, record.Memo, record.AlarmSound});
+  line.TextHandle = s_.store.Document().Tables.SchDatList.AddTexts(texts_);
   return line;
 }
 
@@ -258,7 +254,7 @@ void CsvImporter::AddCsvSingleDay(SchRecord& record, const CsvConverted& row) {
   record.Stamp = ImportStamp;
   record.ParentSubNo = 0;
   record.ParentStamp = 0;
-  record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
+  record.VarLen = VarLenOf(texts_, record.AlarmOn, s_.store.Document().FileCodePage);
   Insert(LineOf(record));
 }
 
@@ -269,7 +265,7 @@ void CsvImporter::AddCsvSpan(SchRecord& record, const CsvConverted& row, int day
   ReserveSeq(days);
   SetEndDate(record, AddDays(row.start, days - 1));
   const auto groupId = static_cast<std::int16_t>(ImportSeq);
-  record.VarLen = VarLenOf(record, s_.store.Document().FileCodePage);
+  record.VarLen = VarLenOf(texts_, record.AlarmOn, s_.store.Document().FileCodePage);
   // The days share one copy of the texts.
   SchDatRow line = LineOf(record);
   CivilDate date = row.start;

@@ -79,14 +79,16 @@ class CsvImporter {
   std::int32_t UnusedStamp(std::int32_t candidate) const;
   // Adds the row under ImportStamp.
   void Insert(const SchDatRow& line);
-  // The record's row, its texts added to the table: they are in the table's form already.
+  // The record's row with texts_, which are added to the table: they are in the table's form
+  // already.
   SchDatRow LineOf(const SchRecord& record);
   void AddCsvSingleDay(SchRecord& record, const CsvConverted& row);
   void AddCsvSpan(SchRecord& record, const CsvConverted& row, int days);
   void SetTimes(SchRecord& record, const CsvConverted& row) const;
 
   CsvImportServices s_;
-  SchRecord record_;  // the record being added, whose texts keep their room from row to row
+  SchRecord record_;  // the numbers of the record being added; its texts are left empty
+  RowTexts texts_;    // the texts of the record being added, views into its row
   std::int32_t ImportSeq = 1;
   std::int32_t ImportStamp = 0;
   std::int32_t clockStamp_ = 0;  // the clock's stamp when ImportStamp was last taken from it

@@ -241,12 +241,22 @@ std::int16_t VariablePartLength(std::size_t textBytes, int alarmOn) {
 }
 
 std::int16_t VarLenOf(const SchRecord& record, CodePage page) {
-  // The file's memo leaves out its CRs, one byte each in either code page.
-  const auto returns =
-      static_cast<std::size_t>(std::count(record.Memo.begin(), record.Memo.end(), '\r'));
-  const std::size_t textBytes = ByteLength(record.Title, page) + ByteLength(record.Place, page) +
-                                ByteLength(record.Memo, page) - returns;
-  return VariablePartLength(textBytes, record.AlarmOn);
+  return VarLenOf({record.Title, record.Place, record.Memo, record.AlarmSound}, record.AlarmOn,
+                  page);
+}
+
+std::int16_t VarLenOf(const RowTexts& texts, int alarmOn, CodePage page) {
+  // The file's memo leaves out its CRs, one byte each in either code page; a memo holds few.
+  std::size_t returns = 0;
+  for (std::string_view memo = texts.Memo;;) {
+    const void* cr = memo.empty() ? nullptr : std::memchr(memo.data(), '\r', memo.size());
+    if (cr == nullptr) break;
+    ++returns;
+    memo.remove_prefix(static_cast<std::size_t>(static_cast<const char*>(cr) - memo.data()) + 1);
+  }
+  const std::size_t textBytes = ByteLength(texts.Title, page) + ByteLength(texts.Place, page) +
+                                ByteLength(texts.Memo, page) - returns;
+  return VariablePartLength(textBytes, alarmOn);
 }
 
 }  // namespace sched

@@ -191,6 +191,8 @@ std::int16_t VariablePartLength(std::size_t textBytes, int alarmOn);
 // The same for a record as memory holds it: the texts counted in their 8-bit form of `page`,
 // the memo without the carriage returns the file leaves out.
 std::int16_t VarLenOf(const SchRecord& record, CodePage page);
+// The same for the texts of a record given apart, and its alarm flag.
+std::int16_t VarLenOf(const RowTexts& texts, int alarmOn, CodePage page);
 
 // Offsets of the links inside the parts, for patching.
 inline constexpr std::int32_t kYearNextOffset = 2;
