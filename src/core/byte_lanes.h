@@ -1,5 +1,7 @@
 #pragma once
 
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -33,6 +35,29 @@ inline std::uint64_t Below(std::uint64_t word, unsigned char limit) {
 // Marks the lanes from 0x80 up, exactly.
 inline std::uint64_t High(std::uint64_t word) {
   return word & kHighBits;
+}
+
+// The position of the first byte at or after `pos` that is `a` or `b`; the size when there is
+// none.
+inline std::size_t FirstOf(std::string_view text, std::size_t pos, char a, char b) {
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  const auto first = [&](std::size_t at) {
+    const std::uint64_t word = WordAt(text.data() + at);
+    return Matches(word, a) | Matches(word, b);
+  };
+  for (; pos + kWord <= text.size(); pos += kWord) {
+    if (const std::uint64_t found = first(pos); found != 0) {
+      return pos + static_cast<std::size_t>(std::countr_zero(found)) / kWord;
+    }
+  }
+  // The last word ends with the text: when it holds neither byte, the bytes left hold none.
+  if (pos < text.size() && text.size() >= kWord && first(text.size() - kWord) == 0) {
+    return text.size();
+  }
+  for (; pos < text.size(); ++pos) {
+    if (text[pos] == a || text[pos] == b) return pos;
+  }
+  return text.size();
 }
 
 }  // namespace sched

@@ -1,7 +1,6 @@
 #include "interchange/csv_import.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "core/byte_lanes.h"
 #include "core/text_case.h"
@@ -22,29 +21,27 @@ constexpr std::int16_t kTimedSpanKind = 2048;
 constexpr int kAllDaySpanLimit = 30;
 constexpr int kTimedSpanLimit = 31;
 
-// Whether the text holds the byte: short texts, as most fields are, are looked through here,
-// long ones by the library's search.
 bool Holds(std::string_view text, char c) {
-  constexpr std::size_t kShort = 16;
-  if (text.size() > kShort) return std::memchr(text.data(), c, text.size()) != nullptr;
-  return std::find(text.begin(), text.end(), c) != text.end();
+  return FirstOf(text, 0, c, c) != text.size();
 }
 
 // Whether the text holds a byte below 0x20, as a tab, a CR and a LF are: most fields hold none,
 // and are not looked through for each of them.
 bool HasControl(std::string_view text) {
-  std::size_t i = 0;
-  for (; i + sizeof(std::uint64_t) <= text.size(); i += sizeof(std::uint64_t)) {
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  if (text.size() < kWord) {
+    return std::any_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+  }
+  for (std::size_t i = 0; i + kWord <= text.size(); i += kWord) {
     if (Below(WordAt(text.data() + i), 0x20) != 0) return true;
   }
-  for (; i < text.size(); ++i) {
-    if (static_cast<unsigned char>(text[i]) < 0x20) return true;
-  }
-  return false;
+  // The last word ends with the text, over bytes looked at already.
+  return Below(WordAt(text.data() + text.size() - kWord), 0x20) != 0;
 }
 
 bool HasLineBreak(std::string_view text) {
-  return HasControl(text) && (Holds(text, '\n') || Holds(text, '\r'));
+  return HasControl(text) && FirstOf(text, 0, '\r', '\n') != text.size();
 }
 
 // CR becomes a blank, LF goes, and at most the first characters of the limit stay; a text
@@ -111,6 +108,8 @@ const CivilDate kLastDate{kLastYear, 12, 31};
 }  // namespace
 
 std::int16_t CsvBoolean(std::string_view text) {
+  // "0" and "1", as the export writes them, at once.
+  if (text.size() == 1) return text[0] == '1' ? 1 : 0;
   if (text == "真" || text == "True" || text == "TRUE") return 1;
   return LeadingNumberIsOne(text) ? 1 : 0;
 }
@@ -126,7 +125,12 @@ std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
   c.title = OneLine(row[kCsvTitle], kTitleLimit, room.title);
   c.place = OneLine(row[kCsvPlace], kTitleLimit, room.place);
   const std::string_view memo = row[kCsvMemo];
-  c.memo = HasLineBreak(memo) ? std::string_view(room.memo = LfToCrLf(memo)) : memo;
+  c.memo = memo;
+  if (HasLineBreak(memo)) {
+    room.memo.clear();
+    AppendLfToCrLf(room.memo, memo);
+    c.memo = room.memo;
+  }
   c.Private = CsvBoolean(row[kCsvPrivate]);
   c.AlarmOn = CsvBoolean(row[kCsvAlarmOn]);
   c.allDay = CsvBoolean(row[kCsvAllDay]) != 0;

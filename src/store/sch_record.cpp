@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "core/byte_lanes.h"
 #include "core/calendar.h"
 
 namespace sched {
@@ -54,13 +55,11 @@ std::string StripCR(std::string_view text) {
   return out;
 }
 
-std::string LfToCrLf(std::string_view text) {
-  std::string out;
-  out.reserve(text.size() + text.size() / 8);
+void AppendLfToCrLf(std::string& out, std::string_view text) {
   std::size_t run = 0;  // the start of the text not yet copied
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  for (std::size_t i = FirstOf(text, 0, '\r', '\n'); i < text.size();
+       i = FirstOf(text, i + 1, '\r', '\n')) {
     const char c = text[i];
-    if (c != '\r' && c != '\n') continue;
     out.append(text.substr(run, i - run));
     run = i + 1;
     if (c == '\n') {
@@ -72,6 +71,12 @@ std::string LfToCrLf(std::string_view text) {
     }
   }
   out.append(text.substr(run));
+}
+
+std::string LfToCrLf(std::string_view text) {
+  std::string out;
+  out.reserve(text.size() + text.size() / 8);
+  AppendLfToCrLf(out, text);
   return out;
 }
 

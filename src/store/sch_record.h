@@ -78,5 +78,7 @@ std::string StripCR(std::string_view text);
 char* CopyWithoutReturns(std::string_view text, char* to);
 // Every line break becomes CR LF, whether it was LF, CR or CR LF.
 std::string LfToCrLf(std::string_view text);
+// The same added at the end of `out`.
+void AppendLfToCrLf(std::string& out, std::string_view text);
 
 }  // namespace sched
