@@ -138,7 +138,30 @@ void CsvReader::SkipLineFeed() {
   pos_ += 1;
 }
 
+std::optional<CsvItem> CsvReader::ReadCommonItem() {
+  const std::size_t start = at_;
+  const std::int64_t length = CsvFileLength();
+  if (start >= bytes_.size() || bytes_[start] != kQuote || length - pos_ <= 1) return std::nullopt;
+  at_ = start + 1;
+  bool ascii = true;
+  const std::size_t quote = Find("\"", ascii);
+  at_ = start;
+  // The read position behind the closing quote, which must leave a byte to read.
+  const std::int64_t behind = pos_ + static_cast<std::int64_t>(quote + 1 - start);
+  if (quote + 2 >= bytes_.size() || behind >= length) return std::nullopt;
+  const char next = bytes_[quote + 1];
+  const bool lineEnd = next == '\r' && bytes_[quote + 2] == '\n';
+  if (next != ',' && !lineEnd) return std::nullopt;
+  CsvItem item;
+  item.text = Decode(bytes_.substr(start + 1, quote - start - 1), ascii);
+  item.atLineEnd = lineEnd;
+  at_ = quote + (lineEnd ? 3 : 2);
+  pos_ = behind + (lineEnd ? 2 : 1);
+  return item;
+}
+
 CsvItem CsvReader::ReadCsvItem() {
+  if (std::optional<CsvItem> common = ReadCommonItem()) return *common;
   CsvItem item;
   const std::int64_t length = CsvFileLength();
   if (AtEnd()) {

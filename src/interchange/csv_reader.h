@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -80,6 +81,9 @@ class CsvReader {
   Char ReadOtherChar();
   bool AtEnd() const { return at_ >= bytes_.size(); }
   CsvItem ReadUnquotedCsvItem(Char first);
+  // The item of most files read at once: text in quotes without a doubled quote, and a comma
+  // or CR LF behind it, short of the end of the file; nothing, with nothing read, for any other.
+  std::optional<CsvItem> ReadCommonItem();
   // Reads the character behind a CR over, as the LF of the line end.
   void SkipLineFeed();
   static CsvItem Failed(CsvItem& item, int errorCode);
