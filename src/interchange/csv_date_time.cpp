@@ -55,9 +55,11 @@ int Digits(std::string_view text, std::size_t from, std::size_t count) {
 // "2024/03/04", the form the export writes and most rows hold, read at once; nothing for any
 // other text, which the general reading then takes.
 std::optional<CivilDate> ExportedDate(std::string_view text) {
-  if (text.size() != 10 || text[4] != '/' || text[7] != '/') return std::nullopt;
-  for (const std::size_t i : {0, 1, 2, 3, 5, 6, 8, 9}) {
-    if (!IsDigit(text[i])) return std::nullopt;
+  const auto digit = [&](std::size_t i) { return IsDigit(text[i]); };
+  if (text.size() != 10 || text[4] != '/' || text[7] != '/' ||
+      !(digit(0) && digit(1) && digit(2) && digit(3) && digit(5) && digit(6) && digit(8) &&
+        digit(9))) {
+    return std::nullopt;
   }
   return RealDate(Digits(text, 0, 4), Digits(text, 5, 2), Digits(text, 8, 2));
 }
@@ -70,8 +72,9 @@ std::optional<int> ExportedTime(std::string_view text) {
       text[hourDigits + 5] != 'M' || (text[hourDigits + 4] != 'A' && text[hourDigits + 4] != 'P')) {
     return std::nullopt;
   }
-  for (const std::size_t i : {std::size_t{0}, hourDigits - 1, hourDigits + 1, hourDigits + 2}) {
-    if (!IsDigit(text[i])) return std::nullopt;
+  if (!IsDigit(text[0]) || !IsDigit(text[hourDigits - 1]) || !IsDigit(text[hourDigits + 1]) ||
+      !IsDigit(text[hourDigits + 2])) {
+    return std::nullopt;
   }
   const int hour = Digits(text, 0, hourDigits);
   const int minute = Digits(text, hourDigits + 1, 2);

@@ -114,14 +114,14 @@ std::int16_t CsvBoolean(std::string_view text) {
   return LeadingNumberIsOne(text) ? 1 : 0;
 }
 
-std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
+bool ConvertCsvRow(CsvRowFields& row, CsvTextRoom& room, CsvConverted& c) {
   for (std::size_t i = 0; i < row.size(); ++i) {
     if (!HasControl(row[i]) || !Holds(row[i], '\t')) continue;
     room.untabbed[i].assign(row[i]);
     std::replace(room.untabbed[i].begin(), room.untabbed[i].end(), '\t', ' ');
     row[i] = room.untabbed[i];
   }
-  CsvConverted c;
+  c = {};
   c.title = OneLine(row[kCsvTitle], kTitleLimit, room.title);
   c.place = OneLine(row[kCsvPlace], kTitleLimit, room.place);
   const std::string_view memo = row[kCsvMemo];
@@ -136,11 +136,11 @@ std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
   c.allDay = CsvBoolean(row[kCsvAllDay]) != 0;
 
   const auto start = ParseCsvDate(row[kCsvStartDate]);
-  if (!start) return std::nullopt;
+  if (!start) return false;
   c.start = *start;
   // All-day rows need a start time too.
   const auto startTime = ParseCsvTime(row[kCsvStartTime]);
-  if (!startTime) return std::nullopt;
+  if (!startTime) return false;
   c.startTime = *startTime;
   c.end = ParseCsvDate(row[kCsvEndDate]).value_or(c.start);
   c.endTime = ParseCsvTime(row[kCsvEndTime]).value_or(c.startTime);
@@ -151,10 +151,10 @@ std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
 
   if (c.title.empty()) c.title = "Untitled";
   if (CodeOf(c.start) < CodeOf(kFirstDate) || CodeOf(c.start) > CodeOf(kLastDate)) {
-    return std::nullopt;
+    return false;
   }
   c.endValid = CodeOf(c.end) >= CodeOf(kFirstDate);
-  if (c.endValid && CodeOf(c.end) < CodeOf(c.start)) return std::nullopt;
+  if (c.endValid && CodeOf(c.end) < CodeOf(c.start)) return false;
   if (CodeOf(c.end) > CodeOf(kLastDate)) c.end = kLastDate;
   if (c.AlarmOn != 0) {
     if (CodeOf(c.alarmDate) < CodeOf(kFirstDate)) {
@@ -164,7 +164,7 @@ std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room) {
     }
     if (c.alarmDate == c.start && c.startTime < c.alarmTime) c.alarmTime = c.startTime;
   }
-  return c;
+  return true;
 }
 
 std::int16_t ComputeCsvLead(const CivilDate& start, int startTime, const CivilDate& alarmDate,
@@ -208,7 +208,7 @@ void CsvImporter::SetTimes(SchRecord& record, const CsvConverted& row) const {
   record.EndTime = static_cast<std::int16_t>(row.allDay ? -1 : row.endTime);
 }
 
-void CsvImporter::AddCsvRecord(std::optional<CsvConverted> converted) {
+void CsvImporter::AddCsvRecord(std::optional<CsvConverted>& converted) {
   TakeClockStamp();
   if (!converted) return;
   CsvConverted& row = *converted;
@@ -310,7 +310,7 @@ bool ImportCsvFile(CsvImportServices services, std::string_view bytes, CsvSettin
     const int progress = static_cast<int>(pos * 100 / length);
     if (progress != shownProgress) services.progress.SetValue(shownProgress = progress);
   };
-  while (const std::optional<CsvRowFeed::Row> row = feed.Next()) {
+  while (CsvRowFeed::Row* const row = feed.Next()) {
     show(row->posBefore);
     if (!row->header) importer.AddCsvRecord(row->converted);
   }

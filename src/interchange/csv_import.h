@@ -45,9 +45,10 @@ struct CsvConverted {
 // 1 for "真", "True", "TRUE" or a text whose leading number is 1; 0 for everything else.
 std::int16_t CsvBoolean(std::string_view text);
 
-// The row's values, or nothing when the row is rejected: its start is no date, no time, or
-// lies outside the calendar, or it ends before it starts.
-std::optional<CsvConverted> ConvertCsvRow(CsvRowFields row, CsvTextRoom& room);
+// The row's values into `converted`; false when the row is rejected: its start is no date, no
+// time, or lies outside the calendar, or it ends before it starts. Fields with tabs are given
+// blanks instead, in `room`.
+bool ConvertCsvRow(CsvRowFields& row, CsvTextRoom& room, CsvConverted& converted);
 
 // Minutes from the alarm to the start, at most 999; an alarm on an earlier day counts only
 // the times of day.
@@ -67,8 +68,8 @@ class CsvImporter {
   explicit CsvImporter(CsvImportServices services) : s_(services) {}
 
   // Adds the record of a converted row, or one for each of its days, under the clock's stamp;
-  // a rejected row (nothing) adds nothing.
-  void AddCsvRecord(std::optional<CsvConverted> row);
+  // a rejected row (nothing) adds nothing. The row's values are the importer's to change.
+  void AddCsvRecord(std::optional<CsvConverted>& row);
 
  private:
   // A new import stamp is taken when the clock's stamp moves on, as read every few hundred rows.

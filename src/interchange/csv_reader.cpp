@@ -75,18 +75,19 @@ CsvReader::Char CsvReader::ReadOtherChar() {
   return {first, length};
 }
 
-std::size_t CsvReader::Find(std::string_view stops, bool& ascii) const {
+template <char kFirst, char kLast>
+std::size_t CsvReader::Find(bool& ascii) const {
   unsigned char seen = 0;  // the bits of the bytes passed over
   std::size_t i = at_;
+  const auto isStop = [](char c) { return c == kFirst || c == kLast; };
   if (utf8_ || page_ != CodePage::kJapanese) {
-    const char first = stops.front();
-    const char last = stops.back();
     // Words of eight bytes without a stop are passed over whole; in the word with one, the
     // lowest lane that matches is the first stop.
     std::uint64_t high = 0;
     for (; i + sizeof high <= bytes_.size(); i += sizeof high) {
       const std::uint64_t word = WordAt(bytes_.data() + i);
-      const std::uint64_t stopLanes = Matches(word, first) | Matches(word, last);
+      const std::uint64_t stopLanes =
+          Matches(word, kFirst) | (kFirst == kLast ? 0 : Matches(word, kLast));
       if (stopLanes != 0) {
         const int before = std::countr_zero(stopLanes) / 8;
         high |= word & ((std::uint64_t{1} << (8 * before)) - 1);
@@ -96,12 +97,12 @@ std::size_t CsvReader::Find(std::string_view stops, bool& ascii) const {
       high |= word;
     }
     if (High(high) != 0) seen = 0x80;
-    for (; i < bytes_.size() && bytes_[i] != first && bytes_[i] != last; ++i) {
+    for (; i < bytes_.size() && !isStop(bytes_[i]); ++i) {
       seen |= static_cast<unsigned char>(bytes_[i]);
     }
   } else {
     // A trail byte may be any byte from 0x40 on: the characters are stepped over one by one.
-    while (i < bytes_.size() && stops.find(bytes_[i]) == std::string_view::npos) {
+    while (i < bytes_.size() && !isStop(bytes_[i])) {
       const auto byte = static_cast<unsigned char>(bytes_[i]);
       seen |= byte;
       i += ShiftJisTables::IsLead(byte) ? 2 : 1;
@@ -138,30 +139,35 @@ void CsvReader::SkipLineFeed() {
   pos_ += 1;
 }
 
-std::optional<CsvItem> CsvReader::ReadCommonItem() {
+bool CsvReader::ReadCommonItem(CsvItem& item) {
   const std::size_t start = at_;
   const std::int64_t length = CsvFileLength();
-  if (start >= bytes_.size() || bytes_[start] != kQuote || length - pos_ <= 1) return std::nullopt;
+  if (start >= bytes_.size() || bytes_[start] != kQuote || length - pos_ <= 1) return false;
   at_ = start + 1;
   bool ascii = true;
-  const std::size_t quote = Find("\"", ascii);
+  const std::size_t quote = Find<kQuote, kQuote>(ascii);
   at_ = start;
   // The read position behind the closing quote, which must leave a byte to read.
   const std::int64_t behind = pos_ + static_cast<std::int64_t>(quote + 1 - start);
-  if (quote + 2 >= bytes_.size() || behind >= length) return std::nullopt;
+  if (quote + 2 >= bytes_.size() || behind >= length) return false;
   const char next = bytes_[quote + 1];
   const bool lineEnd = next == '\r' && bytes_[quote + 2] == '\n';
-  if (next != ',' && !lineEnd) return std::nullopt;
-  CsvItem item;
+  if (next != ',' && !lineEnd) return false;
   item.text = Decode(bytes_.substr(start + 1, quote - start - 1), ascii);
   item.atLineEnd = lineEnd;
   at_ = quote + (lineEnd ? 3 : 2);
   pos_ = behind + (lineEnd ? 2 : 1);
-  return item;
+  return true;
 }
 
 CsvItem CsvReader::ReadCsvItem() {
-  if (std::optional<CsvItem> common = ReadCommonItem()) return *common;
+  // The common item is made where the caller takes it.
+  CsvItem item;
+  if (!ReadCommonItem(item)) item = ReadOtherCsvItem();
+  return item;
+}
+
+CsvItem CsvReader::ReadOtherCsvItem() {
   CsvItem item;
   const std::int64_t length = CsvFileLength();
   if (AtEnd()) {
@@ -195,7 +201,7 @@ CsvItem CsvReader::ReadCsvItem() {
   for (;;) {
     if (pos_ >= length) return Failed(item, kCsvErrorAtEnd);
     bool pieceAscii = true;
-    const std::size_t quote = Find("\"", pieceAscii);
+    const std::size_t quote = Find<kQuote, kQuote>(pieceAscii);
     ascii = ascii && pieceAscii;
     const std::string_view piece = bytes_.substr(at_, quote - at_);
     if (unquoted != nullptr) {
@@ -239,7 +245,7 @@ CsvItem CsvReader::ReadUnquotedCsvItem(Char first) {
   std::size_t end = start;
   bool ascii = true;
   if (first.first != kCR) {
-    end = Find(",\r", ascii);
+    end = Find<kComma, kCR>(ascii);
     if (end == bytes_.size()) throw CsvReadFailure();  // no line end at the end
     pos_ += static_cast<std::int64_t>(end + 1 - at_);
     at_ = end + 1;

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <deque>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -81,17 +80,21 @@ class CsvReader {
   Char ReadOtherChar();
   bool AtEnd() const { return at_ >= bytes_.size(); }
   CsvItem ReadUnquotedCsvItem(Char first);
-  // The item of most files read at once: text in quotes without a doubled quote, and a comma
-  // or CR LF behind it, short of the end of the file; nothing, with nothing read, for any other.
-  std::optional<CsvItem> ReadCommonItem();
+  // The item of most files read at once into `item`: text in quotes without a doubled quote,
+  // and a comma or CR LF behind it, short of the end of the file; false, with nothing read, for
+  // any other.
+  bool ReadCommonItem(CsvItem& item);
+  // Any item, as ReadCsvItem reads it.
+  CsvItem ReadOtherCsvItem();
   // Reads the character behind a CR over, as the LF of the line end.
   void SkipLineFeed();
   static CsvItem Failed(CsvItem& item, int errorCode);
-  // The next byte at or after the read position that is one of `stops` (one or two bytes)
-  // and begins a character; the file's length when there is none. Every character between
-  // counts its bytes, so the text up to it is taken in one piece; `ascii` tells whether all
-  // of them are ASCII, which a UTF-8 file, whose texts need no decoding, may leave true.
-  std::size_t Find(std::string_view stops, bool& ascii) const;
+  // The next byte at or after the read position that is one of the two stops (the same one
+  // twice for one) and begins a character; the file's length when there is none. Every
+  // character between counts its bytes, so the text up to it is taken in one piece; `ascii`
+  // tells whether all of them are ASCII.
+  template <char kFirst, char kLast>
+  std::size_t Find(bool& ascii) const;
   // The text as UTF-8; `ascii` tells that its bytes are all ASCII.
   std::string_view Decode(std::string_view raw, bool ascii);
   // An empty string of the reader's room for the item being read.

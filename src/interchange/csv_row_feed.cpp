@@ -53,6 +53,8 @@ void CsvRowFeed::Read() {
     // The texts of fields that several columns fill, joined by blanks.
     std::array<std::string, kCsvFieldCount> joined;
     CsvTextRoom room;
+    // The fields of a row: emptied row by row where the map fills them.
+    CsvRowFields row;
     while (reader.CsvReadPos() < reader.CsvFileLength()) {
       const std::int64_t before = reader.CsvReadPos();
       endingPos_ = before;
@@ -60,7 +62,9 @@ void CsvRowFeed::Read() {
       // An empty line ends the rows.
       if (read.items.empty() && read.atLineEnd) break;
       endingPos_.reset();
-      CsvRowFields row;
+      for (const std::int16_t field : map_) {
+        if (field >= 0) row[static_cast<std::size_t>(field)] = {};
+      }
       const std::size_t columns = std::min(read.items.size(), map_.size());
       for (std::size_t i = 0; i < columns; ++i) {
         if (map_[i] < 0) continue;
@@ -75,12 +79,13 @@ void CsvRowFeed::Read() {
         text.append(" ").append(read.items[i]);
         field = text;
       }
-      StoredRow& stored = batch.rows.emplace_back();
-      stored.row.posBefore = before;
+      StoredRow& stored = batch.rows.emplace_back(before);
       if (std::exchange(header_, false)) {
         stored.row.header = true;
-      } else if ((stored.row.converted = ConvertCsvRow(row, room))) {
-        CsvConverted& converted = *stored.row.converted;
+      } else if (CsvConverted& converted = stored.row.converted.emplace();
+                 !ConvertCsvRow(row, room, converted)) {
+        stored.row.converted.reset();
+      } else {
         stored.title = Keep(batch, std::exchange(converted.title, {}));
         stored.place = Keep(batch, std::exchange(converted.place, {}));
         stored.memo = Keep(batch, std::exchange(converted.memo, {}));
@@ -114,13 +119,13 @@ bool CsvRowFeed::Hand(Batch&& batch) {
   return true;
 }
 
-std::optional<CsvRowFeed::Row> CsvRowFeed::Next() {
+CsvRowFeed::Row* CsvRowFeed::Next() {
   if (next_ == current_.rows.size()) {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return !ready_.empty() || done_; });
     if (ready_.empty()) {
       if (failure_) std::rethrow_exception(failure_);
-      return std::nullopt;
+      return nullptr;
     }
     current_ = std::move(ready_.front());
     ready_.pop_front();
@@ -129,7 +134,8 @@ std::optional<CsvRowFeed::Row> CsvRowFeed::Next() {
     changed_.notify_all();
   }
   StoredRow& stored = current_.rows[next_];
-  Row row = std::move(stored.row);
+  // The row is handed over where it lies, its texts found in the file or the batch.
+  Row& row = stored.row;
   if (row.converted) {
     const auto text = [this](const Piece& piece) -> std::string_view {
       if (piece.size == 0) return {};
@@ -140,7 +146,7 @@ std::optional<CsvRowFeed::Row> CsvRowFeed::Next() {
     row.converted->memo = text(stored.memo);
   }
   ++next_;
-  return row;
+  return &row;
 }
 
 }  // namespace sched

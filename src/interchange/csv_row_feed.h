@@ -31,14 +31,14 @@ class CsvRowFeed {
   CsvRowFeed(const CsvRowFeed&) = delete;
   CsvRowFeed& operator=(const CsvRowFeed&) = delete;
 
-  // The next row, and the read position before it was read; nothing at the end. The texts of
-  // the conversion are valid until the next call.
+  // The next row, and the read position before it was read; nullptr at the end. The row and
+  // the texts of its conversion are valid until the next call, and the caller may change them.
   struct Row {
     bool header = false;                    // the names of the columns: nothing to add
     std::optional<CsvConverted> converted;  // nothing for a rejected row
     std::int64_t posBefore = 0;
   };
-  std::optional<Row> Next();
+  Row* Next();
   // Once Next gave nothing: the read position at the start of the read that ended the rows,
   // when a read ended them rather than the end of the file.
   std::optional<std::int64_t> EndingPos() const { return endingPos_; }
@@ -54,6 +54,8 @@ class CsvRowFeed {
   };
   // A row as a batch keeps it: its texts as pieces, the views of `converted` left empty.
   struct StoredRow {
+    // Made in place with its fields' own first values: nothing is cleared before.
+    explicit StoredRow(std::int64_t posBefore) { row.posBefore = posBefore; }
     Row row;
     Piece title;
     Piece place;
