@@ -1,6 +1,7 @@
 #include "interchange/csv_export.h"
 
 #include <algorithm>
+#include <bit>
 #include <condition_variable>
 #include <cstring>
 #include <exception>
@@ -38,43 +39,57 @@ bool Hand(FileSink& sink, CsvLines& lines) {
   return taken;
 }
 
-// Whether a word of text holds a byte from 0x80 up or a CR: such a word is more than copied.
-bool NeedsMoreThanCopy(std::uint64_t word) {
-  return (High(word) | Matches(word, '\r')) != 0;
+// The lanes of a word of text that hold a byte from 0x80 up or a CR, which are more than
+// copied; the lowest one marked is the first such byte.
+std::uint64_t Special(std::uint64_t word) {
+  return High(word) | Matches(word, '\r');
 }
 
 // Writes a text of the item at `to` as the file takes it, without CRs and in the code page, and
-// gives the end. Plain text is copied eight bytes at a time, and a word that is not goes byte
-// by byte.
+// gives the end. Plain text is copied eight bytes at a time: a word with a CR or a character
+// beyond ASCII is copied up to it, and the text goes on behind it.
 char* WriteCsvText(std::string_view text, CodePage page, char* to) {
   constexpr std::size_t kWord = sizeof(std::uint64_t);
-  std::uint64_t word = 0;
+  // The byte at `pos`, a CR or the first of a character beyond ASCII.
+  const auto special = [&](std::size_t& pos) {
+    if (text[pos] == '\r') {
+      ++pos;
+    } else {
+      to = WriteCodePageCharacter(text, pos, page, to);
+    }
+  };
   std::size_t pos = 0;
+  while (pos + kWord <= text.size()) {
+    const std::uint64_t word = WordAt(text.data() + pos);
+    // Written whole: the bytes behind the first special one are written over after it. The
+    // text takes no more room than it has bytes, so the word fits.
+    std::memcpy(to, &word, kWord);
+    const std::uint64_t marks = Special(word);
+    if (marks == 0) {
+      to += kWord;
+      pos += kWord;
+      continue;
+    }
+    const auto plain = static_cast<std::size_t>(std::countr_zero(marks)) / kWord;
+    to += plain;
+    pos += plain;
+    special(pos);
+  }
+  if (pos == text.size()) return to;
+  if (text.size() >= kWord) {
+    // The last word ends with the text, over bytes written already.
+    const std::size_t last = text.size() - kWord;
+    const std::uint64_t word = WordAt(text.data() + last);
+    if (Special(word) == 0) {
+      std::memcpy(to - (pos - last), &word, kWord);
+      return to + (text.size() - pos);
+    }
+  }
   while (pos < text.size()) {
-    for (; pos + kWord <= text.size(); pos += kWord, to += kWord) {
-      word = WordAt(text.data() + pos);
-      if (NeedsMoreThanCopy(word)) break;
-      std::memcpy(to, &word, kWord);
-    }
-    if (pos + kWord > text.size() && text.size() >= kWord) {
-      // The last word ends with the text, over bytes copied already.
-      const std::size_t last = text.size() - kWord;
-      word = WordAt(text.data() + last);
-      if (!NeedsMoreThanCopy(word)) {
-        std::memcpy(to - (pos - last), &word, kWord);
-        return to + (text.size() - pos);
-      }
-    }
-    for (const std::size_t end = std::min(pos + kWord, text.size()); pos < end;) {
-      const char c = text[pos];
-      if (c == '\r') {
-        ++pos;
-      } else if (static_cast<unsigned char>(c) < 0x80) {
-        *to++ = c;
-        ++pos;
-      } else {
-        to = WriteCodePageCharacter(text, pos, page, to);
-      }
+    if (static_cast<unsigned char>(text[pos]) < 0x80 && text[pos] != '\r') {
+      *to++ = text[pos++];
+    } else {
+      special(pos);
     }
   }
   return to;
