@@ -1,11 +1,13 @@
 #include "interchange/csv_export.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <condition_variable>
 #include <cstring>
 #include <exception>
 #include <mutex>
+#include <optional>
 #include <system_error>
 #include <thread>
 
@@ -298,7 +300,7 @@ void WriteCsvRow(CsvLines& out, const CsvRowFields& row, const std::vector<std::
 
 namespace {
 
-// Years are turned into text in runs of about this many rows, two runs side by side.
+// Years are turned into text in runs of about this many rows, which two threads take.
 constexpr std::size_t kRunRows = std::size_t{1} << 13;
 // Room made at once for the text of a run, so that it is not moved as it grows: more than twice
 // what the rows of a run take with texts of common length.
@@ -350,38 +352,79 @@ void WriteYears(const ScheduleDocument& doc, std::pair<int, int> years, SpanGrou
 
 namespace {
 
-// The turns of the runs at the file: a run's text goes to the file once the runs before it have.
-class RunTurns {
+// Runs made ahead of the file at most: each has a room of its own until it is written. Three
+// keep two threads busy while one of them writes, and few rooms are few pages to fill.
+constexpr std::size_t kRooms = 3;
+
+// The runs of an export, taken in order by whichever thread is free and written to the file in
+// order: a run's text goes to the file once the runs before it have, by the thread that finds
+// it ready. A thread that would wait for its turn takes the next run instead.
+class RunQueue {
  public:
-  // Waits until run `run` may be written; false once a write has failed or a thread gave up.
-  bool Await(std::size_t run) {
+  RunQueue(std::size_t runs, FileSink& sink) : runs_(runs), sink_(sink) {}
+
+  // The next run to make, once its room is free; nothing when every run is taken or the export
+  // has stopped.
+  std::optional<std::size_t> Take() {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [&] { return next_ == run || stopped_; });
-    return !stopped_;
+    if (stopped_ || taken_ == runs_) return std::nullopt;
+    const std::size_t run = taken_++;
+    changed_.wait(lock, [&] { return stopped_ || run < written_ + kRooms; });
+    if (stopped_) return std::nullopt;
+    return run;
   }
-  // The run whose turn it was is written, or could not be.
-  void Written(bool taken) {
-    {
-      const std::lock_guard lock(mutex_);
+  // The room for the text of `run`.
+  CsvLines& Room(std::size_t run) { return rooms_[run % kRooms]; }
+  // The text of `run` is made: it is written with every made run behind it whose turn has come,
+  // here or by the thread that is writing already.
+  void Made(std::size_t run) {
+    std::unique_lock lock(mutex_);
+    made_[run % kRooms] = true;
+    if (writing_) return;
+    writing_ = true;
+    while (!stopped_ && written_ < runs_ && made_[written_ % kRooms]) {
+      const std::size_t next = written_;
+      lock.unlock();
+      const bool taken = Hand(sink_, Room(next));
+      lock.lock();
+      made_[next % kRooms] = false;
       if (taken) {
-        ++next_;
+        ++written_;
       } else {
         stopped_ = true;
       }
+      changed_.notify_all();
+    }
+    writing_ = false;
+  }
+  void Stop() {
+    {
+      const std::lock_guard lock(mutex_);
+      stopped_ = true;
     }
     changed_.notify_all();
   }
-  void Stop() { Written(false); }
   bool Stopped() {
     const std::lock_guard lock(mutex_);
     return stopped_;
+  }
+  // The runs written so far.
+  std::size_t Written() {
+    const std::lock_guard lock(mutex_);
+    return written_;
   }
 
  private:
   std::mutex mutex_;
   std::condition_variable changed_;
-  std::size_t next_ = 0;
+  const std::size_t runs_;
+  std::size_t taken_ = 0;
+  std::size_t written_ = 0;
+  std::array<bool, kRooms> made_{};  // of the run that holds each room
+  bool writing_ = false;
   bool stopped_ = false;
+  std::array<CsvLines, kRooms> rooms_;
+  FileSink& sink_;
 };
 
 }  // namespace
@@ -392,66 +435,66 @@ bool ExportCsvFile(const ScheduleDocument& doc, CsvSettings settings, ProgressDi
   const std::vector<std::int16_t> map = BuildCsvColumnMap(settings.CsvColumns);
   const std::vector<std::int16_t> written = WrittenFields(map);
   const SchDatCTL& t = doc.Tables;
-  CsvLines text;
+  SpanGroups spans(t);
+  const std::vector<std::pair<int, int>> runs = YearRuns(t, spans);
+  RunQueue queue(runs.size(), sink);
+  // The header goes at the head of the first run's text, or alone.
+  CsvLines header;
+  CsvLines& head = runs.empty() ? header : queue.Room(0);
   if (settings.CsvFirstRowIsHeader) {
     CsvRowFields names;
     for (std::size_t i = 0; i < map.size(); ++i) {
       if (map[i] >= 0) names[static_cast<std::size_t>(map[i])] = settings.CsvColumns[i];
     }
-    WriteCsvRow(text, names, written, doc.FileCodePage);
+    WriteCsvRow(head, names, written, doc.FileCodePage);
   }
-  SpanGroups spans(t);
-  const std::vector<std::pair<int, int>> runs = YearRuns(t, spans);
-  // Two threads take the runs in turn: each makes the text of its run and writes it once the
-  // run before is written, while the other makes its next. Each item over several days is
-  // written by the run of its first year only, so runs need nothing of each other. The bar is
-  // moved by this thread alone, over the years written.
-  RunTurns turns;
+  // Two threads take the runs. Each item over several days is written by the run of its first
+  // year only, so runs need nothing of each other. The bar is moved by this thread alone, over
+  // the years written.
   int yearsShown = 0;
   const auto show = [&](int years) {
     for (; yearsShown < years; ++yearsShown) progress.SetValue(yearsShown * 100 / t.YearCount);
   };
-  const auto work = [&](std::size_t first, std::size_t step, CsvLines& lines, bool shows) {
-    lines.Room(kRunRoom);
-    for (std::size_t r = first; r < runs.size(); r += step) {
-      WriteYears(doc, runs[r], spans, written, lines);
-      if (!turns.Await(r)) return;
-      if (shows) show(runs[r].second);
-      turns.Written(Hand(sink, lines));
+  const auto work = [&](bool shows) {
+    while (const std::optional<std::size_t> run = queue.Take()) {
+      CsvLines& lines = queue.Room(*run);
+      lines.Room(kRunRoom);
+      WriteYears(doc, runs[*run], spans, written, lines);
+      queue.Made(*run);
+      if (const std::size_t done = queue.Written(); shows && done != 0) {
+        show(runs[done - 1].second);
+      }
     }
   };
-  CsvLines other;
   std::exception_ptr failure;
   std::thread helper;
-  std::size_t step = 1;
   if (runs.size() > 1) {
     try {
       helper = std::thread([&] {
         try {
-          work(1, 2, other, false);
+          work(false);
         } catch (...) {
           failure = std::current_exception();
-          turns.Stop();
+          queue.Stop();
         }
       });
-      step = 2;
     } catch (const std::system_error&) {
       // No second thread to be had: this one takes every run.
     }
   }
   try {
-    work(0, step, text, true);
+    work(true);
   } catch (...) {
-    turns.Stop();
+    queue.Stop();
     if (helper.joinable()) helper.join();
     throw;
   }
   if (helper.joinable()) helper.join();
   if (failure) std::rethrow_exception(failure);
-  if (turns.Stopped()) return false;
+  if (queue.Stopped()) return false;
   show(t.YearCount);
   progress.SetValue(100);
-  return Hand(sink, text);
+  return Hand(sink, header);
 }
 
 bool ExportCsvFile(const ScheduleDocument& doc, const CsvSettings& settings,
