@@ -8,6 +8,7 @@
 #include <limits>
 #include <system_error>
 
+#include "core/byte_lanes.h"
 #include "core/codepage.h"
 
 namespace sched {
@@ -247,12 +248,11 @@ std::int16_t VarLenOf(const SchRecord& record, CodePage page) {
 
 std::int16_t VarLenOf(const RowTexts& texts, int alarmOn, CodePage page) {
   // The file's memo leaves out its CRs, one byte each in either code page; a memo holds few.
+  const std::string_view memo = texts.Memo;
   std::size_t returns = 0;
-  for (std::string_view memo = texts.Memo;;) {
-    const void* cr = memo.empty() ? nullptr : std::memchr(memo.data(), '\r', memo.size());
-    if (cr == nullptr) break;
+  for (std::size_t at = FirstOf(memo, 0, '\r', '\r'); at < memo.size();
+       at = FirstOf(memo, at + 1, '\r', '\r')) {
     ++returns;
-    memo.remove_prefix(static_cast<std::size_t>(static_cast<const char*>(cr) - memo.data()) + 1);
   }
   const std::size_t textBytes = ByteLength(texts.Title, page) + ByteLength(texts.Place, page) +
                                 ByteLength(texts.Memo, page) - returns;
